@@ -1,0 +1,54 @@
+# How everything of this project is compiled, and the four functions that its folders use.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(PSTOLVANE1_CCACHE ccache)
+if(PSTOLVANE1_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${PSTOLVANE1_CCACHE})
+endif()
+
+add_library(pst_flags INTERFACE)
+target_include_directories(pst_flags INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(pst_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wundef -Werror)
+
+# pst_library(NAME SOURCES files... LINK targets...): one folder of the library. What it may reach
+# is what it links; scripts/lint holds the includes against the same order.
+function(pst_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE $<BUILD_INTERFACE:pst_flags>)
+  set_property(GLOBAL APPEND PROPERTY PST_LIBRARIES ${name})
+endfunction()
+
+# pst_test(NAME SOURCES files... LINK targets...): one test program; ctest sees each of its cases.
+function(pst_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest_main GTest::gmock pst_flags)
+  target_compile_definitions(${name} PRIVATE PST_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+endfunction()
+
+# pst_bench(NAME SOURCES files... LINK targets...): one Google Benchmark program.
+function(pst_bench name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} benchmark::benchmark pst_flags)
+endfunction()
+
+# pst_fuzz(NAME SOURCES files... LINK targets...): one fuzz target; its corpus is fuzz/corpus/NAME.
+function(pst_fuzz name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} pst_flags)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  set_property(GLOBAL APPEND PROPERTY PST_FUZZ_TARGETS ${name})
+endfunction()

@@ -1,0 +1,1 @@
+# The installed library, its CMake package and its pkg-config file.

@@ -1,0 +1,86 @@
+// The unit in which rows are stored and travel from an engine to a rowset: typed columns.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/data/Currency.h"
+#include "session/data/DataType.h"
+#include "session/data/Date.h"
+#include "session/data/Variant.h"
+
+namespace pstolvane1 {
+
+struct ColumnInfo {
+  std::string name;
+  DataType type = adEmpty;
+  int defined_size = 0;  // characters of an adVarChar; 0 where there is no limit
+  int attributes = adFldDefault;
+};
+
+// The storage of a type: Integer int32, Single float, Double double, Currency int64 ten-thousandths,
+// Date double serial, Boolean int16, BigInt int64, text TextRef, chapter uint32 (the group's number).
+struct TextRef {
+  std::uint32_t offset;
+  std::uint32_t length;
+};
+
+// A fixed number of rows of the same columns. Cells begin as Null. One thread writes it, then it is
+// handed on whole; it is never shared between threads while it is written.
+class Chunk {
+ public:
+  static constexpr std::size_t kRows = 4096;
+
+  explicit Chunk(const std::vector<ColumnInfo>& columns, std::size_t capacity = kRows);
+  ~Chunk();
+  Chunk(Chunk&&) noexcept;
+  Chunk& operator=(Chunk&&) noexcept;
+
+  [[nodiscard]] std::size_t Rows() const { return rows_; }
+  [[nodiscard]] std::size_t Capacity() const { return capacity_; }
+  [[nodiscard]] bool Full() const { return rows_ == capacity_; }
+
+  // Adds a row of Nulls and gives its number in the chunk.
+  std::size_t AddRow() { return rows_++; }
+
+  [[nodiscard]] bool IsNull(std::size_t column, std::size_t row) const {
+    return ((columns_[column].present[row >> 6] >> (row & 63)) & 1U) == 0;
+  }
+  void SetNull(std::size_t column, std::size_t row) {
+    columns_[column].present[row >> 6] &= ~(std::uint64_t{1} << (row & 63));
+  }
+  // T is the storage type of the column; nothing is checked.
+  template <typename T>
+  [[nodiscard]] T Get(std::size_t column, std::size_t row) const {
+    return static_cast<const T*>(static_cast<const void*>(columns_[column].values.get()))[row];
+  }
+  template <typename T>
+  void Set(std::size_t column, std::size_t row, T value) {
+    static_cast<T*>(static_cast<void*>(columns_[column].values.get()))[row] = value;
+    columns_[column].present[row >> 6] |= std::uint64_t{1} << (row & 63);
+  }
+  // The text stays where it is until the chunk goes; a view of it stays valid as long.
+  [[nodiscard]] std::string_view Text(std::size_t column, std::size_t row) const;
+  void SetText(std::size_t column, std::size_t row, std::string_view text);
+
+  // What the chunk holds in memory, text included.
+  [[nodiscard]] std::size_t Bytes() const;
+
+ private:
+  struct Column {
+    std::unique_ptr<std::byte[]> values;
+    std::unique_ptr<std::uint64_t[]> present;
+  };
+  class TextArena;
+
+  std::size_t rows_ = 0;
+  std::size_t capacity_;
+  std::vector<Column> columns_;
+  std::unique_ptr<TextArena> texts_;
+};
+
+}  // namespace pstolvane1

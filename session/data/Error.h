@@ -1,0 +1,44 @@
+// The one exception of the library, and the numbers that it carries.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace pstolvane1 {
+
+enum class ErrorNumber : std::int32_t {
+  kOverflow = 6,
+  kDivisionByZero = 11,
+  kTypeMismatch = 13,
+  kObjectNotSet = 91,
+  kInvalidUseOfNull = 94,
+  kConnection = 501,
+  kArgumentOutOfRange = 3001,
+  kNoCurrentRecord = 3021,
+  kNoSuchColumn = 3265,
+  kNotOpen = 3704,
+  kNoConnection = 3709,
+  kQueryRefused = -2147217900,
+};
+
+// Carries every failure to the caller: a number, and one clear sentence with the place and the
+// cause. Copies are cheap and do not throw what() away.
+class Error : public std::exception {
+ public:
+  Error(ErrorNumber number, std::string description);
+
+  [[nodiscard]] ErrorNumber Number() const noexcept { return number_; }
+  [[nodiscard]] const std::string& Description() const noexcept { return description_; }
+  [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
+
+  // The same error, told with what was being done: "while opening Rs1: ..." .
+  [[nodiscard]] Error While(std::string_view doing) const;
+
+ private:
+  ErrorNumber number_;
+  std::string description_;
+};
+
+}  // namespace pstolvane1

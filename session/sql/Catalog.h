@@ -1,0 +1,60 @@
+// What a database says of its tables: the front end types every expression from it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pstolvane1::sql {
+
+// The types of the dialect. Numbers rank, low to high: flag, whole, big whole, money, decimal,
+// single, real; date ranks above them, text below. kNull is the type of the word NULL alone.
+enum class Type {
+  kNull,
+  kText,
+  kFlag,      // BIT
+  kWhole,     // 32-bit
+  kBigWhole,  // 64-bit
+  kMoney,     // four decimals
+  kDecimal,   // an exact decimal that is no money, as the literal 0.5
+  kSingle,    // 32-bit float
+  kReal,      // 64-bit float
+  kDate,      // with or without a time of day
+};
+
+[[nodiscard]] std::string_view NameOf(Type type);  // "text", "whole number", "money" ...
+
+struct CatalogColumn {
+  std::string name;
+  Type type = Type::kText;
+  int size = 0;               // characters of a text column; 0 where there is no limit
+  bool date_has_time = false;  // of a date column: declared with a time of day
+};
+
+struct CatalogTable {
+  std::string name;
+  std::vector<CatalogColumn> columns;
+
+  [[nodiscard]] const CatalogColumn* Find(std::string_view column) const;  // any case
+};
+
+// Tables and views that the texts may name; names ignore case. Immutable once made, so that threads
+// can share it.
+class Catalog {
+ public:
+  Catalog() = default;
+  explicit Catalog(std::vector<CatalogTable> tables);
+  [[nodiscard]] const CatalogTable* Find(std::string_view table) const;
+  [[nodiscard]] const std::vector<CatalogTable>& Tables() const { return tables_; }
+
+ private:
+  std::vector<CatalogTable> tables_;  // by folded name
+};
+
+// The dialect's type of a column declared as "DECIMAL(19,4)", "BIT", "int", "varchar(50)",
+// "double precision", ...; empty for one that has no such meaning (a blob).
+[[nodiscard]] std::optional<CatalogColumn> ColumnOfDeclaration(std::string_view name,
+                                                               std::string_view declared_type);
+
+}  // namespace pstolvane1::sql
