@@ -1,0 +1,26 @@
+#include "session/sql/Refusal.h"
+
+#include <algorithm>
+
+#include "session/data/Error.h"
+
+namespace pstolvane1::sql {
+
+std::string PlaceText(std::string_view text, Place place) {
+  const std::string_view before = text.substr(0, std::min<std::size_t>(place, text.size()));
+  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+  const std::size_t newline = before.rfind('\n');
+  const std::string_view in_line =
+      newline == std::string_view::npos ? before : before.substr(newline + 1);
+  const auto is_first_byte = [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  };
+  const auto column = std::count_if(in_line.begin(), in_line.end(), is_first_byte) + 1;
+  return "line " + std::to_string(line) + ", column " + std::to_string(column);
+}
+
+void Refuse(std::string_view text, Place place, std::string_view why) {
+  throw Error(ErrorNumber::kQueryRefused, PlaceText(text, place) + ": " + std::string(why));
+}
+
+}  // namespace pstolvane1::sql
