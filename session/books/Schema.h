@@ -8,37 +8,49 @@
 namespace pstolvane1::books {
 
 enum class ColumnKind {
-  kKey,     // INTEGER, NOT NULL
-  kWhole,   // INTEGER
-  kFlag,    // BIT (boolean on servers that have it)
-  kSingle,  // REAL: a quantity
-  kMoney,   // DECIMAL(19,4): an amount or a rate
-  kDate,    // DATE
-  kText,    // VARCHAR(n), ignores case
+  kKey,       // INTEGER NOT NULL
+  kWhole,     // INTEGER
+  kFlag,      // BIT (boolean on servers that have it)
+  kSingle,    // REAL: a quantity
+  kMoney,     // DECIMAL(19,4): an amount or a rate
+  kDate,      // DATE, without a time of day
+  kDateTime,  // DATETIME
+  kText,      // VARCHAR(n), ignores case
 };
 
 struct Column {
   std::string_view name;
   ColumnKind kind;
-  int size = 0;  // of kText
+  int size = 0;  // characters of kText, otherwise 0
 };
 
+// Columns in order, as "Item_id, Godown_id, Batch_id".
 struct Index {
   std::string_view name;
-  std::string_view columns;  // "Item_id, Godown_id, Batch_id"
+  std::string_view columns;
 };
 
+// Every column but those of kind kKey takes Null.
 struct Table {
   std::string_view name;
   std::string_view key;  // the primary key's columns; empty where there is none
   std::span<const Column> columns;
   std::span<const Index> indexes;
+
+  [[nodiscard]] const Column* Find(std::string_view column) const;  // any case; null if absent
 };
 
 // Every table of the reference schema, masters before what refers to them.
 [[nodiscard]] std::span<const Table> Tables();
+[[nodiscard]] const Table* FindTable(std::string_view name);  // any case; null if absent
 
-// The statements that make empty books on SQLite, indexes included, in order.
+// The column's type as the books declare it on SQLite: "DECIMAL(19,4)".
+[[nodiscard]] std::string SqliteType(const Column& column);
+// One statement, without a terminator.
+[[nodiscard]] std::string SqliteCreateTable(const Table& table);
+[[nodiscard]] std::string SqliteCreateIndex(const Table& table, const Index& index);
+
+// The statements that make empty books on SQLite, indexes included, in order, each ended by ";".
 [[nodiscard]] std::string SqliteSchema();
 
 }  // namespace pstolvane1::books
