@@ -4,11 +4,11 @@
 
 namespace pstolvane1 {
 
-Error::Error(ErrorNumber number, std::string description)
-    : number_(number), description_(std::move(description)) {}
+Error::Error(ErrorNumber number, std::string description, std::string cause)
+    : number_(number), description_(std::move(description)), cause_(std::move(cause)) {}
 
 Error Error::While(std::string_view doing) const {
-  return {number_, "while " + std::string(doing) + ": " + description_};
+  return {number_, "while " + std::string(doing) + ": " + description_, cause_};
 }
 
 }  // namespace pstolvane1

@@ -27,10 +27,12 @@ enum class ErrorNumber : std::int32_t {
 // cause. Copies are cheap and do not throw what() away.
 class Error : public std::exception {
  public:
-  Error(ErrorNumber number, std::string description);
+  Error(ErrorNumber number, std::string description, std::string cause = {});
 
   [[nodiscard]] ErrorNumber Number() const noexcept { return number_; }
   [[nodiscard]] const std::string& Description() const noexcept { return description_; }
+  // What lay behind it, where the description is a fixed text that does not say; else "".
+  [[nodiscard]] const std::string& Cause() const noexcept { return cause_; }
   [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
 
   // The same error, told with what was being done: "while opening Rs1: ..." .
@@ -39,6 +41,7 @@ class Error : public std::exception {
  private:
   ErrorNumber number_;
   std::string description_;
+  std::string cause_;
 };
 
 }  // namespace pstolvane1
