@@ -1,0 +1,142 @@
+// The session: the one header that a host needs.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "session/ReportType.h"
+#include "session/data/Connection.h"
+#include "session/data/MessageLoop.h"
+#include "session/data/Recordset.h"
+#include "session/data/Variant.h"
+#include "session/enmValuationMethod.h"
+#include "session/typAliases.h"
+#include "session/typCompanyInfoInv.h"
+
+namespace pstolvane1 {
+
+// What a session tells its host, always on the session's own thread: inside a call of one of its
+// members, or while the thread pumps its messages (DoEvents). A handler may call the session,
+// assign handlers and destroy the session. One that is not assigned is not called. Texts are valid
+// during the call.
+struct clsStolvane1Events {
+  // The connection is open: ErrString is "". It could not be opened: the reason.
+  std::function<void(std::string_view ErrString)> OnConnect;
+  // An asynchronous report is finished. Rss is the host's own. anyCount is the number of lines of a
+  // report that counts its lines, and 0 or a constant for the others. What the handler throws goes
+  // to whoever pumps.
+  std::function<void(RecordsetPtr Rss, std::int32_t anyCount)> FetchComplete;
+  // How far a report is: up to 20 with "FetchingData" while rows are read, up to 60 with
+  // "Manipulating" and "manipulating" while its lines are written; it never reaches 100. A report
+  // that is asked for synchronously stays at 20. What the handler throws is passed over.
+  std::function<void(std::uint8_t bytFetchPercent, std::string_view strmessage)> FetchProgress;
+};
+
+// A session with the books of one company. Connect it, then ask for one report at a time:
+//
+//   clsStolvane1 session;
+//   session.SetConnection("", "", "books.db", False);
+//   RecordsetPtr ledgers = session.LedgersByCode(3, codes, True);
+//
+// Reports. With blnReport exactly True an operation returns its finished rowset. With anything else
+// it starts to fetch, returns nullptr, and the rowset comes by FetchComplete while the thread
+// pumps. Every rowset that is handed out is disconnected or a clone, belongs to the host, and stays
+// valid when the session goes. Arguments that are conditions are parts of the query's text; they
+// are lower-cased with it, and "#", "true", "false" and "-1" in them become "'", "1", "0" and "1".
+//
+// Threads. A session belongs to the thread that made it: call it and pump there only. Sessions on
+// different threads share nothing. Sessions on one thread share the arguments of the report in hand
+// and the filters, so use one of them at a time.
+//
+// Errors. Every failure is an Error. The session stays usable after it. A report before
+// SetConnection is error 3709.
+class clsStolvane1 : public clsStolvane1Events {
+ public:
+  using ConnectionMaker = std::function<std::shared_ptr<Connection>()>;
+
+  clsStolvane1();
+  // For a host with an engine of its own: makes the connections that SetConnection opens.
+  explicit clsStolvane1(ConnectionMaker make_connection);
+  // Ends what runs and closes the connection; no event follows. Error-free.
+  ~clsStolvane1();
+  clsStolvane1(const clsStolvane1&) = delete;
+  clsStolvane1& operator=(const clsStolvane1&) = delete;
+
+  // --- Connect
+  // -------------------------------------------------------------------------------------- Opens
+  // the books that strConnectionString1 names; strProvider and strConnectionString are accepted and
+  // not used. With AsyncConnect exactly True it returns before they are open, and OnConnect tells
+  // how it went. Otherwise they are open when it returns, OnConnect has been raised as well, and a
+  // failure is error 501 "Unable to Connect to Database", whose Cause() says why; the session then
+  // is not connected. Always returns True. dtFromDate and dtToDate are the period of the books. A
+  // second call replaces the connection.
+  bool SetConnection(std::string_view strProvider, std::string_view strConnectionString,
+                     std::string_view strConnectionString1, Boolean AsyncConnect = True,
+                     Date dtFromDate = {}, Date dtToDate = {},
+                     std::string_view strCurrencyPrefix = "Rupees",
+                     std::string_view strCurrencySuffix = "Paise");
+  // nullptr before SetConnection.
+  [[nodiscard]] std::shared_ptr<Connection> GetConnectionObject() const;
+  // The locale of the texts in report rowsets: "en_IN", "de_DE"; "" is the user's own, as it is at
+  // first. Error 3001 for an unknown one.
+  void SetLocale(std::string_view name);
+
+  // --- Choose what the reports show; each stays in force until it is set again
+  // --------------------------
+  void SetAliases(const typAliases& pAlias);
+  // strVouchertypeFilter is a condition on Vouchertype1. btTypeOfentry 1 keeps the documents whose
+  // ledger group has the code 2, 1 or 41, 2 keeps the others, and any other value applies
+  // strSubgroupFilter, a condition on SubgroupName1. OptNo 1 keeps the regular documents, 2 the
+  // optional ones, any other value both. Returns Empty.
+  Variant SetFilter(std::string_view strVouchertypeFilter, std::string_view strSubgroupFilter,
+                    std::uint8_t btTypeOfentry, std::uint8_t OptNo);
+
+  // --- Stop
+  // -------------------------------------------------------------------------------------------
+  // True ends a report early, also one that is asked for afterwards: the row in hand and the
+  // closing lines are still written, and the rowset is delivered. Stays in force until False is
+  // written.
+  void CancelFetching(Boolean cancel);
+  // Has no effect; kept for hosts that call it. Returns Empty.
+  Variant UserPressedCancel();
+
+  // --- Lists
+  // ------------------------------------------------------------------------------------------ The
+  // lines of documents as a plain rowset, by Date: ItemName, ItemPartNo, Desr_id, Item_id,
+  // DesrRefno, Prefix, Suffix, Date, Qty (in minus out). strFilter is a condition on Desr1 and
+  // DesrDetails1, or "". Always synchronous; raises no event.
+  [[nodiscard]] RecordsetPtr POrderTextQuery(std::string_view strFilter);
+
+  // The amounts of one kind of document per ledger, with a total: Ledger, Amount, Ledger_Id,
+  // TotalLine, LedgerSort, AmountSort, DummySort. lngVouchertype_id is a voucher type's
+  // SubRelatedTo; with blnNoRel set, its key. 5 gives uncleared bank items, 9 amounts received by
+  // ledger, 43 job cards by their own date. Amounts are divided by gScale. strBillFilter is a
+  // further condition, not used by 5. bytYearno and vhtypeId_NotInc are not used.
+  RecordsetPtr Doc_Initial(std::uint8_t bytYearno, std::int32_t lngVouchertype_id, Date dtFromDate,
+                           Date dtToDate, Boolean blnReport = True, float gScale = 1,
+                           Boolean blnNoRel = False, std::int32_t vhtypeId_NotInc = 0,
+                           std::string_view strBillFilter = {});
+
+  // The ledgers of the year and of earlier ones by name: ID, NAME. sCode holds codes of their
+  // subgroups with commas between, or "" for all; the call writes the condition made of it back
+  // into sCode, so pass a fresh text each time. Subgroups 33 and 34 are never listed.
+  RecordsetPtr LedgersByCode(std::uint8_t bytYearno, std::string& sCode, Boolean blnReport);
+
+  // The items with their six prices, a line for each row of the price list; SrNo, ItemName, Price,
+  // Price2 to Price6 and their twins. The database refuses the query unless lngCategory_Id names a
+  // category and cosiderforsih is a condition. itemstate is one item state; "" and "1,2" are any.
+  // bytYearno, dtFromDate, dtToDate and lngPriceList_Id are not used. A Null price is error 94.
+  RecordsetPtr MultiplePriceList(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                 std::int32_t lngPriceList_Id, std::int32_t lngCategory_Id = -1,
+                                 std::int32_t lngClass_Id = -1, Boolean blnReport = True,
+                                 std::string_view itemstate = {},
+                                 std::string_view cosiderforsih = {});
+
+ private:
+  std::shared_ptr<class ReportFrame> frame_;
+};
+
+}  // namespace pstolvane1
