@@ -1,0 +1,26 @@
+// The texts of a report's cells.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "session/data/Date.h"
+#include "session/data/Variant.h"
+#include "session/rowset/Locale.h"
+
+namespace pstolvane1 {
+
+// A quantity or a rate. Error 94 for Null, 13 for what is no number.
+[[nodiscard]] std::string FormatQuantityText(const Locale& locale, const Variant& value);
+// Money, zero included. Error 94 for Null, 13 for what is no number.
+[[nodiscard]] std::string FormatCurrencyText(const Locale& locale, const Variant& value);
+// Money; "" for zero and for whatever is no amount, Null included.
+[[nodiscard]] std::string FormatCurrencyOrBlank(const Locale& locale, const Variant& value);
+// The long date or the general date.
+[[nodiscard]] std::string FormatDateText(const Locale& locale, Date date, bool long_date);
+
+// The parts that are not empty, joined by the separator: "A", "12", "" and "/" give "A/12".
+[[nodiscard]] std::string JoinDocumentNumber(std::string_view prefix, std::string_view number,
+                                             std::string_view suffix, std::string_view separator);
+
+}  // namespace pstolvane1

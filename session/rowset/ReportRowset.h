@@ -1,0 +1,54 @@
+// The columns of a report rowset: what kinds there are, and how a table of them becomes a rowset.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "session/data/DataType.h"
+#include "session/data/Recordset.h"
+
+namespace pstolvane1 {
+
+// One column of a report's layout. A report has one constant table of them, in their order; the
+// spelling is what the host sees.
+struct ReportColumn {
+  std::string_view name;
+  DataType type = adBSTR;
+  int defined_size = 0;
+  int attributes = adFldDefault;
+};
+
+// A text that is shown, and a marker ("TotalLine", "Head"), look alike.
+[[nodiscard]] constexpr ReportColumn Display(std::string_view name) { return {name}; }
+[[nodiscard]] constexpr ReportColumn Marker(std::string_view name) { return {name}; }
+// Leads the host to a document or master: adInteger or adBigInt.
+[[nodiscard]] constexpr ReportColumn Key(std::string_view name, DataType type = adInteger) {
+  return {name, type};
+}
+
+// Twins stand behind what is shown, are named after it with "Sort" behind, and hold the raw value.
+[[nodiscard]] constexpr ReportColumn TextTwin(std::string_view name) {
+  return {name, adVarChar, 255, adFldIsNullable};
+}
+[[nodiscard]] constexpr ReportColumn DateTwin(std::string_view name) {
+  return {name, adDate, 0, adFldIsNullable};
+}
+[[nodiscard]] constexpr ReportColumn QuantityTwin(std::string_view name) {
+  return {name, adSingle, 0, adFldIsNullable};
+}
+[[nodiscard]] constexpr ReportColumn MoneyTwin(std::string_view name) {
+  return {name, adCurrency, 0, adFldIsNullable};
+}
+// "RefNoSort", "DummySort".
+[[nodiscard]] constexpr ReportColumn NumberTwin(std::string_view name) {
+  return {name, adBigInt, 0, adFldIsNullable};
+}
+// Money that some lists keep as text, so that it sorts as text.
+[[nodiscard]] constexpr ReportColumn MoneyTextTwin(std::string_view name) {
+  return {name, adVarChar, 255, 6};
+}
+
+// An open, empty rowset with these columns.
+[[nodiscard]] RecordsetPtr NewReportRowset(std::span<const ReportColumn> columns);
+
+}  // namespace pstolvane1

@@ -1,0 +1,51 @@
+// Writes the lines of a report rowset, in report order.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/rowset/ReportRowset.h"
+
+namespace pstolvane1 {
+
+// Belongs to one row builder. Cells that a line does not write stay Null. A layout without a
+// DummySort column has none written.
+class ReportWriter {
+ public:
+  explicit ReportWriter(std::span<const ReportColumn> columns);
+
+  // A column's place, for the loop. Any case; error 3265.
+  [[nodiscard]] ColumnHandle Column(std::string_view name) const { return rowset_->Column(name); }
+
+  // Begins a line whose DummySort tells its kind: detail lines 1, then the closing kinds.
+  void AddLine(std::int64_t line_class);
+  // Begins a line whose DummySort is one more than that of the line before.
+  void AddNextLine() { AddLine(dummy_sort_value_ + 1); }
+  // Begins such a line below the line before, with all of its twins, so that a sort keeps them
+  // together.
+  void AddSubLine();
+  // Ends the line; beginning another one and Finish do so as well.
+  void EndLine();
+
+  void Text(ColumnHandle column, std::string_view text) { rowset_->SetText(column, text); }
+  void Value(ColumnHandle column, const Variant& value) { rowset_->Set(column, value); }
+
+  // The finished rowset, at its first row. The writer takes no lines after it.
+  [[nodiscard]] RecordsetPtr Finish();
+
+ private:
+  RecordsetPtr rowset_;
+  std::vector<ColumnHandle> twins_;
+  bool has_dummy_sort_;
+  ColumnHandle dummy_sort_{};
+  std::int64_t dummy_sort_value_ = 0;
+  bool in_line_ = false;
+};
+
+// "_" as often as the report's width says.
+[[nodiscard]] std::string RuleText(std::size_t width);
+
+}  // namespace pstolvane1
