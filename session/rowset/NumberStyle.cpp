@@ -1,0 +1,112 @@
+#include "session/rowset/NumberStyle.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+
+#include "session/data/Error.h"
+
+namespace pstolvane1 {
+namespace {
+
+constexpr int kSignificantDigits = 15;
+
+// The decimal digits of a number, most significant first, and how many of them stand before the
+// decimal separator (it can be negative or beyond the digits: zeros fill in).
+struct Digits {
+  std::array<char, kSignificantDigits + 1> digit{};
+  int count = 0;
+  int before_separator = 0;
+};
+
+Digits SignificantDigits(double magnitude) {
+  std::array<char, 32> text{};
+  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), magnitude,
+                                          std::chars_format::scientific, kSignificantDigits - 1);
+  static_cast<void>(error);  // 32 characters hold every double of 15 digits
+  Digits digits;
+  const char* exponent_sign = std::find(text.data(), end, 'e');
+  for (const char* c = text.data(); c != exponent_sign; ++c) {
+    if (*c != '.') digits.digit[static_cast<std::size_t>(digits.count++)] = *c;
+  }
+  int exponent = 0;
+  const char* first = exponent_sign + 1;
+  if (*first == '+') ++first;
+  std::from_chars(first, end, exponent);
+  digits.before_separator = exponent + 1;
+  return digits;
+}
+
+// Rounds half away from zero so that at most `decimals` digits are left behind the separator.
+void RoundTo(int decimals, Digits& digits) {
+  const int keep = digits.before_separator + decimals;
+  if (keep >= digits.count) return;
+  if (keep < 0) {
+    digits.count = 0;
+    return;
+  }
+  const bool up = digits.digit[static_cast<std::size_t>(keep)] >= '5';
+  digits.count = keep;
+  if (!up) return;
+  for (int i = keep - 1; i >= 0; --i) {
+    char& digit = digits.digit[static_cast<std::size_t>(i)];
+    if (digit != '9') {
+      ++digit;
+      return;
+    }
+    digit = '0';
+  }
+  std::copy_backward(digits.digit.begin(), digits.digit.begin() + digits.count,
+                     digits.digit.begin() + digits.count + 1);
+  digits.digit[0] = '1';
+  ++digits.count;
+  ++digits.before_separator;
+}
+
+bool IsZero(const Digits& digits) {
+  return std::all_of(digits.digit.begin(), digits.digit.begin() + digits.count,
+                     [](char digit) { return digit == '0'; });
+}
+
+// True where a group separator stands in front of the digit that has `following` digits behind it
+// (itself counted) up to the decimal separator.
+bool GroupStartsAt(int following, int total, const NumberStyle& style) {
+  if (style.first_group <= 0 || following < style.first_group) return false;
+  if (total < style.first_group + style.minimum_before_group) return false;
+  return (following - style.first_group) % style.further_groups == 0;
+}
+
+}  // namespace
+
+std::string FormatDecimal(double value, const NumberStyle& style) {
+  if (!std::isfinite(value)) {
+    throw Error(ErrorNumber::kOverflow, "a value that is not a finite number has no text");
+  }
+  Digits digits = SignificantDigits(std::fabs(value));
+  RoundTo(style.decimals, digits);
+  const bool negative = std::signbit(value) && !IsZero(digits);
+
+  const auto digit_at = [&digits, &style](int place) -> std::string_view {
+    const bool within = place >= 0 && place < digits.count;
+    const char digit = within ? digits.digit[static_cast<std::size_t>(place)] : '0';
+    return style.digits[digit - '0'];
+  };
+  std::string text = negative ? style.negative_prefix : style.prefix;
+  const int whole = std::max(digits.before_separator, 1);
+  const int first_place = digits.before_separator - whole;
+  for (int i = 0; i < whole; ++i) {
+    if (i > 0 && GroupStartsAt(whole - i, whole, style)) text += style.group_separator;
+    text += digit_at(first_place + i);
+  }
+  if (style.decimals > 0) {
+    text += style.decimal_separator;
+    for (int i = 0; i < style.decimals; ++i) text += digit_at(digits.before_separator + i);
+  }
+  text += negative ? style.negative_suffix : style.suffix;
+  return text;
+}
+
+}  // namespace pstolvane1

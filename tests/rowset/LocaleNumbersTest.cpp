@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "session/data/Error.h"
+#include "session/rowset/Locale.h"
+
+namespace pstolvane1 {
+namespace {
+
+const Locale& India() { return *Locale::Get("en_IN"); }
+
+TEST(LocaleNumbers, GroupsInIndiaAreThreeThenTwo) {
+  EXPECT_EQ(India().FormatNumber(1234567.89), "12,34,567.89");
+  EXPECT_EQ(India().FormatNumber(-1234567.89), "-12,34,567.89");
+  EXPECT_EQ(India().FormatNumber(999.5), "999.50");
+  EXPECT_EQ(India().FormatNumber(1000), "1,000.00");
+  EXPECT_EQ(India().FormatNumber(0), "0.00");
+}
+
+TEST(LocaleNumbers, HalvesRoundAwayFromZero) {
+  EXPECT_EQ(India().FormatNumber(0.125), "0.13");
+  EXPECT_EQ(India().FormatNumber(-0.125), "-0.13");
+  EXPECT_EQ(India().FormatNumber(999.995), "1,000.00");
+}
+
+TEST(LocaleNumbers, FifteenSignificantDigitsDecideWhatAHalfIs) {
+  EXPECT_EQ(India().FormatNumber(2.675), "2.68");  // stored as 2.67499999999999982...
+  EXPECT_EQ(India().FormatNumber(1.005), "1.01");
+}
+
+TEST(LocaleNumbers, WhatRoundsToZeroHasNoSign) {
+  EXPECT_EQ(India().FormatNumber(-0.004), "0.00");
+  EXPECT_EQ(India().FormatNumber(-0.0), "0.00");
+  EXPECT_EQ(India().FormatNumber(1e-300), "0.00");
+}
+
+TEST(LocaleNumbers, LargeNumbersAreZerosBehindFifteenDigits) {
+  EXPECT_EQ(Locale::Get("en_US")->FormatNumber(1e18), "1,000,000,000,000,000,000.00");
+  EXPECT_EQ(Locale::Get("en_US")->FormatNumber(123456789012345678.0),
+            "123,456,789,012,346,000.00");
+}
+
+TEST(LocaleNumbers, WhatIsNotFiniteIsAnOverflow) {
+  for (const double value :
+       {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+    try {
+      static_cast<void>(India().FormatNumber(value));
+      ADD_FAILURE() << value;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Number(), ErrorNumber::kOverflow);
+    }
+  }
+}
+
+TEST(LocaleNumbers, MoneyHasTheLocalesSymbolSeparatorsAndNegativeForm) {
+  const Currency money = Currency::FromTenThousandths(-12345678900);
+  EXPECT_EQ(India().FormatCurrency(money), "-₹12,34,567.89");
+  EXPECT_EQ(Locale::Get("en_US")->FormatCurrency(money), "-$1,234,567.89");
+  EXPECT_EQ(Locale::Get("en_GB")->FormatCurrency(money), "-£1,234,567.89");
+  EXPECT_EQ(Locale::Get("de_DE")->FormatCurrency(money), "-1.234.567,89\u00a0€");
+  EXPECT_EQ(Locale::Get("fr_FR")->FormatCurrency(money),
+            "-1\u202f234\u202f567,89\u00a0€");
+  EXPECT_EQ(Locale::Get("ja_JP")->FormatCurrency(1234.5), "￥1,235");
+}
+
+TEST(LocaleNumbers, SomeLocalesGroupOnlyFromFiveDigitsOn) {
+  EXPECT_EQ(Locale::Get("pl_PL")->FormatNumber(1234.5), "1234,50");
+  EXPECT_EQ(Locale::Get("pl_PL")->FormatNumber(12345.5), "12\u00a0345,50");
+}
+
+TEST(LocaleNumbers, ALocaleWithDigitsOfItsOwnUsesThem) {
+  EXPECT_EQ(Locale::Get("mr_IN")->FormatNumber(1234567.89), "१२,३४,५६७.८९");
+}
+
+TEST(LocaleNumbers, ThePlainPlatformLocaleIsIndia) {
+  EXPECT_EQ(Locale::Get("C")->Name(), "en_IN");
+  EXPECT_EQ(Locale::Get("POSIX")->Name(), "en_IN");
+  EXPECT_EQ(Locale::Get("C.UTF-8")->Name(), "en_IN");
+  EXPECT_EQ(Locale::Get("fr_FR.UTF-8")->Name(), "fr_FR");
+}
+
+TEST(LocaleNumbers, AnUnknownLocaleIsRefusedByName) {
+  try {
+    static_cast<void>(Locale::Get("qq_QQ"));
+    FAIL();
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::kArgumentOutOfRange);
+    EXPECT_EQ(error.Description(),
+              "no number and date formats are known for the locale \"qq_QQ\"");
+  }
+}
+
+}  // namespace
+}  // namespace pstolvane1
