@@ -1,5 +1,6 @@
 #include "session/rowset/Locale.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <mutex>
@@ -217,6 +218,18 @@ const std::string& Locale::DateSeparator() const { return rules_->short_date.Fir
 
 Date Locale::ParseShortDate(std::string_view text) const {
   return rules_->short_date.Parse(text, rules_->names);
+}
+
+std::optional<double> Locale::ReadNumber(std::string_view text) const {
+  return ReadDecimal(text, rules_->number);
+}
+
+std::optional<double> Locale::ReadCurrency(std::string_view text) const {
+  return ReadDecimal(text, rules_->money);
+}
+
+Locale::CurrencyAffixes Locale::Affixes() const {
+  return {rules_->money.prefix, rules_->money.suffix, rules_->money.decimals};
 }
 
 }  // namespace pstolvane1

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,18 @@ class Locale {
   [[nodiscard]] const std::string& DateSeparator() const;  // of the short date
   // The date that a text in the locale's short format names; error 13 for what cannot be read.
   [[nodiscard]] Date ParseShortDate(std::string_view text) const;
+
+  // The value of a text that FormatNumber or FormatCurrency could have written.
+  [[nodiscard]] std::optional<double> ReadNumber(std::string_view text) const;
+  [[nodiscard]] std::optional<double> ReadCurrency(std::string_view text) const;
+  // The text that FormatCurrency(1) would be without its digits, and where it stands: for a
+  // spreadsheet's number format, as {"₹", ""} or {"", " €"}.
+  struct CurrencyAffixes {
+    std::string_view prefix;
+    std::string_view suffix;
+    int decimals;
+  };
+  [[nodiscard]] CurrencyAffixes Affixes() const;
 
   struct Rules;
   explicit Locale(std::unique_ptr<const Rules> rules);

@@ -5,7 +5,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
+#include <system_error>
 
 #include "session/data/Error.h"
 
@@ -107,6 +109,32 @@ std::string FormatDecimal(double value, const NumberStyle& style) {
   }
   text += negative ? style.negative_suffix : style.suffix;
   return text;
+}
+
+std::optional<double> ReadDecimal(std::string_view text, const NumberStyle& style) {
+  std::string plain;
+  for (std::string_view rest = text; !rest.empty();) {
+    const auto* const digit =
+        std::find_if(std::begin(style.digits), std::end(style.digits),
+                     [rest](const std::string& shape) { return rest.starts_with(shape); });
+    if (digit != std::end(style.digits)) {
+      plain += static_cast<char>('0' + (digit - std::begin(style.digits)));
+      rest.remove_prefix(digit->size());
+    } else if (rest.starts_with(style.decimal_separator)) {
+      plain += '.';
+      rest.remove_prefix(style.decimal_separator.size());
+    } else {
+      rest.remove_prefix(1);
+    }
+  }
+  double magnitude = 0;
+  const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), magnitude);
+  if (error != std::errc{}) return std::nullopt;
+  // Writing the value again settles what a separator, a sign or a symbol in the wrong place means.
+  for (const double value : {magnitude, -magnitude}) {
+    if (FormatDecimal(value, style) == text) return value;
+  }
+  return std::nullopt;
 }
 
 }  // namespace pstolvane1

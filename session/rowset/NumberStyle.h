@@ -1,7 +1,9 @@
 // The text of a number in one locale's style: plain data, and the fast path that every cell takes.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace pstolvane1 {
 
@@ -24,5 +26,8 @@ struct NumberStyle {
 // style's decimals; what rounds to zero has no sign. Error 6 for what is not a finite number.
 // Example, India: -1234567.885 gives "-12,34,567.89".
 [[nodiscard]] std::string FormatDecimal(double value, const NumberStyle& style);
+
+// The value of a text that FormatDecimal could have written; empty for any other text.
+[[nodiscard]] std::optional<double> ReadDecimal(std::string_view text, const NumberStyle& style);
 
 }  // namespace pstolvane1

@@ -1,15 +1,14 @@
 // The fast path against ICU's own formatters, on random values.
-#include <fmt/format.h>
-#include <gtest/gtest.h>
-#include <unicode/decimfmt.h>
-#include <unicode/smpdtfmt.h>
-
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <fmt/format.h>
+#include <gtest/gtest.h>
 #include <memory>
 #include <random>
 #include <string>
+#include <unicode/decimfmt.h>
+#include <unicode/smpdtfmt.h>
 
 #include "session/rowset/Locale.h"
 
@@ -87,8 +86,8 @@ TEST_P(AgainstIcu, NumbersAndMoneyAreTheSame) {
 
 TEST_P(AgainstIcu, LongDatesAreTheSameOverAWholeCentury) {
   const auto locale = Locale::Get(GetParam());
-  const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createDateInstance(
-      icu::DateFormat::kFull, icu::Locale(GetParam())));
+  const std::unique_ptr<icu::DateFormat> format(
+      icu::DateFormat::createDateInstance(icu::DateFormat::kFull, icu::Locale(GetParam())));
   format->setTimeZone(*icu::TimeZone::getGMT());
   constexpr double kSerialOf1970 = 25569;
   for (double serial = 20000; serial < 56500; serial += 1) {

@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 
 #include "session/data/Error.h"
@@ -38,8 +37,7 @@ TEST(LocaleNumbers, WhatRoundsToZeroHasNoSign) {
 
 TEST(LocaleNumbers, LargeNumbersAreZerosBehindFifteenDigits) {
   EXPECT_EQ(Locale::Get("en_US")->FormatNumber(1e18), "1,000,000,000,000,000,000.00");
-  EXPECT_EQ(Locale::Get("en_US")->FormatNumber(123456789012345678.0),
-            "123,456,789,012,346,000.00");
+  EXPECT_EQ(Locale::Get("en_US")->FormatNumber(123456789012345678.0), "123,456,789,012,346,000.00");
 }
 
 TEST(LocaleNumbers, WhatIsNotFiniteIsAnOverflow) {
@@ -60,8 +58,7 @@ TEST(LocaleNumbers, MoneyHasTheLocalesSymbolSeparatorsAndNegativeForm) {
   EXPECT_EQ(Locale::Get("en_US")->FormatCurrency(money), "-$1,234,567.89");
   EXPECT_EQ(Locale::Get("en_GB")->FormatCurrency(money), "-£1,234,567.89");
   EXPECT_EQ(Locale::Get("de_DE")->FormatCurrency(money), "-1.234.567,89\u00a0€");
-  EXPECT_EQ(Locale::Get("fr_FR")->FormatCurrency(money),
-            "-1\u202f234\u202f567,89\u00a0€");
+  EXPECT_EQ(Locale::Get("fr_FR")->FormatCurrency(money), "-1\u202f234\u202f567,89\u00a0€");
   EXPECT_EQ(Locale::Get("ja_JP")->FormatCurrency(1234.5), "￥1,235");
 }
 
@@ -81,14 +78,31 @@ TEST(LocaleNumbers, ThePlainPlatformLocaleIsIndia) {
   EXPECT_EQ(Locale::Get("fr_FR.UTF-8")->Name(), "fr_FR");
 }
 
+TEST(LocaleNumbers, ATextOfItsOwnReadsBack) {
+  for (const char* name : {"en_IN", "en_US", "de_DE", "fr_FR", "mr_IN", "pl_PL"}) {
+    const auto locale = Locale::Get(name);
+    for (const double value : {0.0, 12.5, -12.5, 1234567.89, -1234567.89, 99999.99}) {
+      EXPECT_EQ(locale->ReadNumber(locale->FormatNumber(value)), value) << name;
+      EXPECT_EQ(locale->ReadCurrency(locale->FormatCurrency(value)), value) << name;
+    }
+  }
+}
+
+TEST(LocaleNumbers, AnyOtherTextIsNoNumber) {
+  for (const char* text :
+       {"", "12", "1,2.00", "12.00 Nos", "12,34,567.8", "A12.00", "--1.00", "1.0.0"}) {
+    EXPECT_EQ(India().ReadNumber(text), std::nullopt) << text;
+  }
+  EXPECT_EQ(India().ReadCurrency("12.00"), std::nullopt);
+}
+
 TEST(LocaleNumbers, AnUnknownLocaleIsRefusedByName) {
   try {
     static_cast<void>(Locale::Get("qq_QQ"));
     FAIL();
   } catch (const Error& error) {
     EXPECT_EQ(error.Number(), ErrorNumber::kArgumentOutOfRange);
-    EXPECT_EQ(error.Description(),
-              "no number and date formats are known for the locale \"qq_QQ\"");
+    EXPECT_EQ(error.Description(), "no number and date formats are known for the locale \"qq_QQ\"");
   }
 }
 

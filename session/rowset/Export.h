@@ -1,0 +1,39 @@
+// A rowset as a file: CSV and JSON with every column, HTML and XLSX as a person is shown it.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "session/data/Recordset.h"
+#include "session/rowset/Locale.h"
+
+namespace pstolvane1 {
+
+// All exports write the visible rows in their order and leave the position where it is. Values in
+// CSV and JSON are exact and the same in every locale: money with four decimals, a single as the
+// shortest decimal that reads back to it, dates as ISO text with the time only if there is one.
+
+// A header line with the columns' names, then a line for each row, ended by CRLF, UTF-8. Null is an
+// empty field, an empty text is "". Flags are -1 and 0. Chapter columns are left out.
+void ExportCsv(const Recordset& rowset, std::ostream& out);
+
+// {"columns": [{"name", "type", "attributes"}], "rows": [[...]]}. Null is null, an empty text "",
+// money a string, flags true and false; a chapter is such an object again.
+[[nodiscard]] std::string ExportJson(const Recordset& rowset);
+// The two members alone, as JSON texts, for an object that holds more.
+[[nodiscard]] std::string ColumnsAsJson(const Recordset& rowset);
+[[nodiscard]] std::string RowsAsJson(const Recordset& rowset);
+
+// A whole page with one table: the columns that have content, numbers to the right, rules and
+// totals drawn.
+void ExportHtml(const Recordset& rowset, std::string_view title,
+                const std::shared_ptr<const Locale>& locale, std::ostream& out);
+
+// A workbook of one sheet, shown like the page; a column of the locale's numbers or amounts holds
+// numbers. Error 3001 when the file cannot be written, with its name.
+void ExportXlsx(const Recordset& rowset, std::string_view title,
+                const std::shared_ptr<const Locale>& locale, const std::string& path);
+
+}  // namespace pstolvane1

@@ -1,0 +1,49 @@
+// What of a rowset a person is shown, and how its lines are told apart: for screens, pages and
+// sheets.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "session/data/Recordset.h"
+#include "session/rowset/Locale.h"
+
+namespace pstolvane1 {
+
+// A rowset with a DummySort column is a report: its twins, its keys and its rule columns are not
+// shown. Of any other rowset all columns are. Either way a column without any content is left out,
+// and so are chapters.
+class ReportView {
+ public:
+  struct Column {
+    std::string name;
+    ColumnHandle handle;
+    bool numeric;  // every text in it is a number, an amount or a quantity with its unit
+  };
+  enum class LineKind : std::uint8_t {
+    kLine,
+    kRule,    // nothing but a run of "_"
+    kTotal,   // a closing line: content beside a run of "_"
+    kSpacer,  // nothing at all
+  };
+  struct Line {
+    LineKind kind;
+    std::vector<std::string> cells;  // one for each shown column; Null is ""
+  };
+
+  // Reads all visible rows; the rowset's position stays. The locale tells what a number looks like.
+  ReportView(const Recordset& rowset, std::shared_ptr<const Locale> locale);
+
+  [[nodiscard]] const std::vector<Column>& Columns() const { return columns_; }
+  [[nodiscard]] const std::vector<Line>& Lines() const { return lines_; }
+  [[nodiscard]] const Locale& TheLocale() const { return *locale_; }
+
+ private:
+  std::shared_ptr<const Locale> locale_;
+  std::vector<Column> columns_;
+  std::vector<Line> lines_;
+};
+
+}  // namespace pstolvane1
