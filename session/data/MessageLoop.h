@@ -8,8 +8,8 @@
 namespace pstolvane1 {
 
 // The messages that wait for one thread. Every thread that uses rowsets or connections has its own,
-// made at first use; other threads post to it, only its own thread takes from it. A poster keeps the
-// queue alive, so that posting to a thread that has ended is harmless.
+// made at first use; other threads post to it, only its own thread takes from it. A poster keeps
+// the queue alive, so that posting to a thread that has ended is harmless.
 class MessageQueue {
  public:
   using Message = std::function<void()>;
@@ -21,7 +21,8 @@ class MessageQueue {
 
 // Delivers the messages that wait for the calling thread, in the order of their coming, and returns
 // without waiting for more. An exception that a message lets out goes to the caller; the messages
-// behind it stay for the next call. A call from inside a message delivers the messages behind that one.
+// behind it stay for the next call. A call from inside a message delivers the messages behind that
+// one.
 void DoEvents();
 
 // Waits until a message comes or the time is over, then delivers as DoEvents does. True if any was

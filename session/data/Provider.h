@@ -18,10 +18,10 @@ class Cursor {
  public:
   virtual ~Cursor() = default;
   [[nodiscard]] virtual const std::vector<ColumnInfo>& Columns() const = 0;
-  // Adds rows to the chunk until it is full or the rows end, and gives how many it added: fewer than
-  // there was room for only at the end. The chunk may have further columns behind the cursor's own;
-  // they stay Null. Error -2147217900 with the engine's words when the statement fails, is cancelled
-  // or goes beyond its time limit.
+  // Adds rows to the chunk until it is full or the rows end, and gives how many it added: fewer
+  // than there was room for only at the end. The chunk may have further columns behind the cursor's
+  // own; they stay Null. Error -2147217900 with the engine's words when the statement fails, is
+  // cancelled or goes beyond its time limit.
   virtual std::size_t Read(Chunk& chunk) = 0;
   // Ends this statement alone, from any thread: the Read that runs and every later one is an error.
   virtual void Cancel() noexcept = 0;
