@@ -1,0 +1,2 @@
+-- only the optional documents of voucher1
+select count(*) as documents from voucher1 where  voucher1.optional = 1  and  1 = 1

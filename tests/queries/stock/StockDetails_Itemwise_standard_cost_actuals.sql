@@ -1,0 +1,2 @@
+-- actual purchase and opening lines behind the standard cost
+select item_id , godown_id , batch_id , godownitem1.rate , date , yearno , isopeningbal from godownitem1 where godownitem1.optional = 0 and ( godownitem1.date <= '03/31/2004' or isopeningbal = 1 )  and godownitem1.yearno <= 2  and godownitem1.goriginalvouchertype_id in (7,14,0) and ( isadded = 1 or isopeningbal = 1 )  order by godownitem1.date , godownitem1.godownitem_id ,  item_id , godown_id  , batch_id 

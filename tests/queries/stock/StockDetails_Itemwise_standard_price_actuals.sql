@@ -1,0 +1,2 @@
+-- actual sale and opening lines behind the standard price
+select item_id , godown_id , batch_id , godownitem1.rate , date , yearno , isopeningbal , isadded from godownitem1 where godownitem1.optional = 0 and ( godownitem1.date <= '03/31/2004' or isopeningbal = 1 )  and godownitem1.yearno <= 2  and godownitem1.goriginalvouchertype_id in (10,15,0) order by godownitem1.date , godownitem1.godownitem_id ,  item_id , godown_id  , batch_id 
