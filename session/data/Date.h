@@ -28,13 +28,18 @@ class Date {
     int year, month, day, hour, minute, second;
   };
   [[nodiscard]] constexpr double Serial() const { return serial_; }
+  // The days that lie between serial 0 and this moment, which unlike the serial always grow with
+  // time: -1.25 is -0.75. What orders dates; -0.5 and 0.5 are the same moment.
+  [[nodiscard]] double Elapsed() const;
   // The time is rounded to the second.
   [[nodiscard]] Parts ToParts() const;
   [[nodiscard]] bool HasTime() const;
   // "2004-03-31", with " 14:05:09" only if there is a time.
   [[nodiscard]] std::string ToIso() const;
 
-  friend constexpr auto operator<=>(Date, Date) = default;
+  // Earlier is less.
+  friend std::partial_ordering operator<=>(Date a, Date b) { return a.Elapsed() <=> b.Elapsed(); }
+  friend bool operator==(Date a, Date b) { return a.Elapsed() == b.Elapsed(); }
 
  private:
   double serial_ = 0;

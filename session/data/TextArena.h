@@ -1,0 +1,46 @@
+// Where the text of a chunk's cells lies.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace pstolvane1 {
+
+// A text's place in its arena. Length 0 is the empty text.
+struct TextRef {
+  std::uint32_t offset;
+  std::uint32_t length;
+};
+
+// Texts laid one behind another in blocks that never move, so that a view of one stays valid until
+// the arena goes. Nothing is taken back before that.
+class TextArena {
+ public:
+  // Error 6 beyond 4 GiB.
+  [[nodiscard]] TextRef Add(std::string_view text);
+  [[nodiscard]] std::string_view At(TextRef ref) const {
+    if (ref.length == 0) return {"", 0};
+    return {slots_[ref.offset >> kSlotBits] + (ref.offset & (kSlotBytes - 1)), ref.length};
+  }
+  [[nodiscard]] std::size_t Bytes() const { return bytes_; }
+
+ private:
+  static constexpr unsigned kSlotBits = 14;
+  static constexpr std::size_t kSlotBytes = std::size_t{1} << kSlotBits;
+
+  // Takes the next slots for a block of that many bytes and gives the offset of its first byte.
+  std::uint32_t AddBlock(std::size_t bytes);
+
+  // An offset's upper bits choose a slot. A text longer than a slot has a block of its own, which
+  // several slots in a row point into.
+  std::vector<char*> slots_;
+  std::vector<std::unique_ptr<char[]>> blocks_;
+  std::uint32_t open_offset_ = 0;  // where the next short text goes
+  std::size_t open_room_ = 0;
+  std::size_t bytes_ = 0;
+};
+
+}  // namespace pstolvane1

@@ -1,0 +1,28 @@
+// How text is compared everywhere in the library: by code point, ignoring case.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace pstolvane1 {
+
+// Case is taken away by the simple folding of Unicode (one character for one), which no locale
+// changes: "ITEM" is "item", "STRASSE" is not "straße". Text is UTF-8; a byte that is not part of
+// valid UTF-8 counts as a character of its own, behind all others. Any thread.
+
+// Below 0, 0 or above 0 as a stands before, at or behind b.
+[[nodiscard]] int CompareFolded(std::string_view a, std::string_view b);
+// The same with the blanks at the end of both taken away first.
+[[nodiscard]] int CompareFoldedIgnoringTrailingBlanks(std::string_view a, std::string_view b);
+[[nodiscard]] bool EqualFolded(std::string_view a, std::string_view b);
+// Equal for texts that are equal when folded.
+[[nodiscard]] std::uint64_t HashFolded(std::string_view text);
+// The text in its folded form, whose bytes stand in the order of CompareFolded.
+[[nodiscard]] std::string Folded(std::string_view text);
+// True when the whole text fits the pattern, in which * and % stand for any run of characters.
+[[nodiscard]] bool LikeFolded(std::string_view text, std::string_view pattern);
+// How many characters a text has.
+[[nodiscard]] std::size_t CountCharacters(std::string_view text);
+
+}  // namespace pstolvane1
