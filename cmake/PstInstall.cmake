@@ -19,9 +19,11 @@ target_link_libraries(pStolvane1 PRIVATE
 # All that a host may include, by its path from the root.
 set(PST_PUBLIC_HEADERS
   automation/pstolvane1_c.h
+  session/EnumName.h
   session/ReportType.h
-  session/ValuationMethod.h
   session/clsStolvane1.h
+  session/clsStolvane1Events.h
+  session/data/Chunk.h
   session/data/Connection.h
   session/data/Currency.h
   session/data/DataType.h
@@ -29,9 +31,13 @@ set(PST_PUBLIC_HEADERS
   session/data/Error.h
   session/data/Export.h
   session/data/MessageLoop.h
+  session/data/Provider.h
   session/data/Recordset.h
   session/data/Variant.h
-  session/engine/Engines.h)
+  session/engine/Engines.h
+  session/enmValuationMethod.h
+  session/typAliases.h
+  session/typCompanyInfoInv.h)
 
 install(TARGETS pStolvane1 EXPORT pStolvane1Targets)
 foreach(header IN LISTS PST_PUBLIC_HEADERS)

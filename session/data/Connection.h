@@ -72,4 +72,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   std::unique_ptr<Impl> impl_;
 };
 
+// Makes a connection that is not open yet.
+using ConnectionMaker = std::function<std::shared_ptr<Connection>()>;
+
 }  // namespace pstolvane1

@@ -1,0 +1,19 @@
+#include "bills/BillsReports.h"
+
+#include "bills/MultiplePriceList.h"
+
+namespace pstolvane1 {
+
+std::span<const ReportRow> BillsReports() {
+  static constexpr ReportRow kRows[] = {
+      Row(rtBillWiseReport, 0),
+      {.first = rtMultiplePriceList,
+       .last = rtMultiplePriceList,
+       .awaits = 0,
+       .builder = &mMultiplePriceList,
+       .delivery = Delivery::kAsBuilt},
+  };
+  return kRows;
+}
+
+}  // namespace pstolvane1

@@ -1,0 +1,118 @@
+// From the fetch events of the source rowsets to the host's FetchComplete.
+#include <fmt/format.h>
+#include <limits>
+
+#include "session/ReportFrame.h"
+#include "session/data/MessageLoop.h"
+
+namespace pstolvane1 {
+namespace {
+
+constexpr float kFetchCeiling = 20;
+constexpr float kBuildCeiling = 60;
+
+}  // namespace
+
+void ReportFrame::ConnectEvents(Source source, Recordset& rowset) {
+  // A rowset that has been replaced may still be alive in a row builder; only the one in the
+  // source's place counts. It is kept while its event runs, as a handler may replace it.
+  const auto current = [weak = weak_from_this(), source](const Recordset& from) {
+    std::shared_ptr<ReportFrame> frame = weak.lock();
+    if (frame && (frame->events_ == nullptr || frame->SlotOf(source).rowset.get() != &from)) {
+      frame.reset();
+    }
+    return frame;
+  };
+  rowset.FetchProgress = [current, source](std::int32_t rows, std::int32_t max_rows, int,
+                                           Recordset& from) {
+    const RecordsetPtr keep = from.shared_from_this();
+    if (const auto frame = current(from)) {
+      frame->SourceFetchProgress(source, rows, max_rows);
+    }
+  };
+  rowset.FetchComplete = [current, source](const Error* error, int, Recordset& from) {
+    const RecordsetPtr keep = from.shared_from_this();
+    if (const auto frame = current(from)) {
+      if (error != nullptr) frame->SlotOf(source).failure = *error;
+      frame->SourceFetchComplete();
+    }
+  };
+}
+
+void ReportFrame::SourceFetchProgress(Source source, std::int32_t rows, std::int32_t max_rows) {
+  Slot& slot = SlotOf(source);
+  if (!slot.seen) {
+    if (__builtin_add_overflow(lngFetchTotal, max_rows, &lngFetchTotal)) {
+      throw Error(ErrorNumber::kOverflow, "the rows that a report fetches are too many to count");
+    }
+    if (source == Source::Rs1) ++lngRs1Fetches;
+  }
+  slot.seen = true;
+  RaiseStepProgress(rows, "FetchingData", max_rows, 20);
+}
+
+void ReportFrame::SourceFetchComplete() {
+  if (module.bytFetchesDone == std::numeric_limits<std::uint8_t>::max()) {
+    throw Error(ErrorNumber::kOverflow, "the fetches that wait for a report are too many to count");
+  }
+  ++module.bytFetchesDone;
+  DispatchFetchComplete();
+}
+
+// An error of the row builder or of the host's handler leaves from where it is: the ceiling is then
+// not brought down.
+void ReportFrame::DispatchFetchComplete() {
+  const std::shared_ptr<ReportFrame> keep = shared_from_this();
+  const ReportRow* const row = FindRow(reports_, lngReportType);
+  if (row != nullptr && module.bytFetchesDone >= row->awaits) {
+    module.bytFetchesDone = 0;
+    BeginManipulating();
+    if (row->resets_record_no) module.lngRecordNo = 0;
+    if (row->delivery != Delivery::kNothing) {
+      const RecordsetPtr report = Build(*row);
+      const RecordsetPtr delivered =
+          row->delivery == Delivery::kClone ? report->Clone(adLockUnspecified) : report;
+      const std::int32_t any_count =
+          row->any_count == kLinesCounted ? module.lngRecordNo : row->any_count;
+      if (events_ != nullptr && events_->FetchComplete) {
+        const auto handler = events_->FetchComplete;  // it may assign another or end the session
+        handler(delivered, any_count);
+      }
+    }
+  }
+  progress.sngFetchCeiling = kFetchCeiling;
+}
+
+RecordsetPtr ReportFrame::Build(const ReportRow& row) {
+  if (row.builder == nullptr) {
+    throw Error(ErrorNumber::kObjectNotSet, fmt::format("{} has no row builder in this version",
+                                                        ReportTypeText(lngReportType)));
+  }
+  return row.builder(*this);
+}
+
+void ReportFrame::BeginManipulating() {
+  lngFetchTotal = 0;
+  for (Slot& slot : slots_) slot.seen = false;
+  RaiseStepProgress(0, "Manipulating", 0, 20);
+  progress.sngFetchCeiling = kBuildCeiling;
+}
+
+void ReportFrame::RaiseStepProgress(std::int32_t /*lngProgress*/, std::string_view strMessage,
+                                    std::int32_t lngCount, std::int32_t lngRange) noexcept {
+  try {
+    const std::uint8_t percent = progress.Step(lngCount, lngRange);
+    if (events_ == nullptr || !events_->FetchProgress) return;
+    const auto handler = events_->FetchProgress;  // it may assign another or end the session
+    handler(percent, strMessage);
+  } catch (...) {
+  }
+}
+
+bool ReportFrame::EndPass(std::int32_t lngRange) {
+  DoEvents();
+  RaiseStepProgress(1, "manipulating", lngFetchTotal, lngRange);
+  return events_ != nullptr && !blnCancelFetching.IsTrue();
+}
+
+}  // namespace pstolvane1

@@ -1,0 +1,78 @@
+#include "session/ReportFrame.h"
+
+#include <utility>
+
+#include "session/QueryText.h"
+
+namespace pstolvane1 {
+
+ReportFrame::ReportFrame(std::span<const ReportRow> reports, ConnectionMaker make_connection,
+                         clsStolvane1Events& events)
+    : module(*modStolvane1::OfThisThread()),
+      keep_module_(modStolvane1::OfThisThread()),
+      reports_(reports),
+      make_connection_(std::move(make_connection)),
+      events_(&events) {}
+
+void ReportFrame::SetLocale(std::string_view name) {
+  locale_ = Locale::Get(name);
+  module.international.strDateSeparator = LocaleInfoText(*locale_, 29);
+}
+
+const Locale& ReportFrame::Texts() {
+  if (!locale_) locale_ = Locale::Get("");
+  return *locale_;
+}
+
+std::string ReportFrame::Normalise(std::string_view query) const {
+  return NormaliseQueryText(query, Aliases);
+}
+
+const RecordsetPtr& ReportFrame::Replace(Source source) {
+  Slot& slot = SlotOf(source);
+  slot.failure.reset();
+  slot.rowset = Recordset::New();
+  ConnectEvents(source, *slot.rowset);
+  return slot.rowset;
+}
+
+void ReportFrame::UseHostItems(RecordsetPtr items) {
+  Slot& slot = SlotOf(Source::rsItems);
+  slot.failure.reset();
+  slot.rowset = std::move(items);
+}
+
+RecordsetPtr ReportFrame::Rowset(Source source) const {
+  const Slot& slot = SlotOf(source);
+  if (slot.failure) throw *slot.failure;
+  if (!slot.rowset) {
+    throw Error(ErrorNumber::kObjectNotSet, "a source rowset of the report is not set");
+  }
+  return slot.rowset;
+}
+
+bool ReportFrame::Seen(Source source) const { return SlotOf(source).seen; }
+
+// Each step is taken whatever the one before it met.
+void ReportFrame::Class_Terminate() noexcept {
+  const auto pass_over = [](auto&& step) {
+    try {
+      step();
+    } catch (...) {
+    }
+  };
+  events_ = nullptr;
+  module.bytFetchesDone = 0;
+  pass_over([this] { SlotOf(Source::rsReport).rowset.reset(); });
+  if (MainCn) {
+    pass_over([this] {
+      if (MainCn->State() == adStateOpen) MainCn->Cancel();
+    });
+    pass_over([this] {
+      if (MainCn->State() == adStateOpen) MainCn->Close();
+    });
+    pass_over([this] { MainCn.reset(); });
+  }
+}
+
+}  // namespace pstolvane1

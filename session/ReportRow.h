@@ -1,0 +1,55 @@
+// What the dispatcher knows of each report type. Every family hands over a table of these rows.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "session/ReportType.h"
+#include "session/data/Recordset.h"
+
+namespace pstolvane1 {
+
+class ReportFrame;
+
+// Makes a report's rowset from the source rowsets of the frame.
+using RowBuilder = RecordsetPtr (*)(ReportFrame&);
+
+enum class Delivery {
+  kClone,    // the host gets a clone of what the builder made
+  kAsBuilt,  // the host gets it as it is
+  kNothing,  // no builder runs and nothing is delivered
+};
+
+inline constexpr std::int32_t kLinesCounted = -1;
+
+// One row stands for the report types from first to last, which differ in their number only.
+struct ReportRow {
+  ReportType first;
+  ReportType last;
+  std::uint8_t awaits;           // fetches to be complete; 0 goes on at once
+  RowBuilder builder = nullptr;  // nullptr while the family is not built: error 91 to reach it
+  std::int32_t any_count = 0;    // kLinesCounted: the value of lngRecordNo
+  bool resets_record_no = false;
+  Delivery delivery = Delivery::kClone;
+};
+
+// A row for one report type.
+[[nodiscard]] constexpr ReportRow Row(ReportType type, std::uint8_t awaits,
+                                      RowBuilder builder = nullptr, std::int32_t any_count = 0) {
+  return {
+      .first = type, .last = type, .awaits = awaits, .builder = builder, .any_count = any_count};
+}
+// One for the types from first to last.
+[[nodiscard]] constexpr ReportRow Rows(ReportType first, ReportType last, std::uint8_t awaits,
+                                       RowBuilder builder = nullptr, std::int32_t any_count = 0) {
+  return {
+      .first = first, .last = last, .awaits = awaits, .builder = builder, .any_count = any_count};
+}
+
+// nullptr for a type without a row: it is accepted, and nothing is delivered.
+[[nodiscard]] const ReportRow* FindRow(std::span<const ReportRow> rows, std::int32_t report_type);
+
+// "rtDoc_Initial", or the number of a value that has no name.
+[[nodiscard]] std::string ReportTypeText(std::int32_t report_type);
+
+}  // namespace pstolvane1
