@@ -110,8 +110,8 @@ struct Not {
   ExprPtr operand;
 };
 
-// One node for a chain of equal words, however long: at least two operands, none of them a Logical
-// of the same word.
+// One node for a chain of the same word, however long: at least two operands. Parentheses begin a
+// chain of their own.
 enum class LogicalOp { kAnd, kOr };
 struct Logical {
   LogicalOp op;
@@ -157,7 +157,7 @@ struct Expr {
   Node node;
   Place place;           // of the operator, or of the first word where there is none
   std::uint32_t id;      // 0 .. Statement::expressions - 1, each once; keys what is found out later
-  std::uint32_t height;  // 1 for a leaf; at most Limits::kHeight
+  std::uint32_t height;  // 1 for a leaf, more than that of all below; at most Limits::kHeight
 
   [[nodiscard]] bool IsCondition() const;
   template <typename T>
@@ -234,6 +234,7 @@ struct OrderItem {
 // A query inside another one has an ORDER BY only where its one branch has a TOP.
 struct Query {
   Place place;
+  std::uint32_t height;
   std::vector<QueryBranch> branches;  // at least one
   std::vector<OrderItem> order_by;
 };
@@ -251,8 +252,8 @@ struct Statement {
 struct Limits {
   static constexpr std::size_t kTextBytes = 1U << 20;
   static constexpr std::size_t kTokens = 100'000;
-  static constexpr std::uint32_t kNesting = 64;  // of parentheses, subqueries, CASE, NOT and signs
-  static constexpr std::uint32_t kHeight = 256;  // of a tree of expressions or joins
+  static constexpr std::uint32_t kNesting = 100;  // of parentheses, subqueries, NOT and signs
+  static constexpr std::uint32_t kHeight = 256;  // of the whole tree; bounds every walk's recursion
   static constexpr std::size_t kColumns = 1000;  // of a select, a GROUP BY or an ORDER BY
   static constexpr std::size_t kNameBytes = 128;
 };
