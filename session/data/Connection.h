@@ -1,7 +1,6 @@
 // A connection to one company's books.
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -14,7 +13,8 @@
 namespace pstolvane1 {
 
 // Belongs to the thread that made it: call it, and receive its event, on that thread only. It only
-// reads. Rowsets that are open on it keep it alive.
+// reads. Rowsets that are open on it keep it alive. When it goes while it connects, or while rowsets
+// that were disconnected from it still fetch, no event of its own follows.
 class Connection : public std::enable_shared_from_this<Connection> {
  public:
   // The factory opens the database; the engines' own is NewConnection of session/engine/Engines.h.
@@ -26,19 +26,24 @@ class Connection : public std::enable_shared_from_this<Connection> {
   // Before Open.
   void ConnectionString(std::string text);
   [[nodiscard]] const std::string& ConnectionString() const;
-  // Seconds that opening, waiting for a lock and each statement may take; 0 is no limit. 30 at first.
+  // Seconds that opening, waiting for a lock and each statement may take; 0 is no limit, less than 0
+  // is error 3001. 30 at first.
   void CommandTimeout(int seconds);
   [[nodiscard]] int CommandTimeout() const;
 
-  // An empty connection_string leaves the one set before. user and password are for engines that
-  // want them apart. options -1 opens at once and raises error 501 on failure; 16 (adAsyncConnect)
-  // opens in the background. Either way ConnectComplete is called once on this thread, in the second
-  // case while it pumps its messages.
+  // An empty connection_string leaves the one set before. A user and a password belong into it:
+  // error 3001 when they are given apart, for other options, and when it is open or connecting.
+  //   -1: opens at once. Error 501 on failure. ConnectComplete is called once, before Open returns
+  //       or raises.
+  //   16 (adAsyncConnect): opens in the background. ConnectComplete is called once, while this
+  //       thread pumps its messages.
+  // What a handler throws goes to whoever called Open or pumps.
   void Open(std::string_view connection_string = {}, std::string_view user = {},
             std::string_view password = {}, int options = adOptionUnspecified);
   // adStateClosed, adStateConnecting or adStateOpen.
   [[nodiscard]] int State() const;
-  // Ends what runs on the connection with an error. Nothing when nothing runs.
+  // Ends what runs on the connection: rowsets complete with an error, an attempt to connect fails.
+  // Both are told by their events as always. Nothing when nothing runs.
   void Cancel();
   // Error 3704 when it is not open. Fetches that run are cancelled and complete with their error.
   void Close();
@@ -49,8 +54,10 @@ class Connection : public std::enable_shared_from_this<Connection> {
   // The engine's own text for one SELECT of the reports' dialect, without running it.
   [[nodiscard]] std::string Translate(std::string_view select) const;
 
-  // While the object lives, every rowset opened on this connection by this thread reads the same
-  // state of the books. Scopes nest; the inner one joins the outer. Error 3709 when not open.
+  // While the object lives, every rowset that is opened on the connection reads the same state of the
+  // books: the one in which they are when the first of them reads. Scopes nest; the inner one joins
+  // the outer. A fetch holds the state until it ends, also beyond the scope. Error 3709 when the
+  // connection is not open.
   class OneState {
    public:
     explicit OneState(std::shared_ptr<Connection> connection);
@@ -62,12 +69,10 @@ class Connection : public std::enable_shared_from_this<Connection> {
     std::shared_ptr<Connection> connection_;
   };
 
-  // For rowsets: the state to read now, that of the innermost OneState or a fresh one.
-  [[nodiscard]] std::shared_ptr<Snapshot> StateToRead();
-  [[nodiscard]] std::chrono::milliseconds TimeLimit() const;
-
  private:
+  friend struct ConnectionAccess;  // rowsets, inside the library
   explicit Connection(ProviderFactory factory);
+  void RaiseConnectComplete(const Error* error);
   struct Impl;
   std::unique_ptr<Impl> impl_;
 };

@@ -1,0 +1,20 @@
+#include "session/data/Background.h"
+
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "session/data/Error.h"
+
+namespace pstolvane1 {
+
+void RunBeside(std::function<void()> work) {
+  try {
+    std::thread(std::move(work)).detach();
+  } catch (const std::system_error& error) {
+    throw Error(ErrorNumber::kQueryRefused,
+                std::string("no thread can be started to work in the background: ") + error.what());
+  }
+}
+
+}  // namespace pstolvane1

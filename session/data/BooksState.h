@@ -1,0 +1,46 @@
+// One state of the books, taken when somebody first reads it.
+#pragma once
+
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <utility>
+
+#include "session/data/Provider.h"
+
+namespace pstolvane1 {
+
+// Shared by the rowsets that are to see the same state, from any thread. Taking a state may wait for
+// a lock on the books, so that it is left to the thread that reads: an asynchronous open does not
+// wait. The state is let go with the last of its owners.
+class BooksState {
+ public:
+  BooksState(std::shared_ptr<Provider> provider, std::chrono::milliseconds time_limit)
+      : provider_(std::move(provider)), time_limit_(time_limit) {}
+
+  // The first call takes the state; those that come meanwhile wait for it. When it fails, it fails
+  // for all with the same error: the next one would only wait as long again.
+  [[nodiscard]] std::shared_ptr<Snapshot> Take() {
+    const std::lock_guard lock(mutex_);
+    if (failure_) std::rethrow_exception(failure_);
+    if (!snapshot_) {
+      try {
+        snapshot_ = provider_->TakeSnapshot(time_limit_);
+      } catch (...) {
+        failure_ = std::current_exception();
+        throw;
+      }
+    }
+    return snapshot_;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::shared_ptr<Provider> provider_;
+  std::chrono::milliseconds time_limit_;
+  std::shared_ptr<Snapshot> snapshot_;
+  std::exception_ptr failure_;
+};
+
+}  // namespace pstolvane1
