@@ -11,9 +11,9 @@
 
 namespace pstolvane1 {
 
-// Shared by the rowsets that are to see the same state, from any thread. Taking a state may wait for
-// a lock on the books, so that it is left to the thread that reads: an asynchronous open does not
-// wait. The state is let go with the last of its owners.
+// Shared by the rowsets that are to see the same state, from any thread. Taking a state may wait
+// for a lock on the books, so that it is left to the thread that reads: an asynchronous open does
+// not wait. The state is let go with the last of its owners.
 class BooksState {
  public:
   BooksState(std::shared_ptr<Provider> provider, std::chrono::milliseconds time_limit)

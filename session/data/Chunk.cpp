@@ -19,7 +19,6 @@ std::size_t StorageWidth(DataType type) {
       return sizeof(std::int16_t);
     case adInteger:
     case adSingle:
-    case adChapter:
       return sizeof(std::int32_t);
     case adDouble:
     case adCurrency:
@@ -28,6 +27,8 @@ std::size_t StorageWidth(DataType type) {
     case adBSTR:
     case adVarChar:
       return sizeof(std::int64_t);
+    case adChapter:
+      return 0;
     case adEmpty:
       break;
   }

@@ -24,8 +24,8 @@ struct ColumnInfo {
 };
 
 // Bytes of one cell of a type: Integer int32, Single float, Double double, Currency int64
-// ten-thousandths, Date double serial, Boolean int16, BigInt int64, text TextRef, chapter uint32
-// (the group's number). Error 3001 for a type that no column can have.
+// ten-thousandths, Date double serial, Boolean int16, BigInt int64, text TextRef, chapter
+// nothing (its rows are the store's business). Error 3001 for a type that no column can have.
 [[nodiscard]] std::size_t StorageWidth(DataType type);
 
 // A fixed number of rows of the same columns. Cells begin as Null. One thread writes it, then it is

@@ -37,8 +37,8 @@ struct Connection::Impl {
   std::string connection_string;
   int timeout = 30;
 
-  std::shared_ptr<Provider> provider;   // while open
-  std::shared_ptr<const int> attempt;   // while connecting: what is compared is which object it is
+  std::shared_ptr<Provider> provider;  // while open
+  std::shared_ptr<const int> attempt;  // while connecting: what is compared is which object it is
   std::vector<std::weak_ptr<FetchStop>> fetches;
 
   int scopes = 0;                     // OneState objects

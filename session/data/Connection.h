@@ -13,8 +13,8 @@
 namespace pstolvane1 {
 
 // Belongs to the thread that made it: call it, and receive its event, on that thread only. It only
-// reads. Rowsets that are open on it keep it alive. When it goes while it connects, or while rowsets
-// that were disconnected from it still fetch, no event of its own follows.
+// reads. Rowsets that are open on it keep it alive. When it goes while it connects, or while
+// rowsets that were disconnected from it still fetch, no event of its own follows.
 class Connection : public std::enable_shared_from_this<Connection> {
  public:
   // The factory opens the database; the engines' own is NewConnection of session/engine/Engines.h.
@@ -26,8 +26,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
   // Before Open.
   void ConnectionString(std::string text);
   [[nodiscard]] const std::string& ConnectionString() const;
-  // Seconds that opening, waiting for a lock and each statement may take; 0 is no limit, less than 0
-  // is error 3001. 30 at first.
+  // Seconds that opening, waiting for a lock and each statement may take; 0 is no limit, less than
+  // 0 is error 3001. 30 at first.
   void CommandTimeout(int seconds);
   [[nodiscard]] int CommandTimeout() const;
 
@@ -54,10 +54,10 @@ class Connection : public std::enable_shared_from_this<Connection> {
   // The engine's own text for one SELECT of the reports' dialect, without running it.
   [[nodiscard]] std::string Translate(std::string_view select) const;
 
-  // While the object lives, every rowset that is opened on the connection reads the same state of the
-  // books: the one in which they are when the first of them reads. Scopes nest; the inner one joins
-  // the outer. A fetch holds the state until it ends, also beyond the scope. Error 3709 when the
-  // connection is not open.
+  // While the object lives, every rowset that is opened on the connection reads the same state of
+  // the books: the one in which they are when the first of them reads. Scopes nest; the inner one
+  // joins the outer. A fetch holds the state until it ends, also beyond the scope. Error 3709 when
+  // the connection is not open.
   class OneState {
    public:
     explicit OneState(std::shared_ptr<Connection> connection);

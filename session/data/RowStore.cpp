@@ -36,28 +36,24 @@ RowStore::RowStore(std::vector<ColumnInfo> columns, Kind kind)
     : kind_(kind),
       columns_(std::move(columns)),
       names_(columns_),
-      stored_columns_(columns_.size()),
+      chapters_(columns_.size()),
       optimized_(columns_.size()),
       indexes_(columns_.size()),
-      filters_(std::make_unique<FilterCache>()) {}
+      filters_(std::make_unique<FilterCache>()) {
+  const auto none = std::make_shared<const ChapterRows>();
+  for (std::size_t column = 0; column < columns_.size(); ++column) {
+    if (columns_[column].type == adChapter) chapters_[column] = none;
+  }
+}
 
 RowStore::~RowStore() = default;
 
-int RowStore::AddChapterColumn(std::string name) {
-  columns_.push_back({std::move(name), adChapter, 0, adFldDefault});
-  names_.Add(columns_.back().name);
-  chapters_.push_back(std::make_shared<ChapterRows>());
-  optimized_.push_back(false);
-  indexes_.emplace_back();
-  return static_cast<int>(columns_.size() - 1);
-}
-
 void RowStore::SetChapters(int column, std::shared_ptr<const ChapterRows> chapters) {
-  chapters_[static_cast<std::size_t>(column) - stored_columns_] = std::move(chapters);
+  chapters_[static_cast<std::size_t>(column)] = std::move(chapters);
 }
 
 const std::shared_ptr<const ChapterRows>& RowStore::Chapters(int column) const {
-  return chapters_[static_cast<std::size_t>(column) - stored_columns_];
+  return chapters_[static_cast<std::size_t>(column)];
 }
 
 void RowStore::Append(Chunk chunk) {
@@ -81,6 +77,17 @@ void RowStore::Append(Chunk chunk) {
   rows_ += count;
   DropIndexes();
   for (RowView* view : views_) view->OnAppended(first, first + count);
+}
+
+std::vector<Chunk> RowStore::TakeChunks() {
+  std::vector<Chunk> taken;
+  taken.reserve(chunks_.size());
+  for (const auto& chunk : chunks_) taken.push_back(std::move(*chunk));
+  chunks_.clear();
+  first_rows_ = std::numeric_limits<std::size_t>::max();
+  rows_ = 0;
+  DropIndexes();
+  return taken;
 }
 
 std::uint32_t RowStore::FirstRowOf(std::size_t chunk) const {
@@ -159,7 +166,7 @@ std::size_t RowStore::Bytes() const {
   std::size_t bytes = hidden_.capacity() * sizeof(std::uint64_t);
   for (const auto& chunk : chunks_) bytes += chunk->Bytes();
   for (const auto& index : indexes_) bytes += index ? index->Bytes() : 0;
-  for (const auto& chapters : chapters_) bytes += chapters->Bytes();
+  for (const auto& chapters : chapters_) bytes += chapters ? chapters->Bytes() : 0;
   return bytes;
 }
 

@@ -51,7 +51,6 @@ class RowStore {
   RowStore& operator=(const RowStore&) = delete;
 
   // --- Columns -----------------------------------------------------------------------------------
-  // The columns of the chunks first, then the chapters.
   [[nodiscard]] const std::vector<ColumnInfo>& Columns() const { return columns_; }
   [[nodiscard]] const ColumnInfo& Column(int column) const {
     return columns_[static_cast<std::size_t>(column)];
@@ -59,9 +58,8 @@ class RowStore {
   [[nodiscard]] int FindColumn(std::string_view name) const { return names_.Find(name); }  // or -1
   [[nodiscard]] Kind KindOf() const { return kind_; }
 
-  // Adds a chapter column behind the others and gives its number. Its chapters are empty until
-  // SetChapters; both may be called while rows are still being appended.
-  int AddChapterColumn(std::string name);
+  // The chapters of a column of type adChapter; empty ones until they are set, which may be while
+  // rows are still being appended.
   void SetChapters(int column, std::shared_ptr<const ChapterRows> chapters);
   [[nodiscard]] const std::shared_ptr<const ChapterRows>& Chapters(int column) const;
 
@@ -71,6 +69,9 @@ class RowStore {
   // many rows as fit (Chunk::kRows), but the first, whose capacity is free, and the last, which
   // need not be full: error 3001 for a chunk behind one that is not full.
   void Append(Chunk chunk);
+  // Gives all chunks away in their order, for a store that only served to join rows: it has no rows
+  // and must have no rowsets.
+  [[nodiscard]] std::vector<Chunk> TakeChunks();
   // Numbers given so far, those of hidden rows too.
   [[nodiscard]] std::uint32_t Rows() const { return rows_; }
   [[nodiscard]] std::uint32_t LiveRows() const { return rows_ - hidden_count_; }
@@ -144,8 +145,7 @@ class RowStore {
   Kind kind_;
   std::vector<ColumnInfo> columns_;
   ColumnNames names_;
-  std::size_t stored_columns_;
-  std::vector<std::shared_ptr<const ChapterRows>> chapters_;
+  std::vector<std::shared_ptr<const ChapterRows>> chapters_;  // null for other columns
 
   std::vector<std::unique_ptr<Chunk>> chunks_;
   std::size_t first_rows_ =
