@@ -1,0 +1,2 @@
+-- every relation between items
+select * from itemrelationship
