@@ -30,11 +30,11 @@ class Boolean {
   constexpr Boolean(bool flag) : raw_(flag ? std::int16_t{-1} : std::int16_t{0}) {}  // NOLINT
   // A whole number as the host passed it: 1 is not True.
   template <std::integral T>
-    requires(!std::same_as<T, bool>)
-  constexpr Boolean(T raw) : raw_(static_cast<std::int16_t>(raw)) {}  // NOLINT
+  requires(!std::same_as<T, bool>) constexpr Boolean(T raw)
+      : raw_(static_cast<std::int16_t>(raw)) {}  // NOLINT
 
-  [[nodiscard]] constexpr bool IsTrue() const { return raw_ == -1; }   // exactly True
-  [[nodiscard]] constexpr bool IsSet() const { return raw_ != 0; }     // True in a condition
+  [[nodiscard]] constexpr bool IsTrue() const { return raw_ == -1; }  // exactly True
+  [[nodiscard]] constexpr bool IsSet() const { return raw_ != 0; }    // True in a condition
   [[nodiscard]] constexpr std::int16_t Raw() const { return raw_; }
   friend constexpr bool operator==(Boolean, Boolean) = default;
 
