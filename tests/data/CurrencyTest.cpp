@@ -22,10 +22,11 @@ TEST(Currency, HoldsTenThousandths) {
 
 TEST(Currency, RoundsADoubleHalfToEvenAtTheFourthDecimal) {
   EXPECT_EQ(UnitsOf(1.5), 15000);
-  EXPECT_EQ(UnitsOf(0.00005), 0);  // 0.5 units
-  EXPECT_EQ(UnitsOf(0.00015), 2);  // 1.5 units
-  EXPECT_EQ(UnitsOf(0.00025), 2);  // 2.5 units
-  EXPECT_EQ(UnitsOf(-0.00015), -2);
+  EXPECT_EQ(UnitsOf(0.03125), 312);  // 312.5 units
+  EXPECT_EQ(UnitsOf(0.09375), 938);  // 937.5 units
+  EXPECT_EQ(UnitsOf(-0.03125), -312);
+  EXPECT_EQ(UnitsOf(-0.09375), -938);
+  EXPECT_EQ(UnitsOf(0.00015), 1);  // in double 1.4999999999999998 units
   EXPECT_EQ(UnitsOf(100.0 / 3.0), 333333);
   EXPECT_EQ(UnitsOf(-0.0), 0);
 }

@@ -95,7 +95,7 @@ TEST(Variant, ReadsNumbersFromText) {
   EXPECT_EQ(Variant("-9223372036854775808").ToInt64(), std::numeric_limits<std::int64_t>::min());
   EXPECT_EQ(Variant("922337203685477.5807").ToCurrency(),
             Currency::FromText("922337203685477.5807"));
-  EXPECT_EQ(Variant("0.00015").ToCurrency().TenThousandths(), 2);
+  EXPECT_EQ(Variant("0.09375").ToCurrency().TenThousandths(), 938);
   for (const char* text : {"", "abc", "1,5", "12 34", "1e", "."}) {
     ExpectError(ErrorNumber::kTypeMismatch,
                 "the text \"" + std::string(text) + "\" cannot be used as a number",
