@@ -9,8 +9,8 @@ namespace pstolvane1 {
 
 // The four values as SetFilter was given them.
 struct DocumentFilter {
-  std::string strVouchertypeFilter;
-  std::string strSubgroupFilter;
+  std::string strVouchertypeFilter = {};
+  std::string strSubgroupFilter = {};
   std::uint8_t btTypeOfentry = 0;
   std::uint8_t OptNo = 0;
 };
