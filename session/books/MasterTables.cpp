@@ -39,7 +39,7 @@ constexpr Index kItems1Indexes[] = {{"Items1_Category", "ItemCategory_id"},
 constexpr Column kBatches1[] = {{"Batch_id", kKey},        {"BatchCode", kText, 40},
                                 {"Item_id", kWhole},       {"Color_id", kWhole},
                                 {"DateOfPurchase", kDate}, {"ManufactureDate", kDate},
-                                {"EngineNo", kText, 40},   {"QtyOnHand", kSingle}};
+                                {"EngineNo", kText, 40},   {"QtyOnHand", kWhole}};
 constexpr Index kBatches1Indexes[] = {{"Batches1_Item", "Item_id, Color_id"},
                                       {"Batches1_Code", "BatchCode"},
                                       {"Batches1_EngineNo", "EngineNo"}};
