@@ -109,12 +109,12 @@ TEST_P(SampleRules, NoDocumentIsWithoutLines) {
 }
 
 TEST_P(SampleRules, EveryLineOfGoodsMovesItsQuantityUnlessItsDocumentIsDeleted) {
-  EXPECT_EQ(Count("(SELECT QtyDespIn + QtyDespOut AS quantity, d.Deleted AS deleted, "
+  EXPECT_EQ(Count("(SELECT QtyDespIn + QtyDespOut AS quantity, d.Deleted AS gone, "
                   "ConsiderForSih AS goods, coalesce(sum(Qty), 0) AS moved FROM DesrDetails1 l "
                   "JOIN Desr1 d ON d.Desr_id = l.Desr_id JOIN Items1 i ON i.Item_id = l.Item_id "
                   "LEFT JOIN GodownItem1 g ON g.DesrDetails_id = l.DesrDetails_id "
                   "GROUP BY l.DesrDetails_id "
-                  "HAVING moved <> CASE WHEN deleted OR NOT goods THEN 0 ELSE quantity END)"),
+                  "HAVING moved <> CASE WHEN gone OR NOT goods THEN 0 ELSE quantity END)"),
             0);
 }
 
