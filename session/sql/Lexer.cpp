@@ -218,7 +218,11 @@ class Lexer {
       at_ += has_sign ? 2 : 1;
       SkipDigits();
     }
-    if (IsNamePart(At(at_)) || At(at_) == '.') {
+    // "= 4and ..." stands in texts that are put together; only a keyword may follow so closely.
+    std::size_t behind = at_;
+    while (IsNamePart(At(behind))) ++behind;
+    const bool keyword = KeywordOf(text_.substr(at_, behind - at_)) != Keyword::kNone;
+    if ((behind > at_ && !keyword) || At(at_) == '.') {
       Fail(begin, "the number " + std::string(text_.substr(begin, at_ - begin)) +
                       " runs into what stands behind it");
     }
