@@ -8,8 +8,8 @@
 
 namespace pstolvane1::sql {
 
-// The types of the dialect. Numbers rank, low to high: flag, whole, big whole, money, decimal,
-// single, real; date ranks above them, text below. kNull is the type of the word NULL alone.
+// The types of the dialect, in the order in which they rank, low to high: of two values that meet,
+// the lower one becomes the higher one. kNull is the type of the word NULL alone.
 enum class Type {
   kNull,
   kText,
@@ -28,7 +28,9 @@ enum class Type {
 struct CatalogColumn {
   std::string name;
   Type type = Type::kText;
-  int size = 0;               // characters of a text column; 0 where there is no limit
+  int size = 0;                // characters of a text column; 0 where there is no limit
+  int digits = 0;              // of a decimal column, before and behind the point together
+  int places = 0;              // of a decimal column, behind the point
   bool date_has_time = false;  // of a date column: declared with a time of day
 };
 
@@ -45,11 +47,12 @@ class Catalog {
  public:
   Catalog() = default;
   explicit Catalog(std::vector<CatalogTable> tables);
+  // Null when there is none.
   [[nodiscard]] const CatalogTable* Find(std::string_view table) const;
   [[nodiscard]] const std::vector<CatalogTable>& Tables() const { return tables_; }
 
  private:
-  std::vector<CatalogTable> tables_;  // by folded name
+  std::vector<CatalogTable> tables_;  // in the order of their folded names
 };
 
 // The dialect's type of a column declared as "DECIMAL(19,4)", "BIT", "int", "varchar(50)",
