@@ -30,6 +30,10 @@ inline constexpr SqliteFunction kSqliteFunctions[] = {
     // (x, n): x, taken to 15 significant digits, to n decimals, half away from zero; n may be
     // negative. Real, or integer for an integer x.
     {"pst_round", 2},
+    // (x, digits, places): pst_round(x, places); error 6 for more than digits - places digits
+    // before
+    // the point.
+    {"pst_decimal", 3},
     // (x, bits): x itself when it is an integer of that many bits (32 or 64), otherwise error 6:
     // whole arithmetic that has left its range.
     {"pst_fits", 2},

@@ -1,0 +1,73 @@
+#include <variant>
+
+#include "session/sql/SqliteEmitter.h"
+
+namespace pstolvane1::sql {
+namespace {
+
+bool IsInner(const bound::From& from) {
+  const auto* join = std::get_if<bound::Join>(&from.node);
+  if (join == nullptr) return true;
+  const bool inner = join->kind == JoinKind::kInner || join->kind == JoinKind::kCross;
+  return inner && IsInner(*join->left) && IsInner(*join->right);
+}
+
+std::string_view WordsOf(JoinKind kind) {
+  switch (kind) {
+    case JoinKind::kLeft:
+      return " LEFT JOIN ";
+    case JoinKind::kRight:
+      return " RIGHT JOIN ";
+    case JoinKind::kFull:
+      return " FULL JOIN ";
+    default:
+      // SQLite's CROSS JOIN would also fix the order in which the tables are read.
+      return " JOIN ";
+  }
+}
+
+}  // namespace
+
+std::string SqliteEmitter::FromText(const bound::From& from) {
+  if (const auto* join = std::get_if<bound::Join>(&from.node)) return JoinText(*join);
+  return SourceText(*std::get<std::unique_ptr<bound::Source>>(from.node));
+}
+
+std::string SqliteEmitter::JoinText(const bound::Join& join) {
+  const std::string left = FromText(*join.left);
+  std::string right = FromText(*join.right);
+  const auto* nested = std::get_if<bound::Join>(&join.right->node);
+  const bool inner = join.kind == JoinKind::kInner || join.kind == JoinKind::kCross;
+  // Of inner joins alone the order does not matter, and SQLite plans them better side by side than
+  // in parentheses: a join (b join c on q) on p is a join b join c on q and p.
+  const bool side_by_side = nested != nullptr && inner && IsInner(*join.right);
+  if (nested != nullptr && !side_by_side) right = "(" + right + ")";
+  std::string text = left + std::string(WordsOf(join.kind)) + right;
+  if (!join.on) return text;
+  const SqliteText on = Condition(*join.on);
+  const bool has_on = side_by_side && nested->on != nullptr;
+  if (!has_on) return text + " ON " + on.text;
+  return text + " AND " + Bracketed(on, SqliteBinding::kNot);
+}
+
+std::string SqliteEmitter::SourceText(const bound::Source& source) {
+  if (source.query) {
+    std::vector<SqliteState> states;
+    std::string text = "(" + QueryText(*source.query, Use::kRows, states) + ")";
+    states_[&source] = std::move(states);
+    return text + " AS " + SqliteName(source.name);
+  }
+  std::vector<SqliteState>& states = states_[&source];
+  for (const bound::SourceColumn& column : source.columns) {
+    SqliteState state = WholeState(column.type);
+    const bool raw = column.type.type == Type::kFlag ||
+                     (column.type.type == Type::kDate && column.type.has_time);
+    if (raw) state.form = SqliteForm::kRaw;
+    state.real = column.type.type == Type::kSingle || column.type.type == Type::kReal;
+    states.push_back(state);
+  }
+  const std::string table = SqliteName(source.table->name);
+  return source.name == source.table->name ? table : table + " AS " + SqliteName(source.name);
+}
+
+}  // namespace pstolvane1::sql

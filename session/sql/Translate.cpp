@@ -1,0 +1,20 @@
+#include "session/sql/Translate.h"
+
+#include "session/sql/Binder.h"
+#include "session/sql/Parser.h"
+#include "session/sql/SqliteEmitter.h"
+
+namespace pstolvane1::sql {
+
+Translation TranslateForSqlite(std::string_view select, const Catalog& catalog) {
+  const Statement statement = Parse(select);
+  const bound::Query query = Bind(statement, catalog);
+  Translation translation;
+  translation.text = EmitSqlite(query);
+  for (const bound::SourceColumn& column : query.columns) {
+    translation.columns.push_back({column.name, column.type.type, column.type.size});
+  }
+  return translation;
+}
+
+}  // namespace pstolvane1::sql
