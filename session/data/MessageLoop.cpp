@@ -1,6 +1,7 @@
 #include "session/data/MessageLoop.h"
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -25,6 +26,7 @@ class ThreadQueue final : public MessageQueue {
       const std::lock_guard lock(mutex_);
       if (ended_ || !message) return;
       waiting_.push_back({++last_number_, std::move(message)});
+      any_waiting_.store(true, std::memory_order_release);
       if (waiting_.size() == 1) Signal();
     }
     arrived_.notify_one();
@@ -33,6 +35,8 @@ class ThreadQueue final : public MessageQueue {
   // Delivers what waits now, not what comes meanwhile: a message that posts another one every time
   // would never let its caller go.
   bool Deliver() {
+    // Row builders come here after every row, nearly always for nothing.
+    if (!any_waiting_.load(std::memory_order_acquire)) return false;
     const std::uint64_t last = LastWaiting();
     bool any = false;
     while (Message message = Take(last)) {
@@ -69,6 +73,7 @@ class ThreadQueue final : public MessageQueue {
     std::deque<Numbered> dropped;
     const std::lock_guard lock(mutex_);
     ended_ = true;
+    any_waiting_.store(false, std::memory_order_release);
     dropped.swap(waiting_);
   }
 
@@ -88,7 +93,10 @@ class ThreadQueue final : public MessageQueue {
     if (waiting_.empty() || waiting_.front().number > last) return nullptr;
     Message message = std::move(waiting_.front().message);
     waiting_.pop_front();
-    if (waiting_.empty()) Unsignal();
+    if (waiting_.empty()) {
+      any_waiting_.store(false, std::memory_order_release);
+      Unsignal();
+    }
     return message;
   }
 
@@ -107,6 +115,7 @@ class ThreadQueue final : public MessageQueue {
   std::mutex mutex_;
   std::condition_variable arrived_;
   std::deque<Numbered> waiting_;
+  std::atomic<bool> any_waiting_ = false;  // changed under the mutex only
   std::uint64_t last_number_ = 0;
   int descriptor_ = -1;
   bool ended_ = false;
@@ -129,15 +138,12 @@ const std::shared_ptr<ThreadQueue>& ThisThreads() {
 
 std::shared_ptr<MessageQueue> MessageQueue::OfThisThread() { return ThisThreads(); }
 
-void DoEvents() {
-  const std::shared_ptr<ThreadQueue> queue = ThisThreads();
-  queue->Deliver();
-}
+void DoEvents() { ThisThreads()->Deliver(); }
 
 bool WaitForEvents(std::chrono::milliseconds at_most) {
-  const std::shared_ptr<ThreadQueue> queue = ThisThreads();
-  queue->Wait(at_most);
-  return queue->Deliver();
+  ThreadQueue& queue = *ThisThreads();
+  queue.Wait(at_most);
+  return queue.Deliver();
 }
 
 int EventDescriptor() { return ThisThreads()->Descriptor(); }
