@@ -15,8 +15,9 @@ constexpr std::string_view kLedger =
     "LEDGERNAMES1.LEDGER_ID , LEDGERNAMES1.LEDGERNAME AS LEDGERNAME ";
 constexpr std::string_view kByLedger =
     "GROUP BY LEDGERNAMES1.LEDGER_ID , LEDGERNAMES1.LEDGERNAME ORDER BY LEDGERNAMES1.LEDGERNAME ";
-constexpr std::string_view kVoucherJoins =
-    "INNER JOIN LEDGERNAMES1 ON LEDGERNAMES1.LEDGER_ID = VOUCHERDETAILS1.LEDGER_ID "
+constexpr std::string_view kLedgerOfLine =
+    "INNER JOIN LEDGERNAMES1 ON LEDGERNAMES1.LEDGER_ID = VOUCHERDETAILS1.LEDGER_ID ";
+constexpr std::string_view kTypeOfLine =
     "INNER JOIN VOUCHER1 ON VOUCHER1.VOUCHER_ID = VOUCHERDETAILS1.VOUCHER_ID "
     "INNER JOIN VOUCHERTYPE1 ON VOUCHERTYPE1.VOUCHERTYPE_ID = VOUCHER1.VOUCHERTYPE_ID ";
 
@@ -40,30 +41,30 @@ std::string TypeClause(const Doc_InitialArguments& arguments) {
 std::string ComposeUncleared(const Doc_InitialArguments& arguments, const std::string& scale) {
   return fmt::format(
       "SELECT SUM(CREDITAMT+DEBITAMT)/{}  as AMOUNT ,  {}FROM VOUCHERDETAILS1 {}"
-      "INNER JOIN SUBGROUPNAME1 ON SUBGROUPNAME1.SUBGROUP_ID = LEDGERNAMES1.SUBGROUP_ID "
+      "INNER JOIN SUBGROUPNAME1 ON SUBGROUPNAME1.SUBGROUP_ID = LEDGERNAMES1.SUBGROUP_ID {}"
       "WHERE  (Vouchertype1.relatedto = 6 OR Vouchertype1.RelatedTo = 7 ) and "
       "[VHRDETAILDATE] BETWEEN #{}# AND #{}# AND  "
       "(VOUCHERDETAILS1.CLEARANCEDATE IS NULL) AND  "
       "VOUCHERDETAILS1.DELETED = 0 AND VOUCHERDETAILS1.VHRDETAILOPTIONAL = 0  "
       "AND VOUCHERDETAILS1.CLEARANCEDATE IS NULL  "
       "AND SUBGROUPNAME1.CODE IN (2,41) {}",
-      scale, kLedger, kVoucherJoins, arguments.from, arguments.to, kByLedger);
+      scale, kLedger, kLedgerOfLine, kTypeOfLine, arguments.from, arguments.to, kByLedger);
 }
 
 std::string ComposeReceived(const Doc_InitialArguments& arguments, const std::string& scale) {
   return fmt::format(
-      "SELECT SUM(CREDITAMT)/{}  as AMOUNT ,  {}FROM VOUCHERDETAILS1 {} Where {}"
+      "SELECT SUM(CREDITAMT)/{}  as AMOUNT ,  {}FROM VOUCHERDETAILS1 {}{} Where {}"
       " and  [VHRDETAILDATE] BETWEEN #{}# AND #{}# AND  "
       " VoucherDetails1.Creditamt > 0 and VOUCHERDETAILS1.DELETED = 0 AND "
       "VOUCHERDETAILS1.VHRDETAILOPTIONAL = 0  {}",
-      scale, kLedger, kVoucherJoins, TypeClause(arguments), arguments.from, arguments.to,
-      kByLedger);
+      scale, kLedger, kLedgerOfLine, kTypeOfLine, TypeClause(arguments), arguments.from,
+      arguments.to, kByLedger);
 }
 
 std::string ComposeDocuments(const Doc_InitialArguments& arguments, const std::string& scale) {
   return fmt::format(
-      "SELECT SUM(DESR1.TOTALAMOUNT)/{}  as AMOUNT , {}FROM DESR1 "
-      "INNER JOIN VOUCHERTYPE1 ON VOUCHERTYPE1.VOUCHERTYPE_ID = DESR1.VOUCHERTYPE_ID "
+      "SELECT SUM(DESR1.TOTALAMOUNT)/{}  as AMOUNT , {}FROM (DESR1 "
+      "INNER JOIN VOUCHERTYPE1 ON VOUCHERTYPE1.VOUCHERTYPE_ID = DESR1.VOUCHERTYPE_ID) "
       "INNER JOIN LEDGERNAMES1 ON LEDGERNAMES1.LEDGER_ID = DESR1.LEDGER_ID "
       "WHERE {} AND DESR1.DELETED = 0 And Desr1.Optional =0 AND "
       " DESR1.{} BETWEEN #{}# and #{}# {}",
