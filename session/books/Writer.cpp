@@ -41,20 +41,37 @@ std::string IsoText(Day day) {
   return {text.data(), text.size()};
 }
 
-Writer::Writer(const std::string& path) : path_(path) {
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
-  if (sqlite3_open_v2(path.c_str(), &database_, flags, nullptr) != SQLITE_OK) {
+void Writer::Open(int flags) {
+  if (sqlite3_open_v2(path_.c_str(), &database_, flags | SQLITE_OPEN_NOMUTEX, nullptr) !=
+      SQLITE_OK) {
     const std::string words = database_ ? sqlite3_errmsg(database_) : "out of memory";
     sqlite3_close(database_);
-    throw Error(ErrorNumber::kConnection, "cannot write the books \"" + path + "\": " + words);
+    throw Error(ErrorNumber::kConnection, "cannot write the books \"" + path_ + "\": " + words);
   }
-  // A file that fails on the way is thrown away whole, so it needs no journal; the page size is
-  // fixed so that the same rows give the same bytes.
-  Execute("PRAGMA page_size = 4096");
-  Execute("PRAGMA journal_mode = OFF");
-  Execute("PRAGMA synchronous = OFF");
-  Execute("PRAGMA cache_size = -131072");
-  Execute("BEGIN");
+}
+
+// A file that fails on the way is thrown away whole, so it needs no journal; the page size is fixed
+// so that the same rows give the same bytes.
+Writer::Writer(const std::string& path) : path_(path) {
+  Open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  Begin({"PRAGMA page_size = 4096", "PRAGMA journal_mode = OFF", "PRAGMA synchronous = OFF",
+         "PRAGMA cache_size = -131072", "BEGIN"});
+}
+
+Writer::Writer(const std::string& path, Existing) : path_(path) {
+  Open(SQLITE_OPEN_READWRITE);
+  sqlite3_busy_timeout(database_, 10'000);
+  Begin({"BEGIN IMMEDIATE"});
+}
+
+// A constructor that throws does not run its destructor.
+void Writer::Begin(std::initializer_list<const char*> statements) {
+  try {
+    for (const char* statement : statements) Execute(statement);
+  } catch (...) {
+    sqlite3_close(database_);
+    throw;
+  }
 }
 
 Writer::~Writer() { sqlite3_close(database_); }
@@ -128,7 +145,16 @@ void Statement::BindWhole(int place, std::int64_t value) {
   Check(sqlite3_bind_int64(statement_, place, value));
 }
 
+void Statement::BindCopy(int place, std::string_view value) {
+  Check(sqlite3_bind_text64(statement_, place, value.data(), value.size(), SQLITE_TRANSIENT,
+                            SQLITE_UTF8));
+}
+
 void Statement::Step(int count) {
+  if (!TryStep(count)) Check(SQLITE_CONSTRAINT);
+}
+
+bool Statement::TryStep(int count) {
   if (count != sqlite3_bind_parameter_count(statement_)) {
     throw Error(ErrorNumber::kArgumentOutOfRange,
                 std::string("a row has ") + std::to_string(count) +
@@ -136,7 +162,10 @@ void Statement::Step(int count) {
                     "\" takes another number");
   }
   sqlite3_step(statement_);
-  Check(sqlite3_reset(statement_));
+  const int result = sqlite3_reset(statement_);
+  if (result == SQLITE_CONSTRAINT) return false;
+  Check(result);
+  return true;
 }
 
 }  // namespace pstolvane1::books

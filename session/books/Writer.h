@@ -4,6 +4,7 @@
 #include <chrono>
 #include <concepts>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,11 +23,16 @@ using Day = std::chrono::sys_days;
 // "2004-03-31"; the year has four digits.
 [[nodiscard]] std::string IsoText(Day day);
 
-// One new database file, written by one thread. Nothing of it is durable before Finish.
+// One file of books, written by one thread. Nothing is durable before Finish.
 class Writer {
  public:
-  // Opens an empty file. Error 501 when that fails.
+  struct Existing {};
+
+  // Begins an empty file. Error 501 when that fails.
   explicit Writer(const std::string& path);
+  // Begins a transaction on books that are there; unless it is finished they stay as they were.
+  // Waits ten seconds for whoever else writes to them. Error 501 when that fails.
+  Writer(const std::string& path, Existing);
   ~Writer();
   Writer(const Writer&) = delete;
   Writer& operator=(const Writer&) = delete;
@@ -41,6 +47,9 @@ class Writer {
   [[nodiscard]] sqlite3* Raw() const { return database_; }
 
  private:
+  void Open(int flags);
+  void Begin(std::initializer_list<const char*> statements);
+
   std::string path_;
   sqlite3* database_ = nullptr;
 };
@@ -83,8 +92,12 @@ class Statement {
       Bind(place, std::nullopt);
     }
   }
+  // As the text, without needing it afterwards.
+  void BindCopy(int place, std::string_view value);
   // Runs with what is bound; count is how many parameters were given, and must be all.
   void Step(int count);
+  // False when a key or another constraint refuses the row.
+  [[nodiscard]] bool TryStep(int count);
 
  private:
   void BindWhole(int place, std::int64_t value);

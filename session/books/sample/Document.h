@@ -54,7 +54,7 @@ struct Terms {
   std::optional<int> mechanic, financier, service_type;
   std::array<std::string, 6> list;
   std::optional<Day> promised_day, delivered_day, promised_again;
-  std::string promised_time, delivered_time;  // ISO date and time; "" is Null
+  std::string promised_time, delivered_time;  // ISO date, with a time if there is one; "" is Null
   std::string fuel, scratches, extra, arf;
 };
 

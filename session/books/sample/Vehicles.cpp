@@ -35,8 +35,8 @@ Terms SaleTerms(World& world, const Party& buyer, const Vehicle& vehicle) {
   terms.list[5] = std::to_string(item.PriceIn(world.year) / 100 * 7 / 100);
   terms.promised_day = tomorrow;
   terms.promised_again = tomorrow + std::chrono::days(180);
-  terms.promised_time = IsoText(tomorrow) + " 00:00:00";
-  terms.delivered_time = IsoText(tomorrow + std::chrono::days(364)) + " 00:00:00";
+  terms.promised_time = IsoText(tomorrow);
+  terms.delivered_time = IsoText(tomorrow + std::chrono::days(364));
   terms.delivered_day = tomorrow + std::chrono::days(15 * 365);
   terms.extra = terms.address1;
   terms.scratches = terms.address2;
