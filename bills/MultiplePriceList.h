@@ -9,8 +9,9 @@
 
 namespace pstolvane1 {
 
-// One row for each row of the price list, by item. Without a category the text has no "Where", and
-// without cosiderforsih it ends in a bare " and ": the database refuses both, which is meant.
+// One row for each row of the price list, by item. The text has no repair: without a category there
+// is no "Where", so that the conditions go on with the last join's, and without cosiderforsih it
+// ends in a bare " and ", which the database refuses. Both are meant.
 [[nodiscard]] std::string ComposeMultiplePriceList(std::int32_t lngCategory_Id,
                                                    std::int32_t lngClass_Id,
                                                    std::string_view itemstate,

@@ -37,7 +37,7 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   ReportFrame& operator=(const ReportFrame&) = delete;
 
   // --- State
-  // -----------------------------------------------------------------------------------------
+
   std::shared_ptr<Connection> MainCn;
   std::int32_t lngReportType = 0;  // of the report in hand
   Boolean blnCancelFetching;
@@ -51,7 +51,7 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   modStolvane1& module;  // the thread's variables
 
   // --- Connection
-  // ------------------------------------------------------------------------------------
+
   void SetConnection(std::string_view saved_connection, std::string_view connection_string,
                      Boolean asynchronous, Date books_from, Date books_to,
                      std::string_view currency_prefix, std::string_view currency_suffix);
@@ -61,9 +61,9 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   [[nodiscard]] std::string Normalise(std::string_view query) const;
 
   // --- Source rowsets
-  // -------------------------------------------------------------------------------- A new rowset
-  // in the source's place, with its events connected. What the old one still fetches is dropped,
-  // and its events no longer count.
+
+  // A new rowset in the source's place, with its events connected. What the old one still fetches
+  // is dropped, and its events no longer count.
   const RecordsetPtr& Replace(Source source);
   // A rowset of the host's in the place of rsItems; it is read, not fetched.
   void UseHostItems(RecordsetPtr items);
@@ -73,7 +73,7 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   [[nodiscard]] bool Seen(Source source) const;  // it has reported progress
 
   // --- Fetch events and dispatch
-  // -----------------------------------------------------------------------
+
   void SourceFetchProgress(Source source, std::int32_t rows, std::int32_t max_rows);
   // Counts the fetch as done, failed or not, and dispatches.
   void SourceFetchComplete();
@@ -84,13 +84,13 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
                          std::int32_t lngCount, std::int32_t lngRange) noexcept;
 
   // --- For row builders
-  // -------------------------------------------------------------------------------- Ends the pass
-  // of one source row: yields to the message loop, raises "manipulating", and says whether the loop
-  // goes on. False once the report is cancelled or its session is gone.
+
+  // Ends the pass of one source row: yields to the message loop, raises "manipulating", and says
+  // whether the loop goes on. False once the report is cancelled or its session is gone.
   [[nodiscard]] bool EndPass(std::int32_t lngRange = 60);
 
   // --- End
-  // -------------------------------------------------------------------------------------------
+
   // Errors are passed over; no event follows.
   void Class_Terminate() noexcept;
 

@@ -22,6 +22,7 @@ namespace pstolvane1 {
 //
 //   clsStolvane1 session;
 //   session.SetConnection("", "", "books.db", False);
+//   std::string codes = "2,41";
 //   RecordsetPtr ledgers = session.LedgersByCode(3, codes, True);
 //
 // Reports. With blnReport exactly True an operation returns its finished rowset. With anything else
@@ -47,13 +48,13 @@ class clsStolvane1 : public clsStolvane1Events {
   clsStolvane1& operator=(const clsStolvane1&) = delete;
 
   // --- Connect
-  // -------------------------------------------------------------------------------------- Opens
-  // the books that strConnectionString1 names; strProvider and strConnectionString are accepted and
-  // not used. With AsyncConnect exactly True it returns before they are open, and OnConnect tells
-  // how it went. Otherwise they are open when it returns, OnConnect has been raised as well, and a
-  // failure is error 501 "Unable to Connect to Database", whose Cause() says why; the session then
-  // is not connected. Always returns True. dtFromDate and dtToDate are the period of the books. A
-  // second call replaces the connection.
+
+  // Opens the books that strConnectionString1 names; strProvider and strConnectionString are
+  // accepted and not used. With AsyncConnect exactly True it returns before they are open, and
+  // OnConnect tells how it went. Otherwise they are open when it returns, OnConnect has been raised
+  // as well, and a failure is error 501 "Unable to Connect to Database", whose Cause() says why;
+  // the session then is not connected. Always returns True. dtFromDate and dtToDate are the period
+  // of the books. A second call replaces the connection.
   bool SetConnection(std::string_view strProvider, std::string_view strConnectionString,
                      std::string_view strConnectionString1, Boolean AsyncConnect = True,
                      Date dtFromDate = {}, Date dtToDate = {},
@@ -66,7 +67,7 @@ class clsStolvane1 : public clsStolvane1Events {
   void SetLocale(std::string_view name);
 
   // --- Choose what the reports show; each stays in force until it is set again
-  // --------------------------
+
   void SetAliases(const typAliases& pAlias);
   // strVouchertypeFilter is a condition on Vouchertype1. btTypeOfentry 1 keeps the documents whose
   // ledger group has the code 2, 1 or 41, 2 keeps the others, and any other value applies
@@ -76,7 +77,7 @@ class clsStolvane1 : public clsStolvane1Events {
                     std::uint8_t btTypeOfentry, std::uint8_t OptNo);
 
   // --- Stop
-  // -------------------------------------------------------------------------------------------
+
   // True ends a report early, also one that is asked for afterwards: the row in hand and the
   // closing lines are still written, and the rowset is delivered. Stays in force until False is
   // written.
@@ -85,8 +86,8 @@ class clsStolvane1 : public clsStolvane1Events {
   Variant UserPressedCancel();
 
   // --- Lists
-  // ------------------------------------------------------------------------------------------ The
-  // lines of documents as a plain rowset, by Date: ItemName, ItemPartNo, Desr_id, Item_id,
+
+  // The lines of documents as a plain rowset, by Date: ItemName, ItemPartNo, Desr_id, Item_id,
   // DesrRefno, Prefix, Suffix, Date, Qty (in minus out). strFilter is a condition on Desr1 and
   // DesrDetails1, or "". Always synchronous; raises no event.
   [[nodiscard]] RecordsetPtr POrderTextQuery(std::string_view strFilter);
@@ -106,10 +107,10 @@ class clsStolvane1 : public clsStolvane1Events {
   // into sCode, so pass a fresh text each time. Subgroups 33 and 34 are never listed.
   RecordsetPtr LedgersByCode(std::uint8_t bytYearno, std::string& sCode, Boolean blnReport);
 
-  // The items with their six prices, a line for each row of the price list; SrNo, ItemName, Price,
-  // Price2 to Price6 and their twins. The database refuses the query unless lngCategory_Id names a
-  // category and cosiderforsih is a condition. itemstate is one item state; "" and "1,2" are any.
-  // bytYearno, dtFromDate, dtToDate and lngPriceList_Id are not used. A Null price is error 94.
+  // The items with their six prices, a line for each row of the price list: SrNo, ItemName, Price,
+  // Price2 to Price6 and their twins. cosiderforsih is a condition on items; without one the
+  // database refuses the query. itemstate is one item state; "" and "1,2" are any. bytYearno,
+  // dtFromDate, dtToDate and lngPriceList_Id are not used. A Null price is error 94.
   RecordsetPtr MultiplePriceList(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                  std::int32_t lngPriceList_Id, std::int32_t lngCategory_Id = -1,
                                  std::int32_t lngClass_Id = -1, Boolean blnReport = True,

@@ -9,7 +9,6 @@ std::string FormatQuantityText(const Locale& locale, const Variant& value) {
 }
 
 std::string FormatCurrencyText(const Locale& locale, const Variant& value) {
-  // Money keeps all its digits; a double has fifteen.
   if (value.Type() == adCurrency) return locale.FormatCurrency(value.ToCurrency());
   return locale.FormatCurrency(value.ToDouble());
 }
