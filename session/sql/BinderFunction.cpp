@@ -54,20 +54,6 @@ std::string ArgumentCount(const FunctionName& function) {
   return least + (function.least == 1 ? " argument" : " arguments");
 }
 
-// Whether a column of one of the scope's own sources is in the value.
-bool Reaches(const bound::Expr& value, const std::vector<const bound::Source*>& sources,
-             bool& any_column) {
-  if (const auto* column = value.As<bound::Column>()) {
-    any_column = true;
-    return std::ranges::find(sources, column->source) != sources.end();
-  }
-  bool reaches = false;
-  for (const bound::Expr* operand : bound::Operands(value)) {
-    if (operand != nullptr && Reaches(*operand, sources, any_column)) reaches = true;
-  }
-  return reaches;
-}
-
 // The number of characters, or where they begin, has to stand in the text itself.
 bool IsCount(const bound::Expr& value, bool from_one) {
   const auto* literal = value.As<bound::Literal>();
@@ -226,8 +212,7 @@ bound::ExprPtr Binder::BindAggregate(const Expr& value, const Call& call, bound:
   Context inside = context;
   inside.in_aggregate = true;
   bound::ExprPtr argument = BindValue(*call.arguments[0], inside);
-  bool any_column = false;
-  if (!Reaches(*argument, context.scope->sources, any_column) && any_column) {
+  if (!bound::IsConstant(*argument) && !bound::TakesColumnOf(*argument, *context.select)) {
     Refuse(value.place, "the aggregate " + Quoted(call.function.text) +
                             " takes only columns of the query around its own");
   }

@@ -123,7 +123,7 @@ bound::Order Binder::BindOrderItem(const Expr& value, const Scope& scope, bound:
   }
   bound::Select& select = bound.branches[0].select;
   bound::ExprPtr by = BindValue(value, {&scope, &select, Clause::kOrderBy});
-  if (by->As<bound::Literal>() != nullptr) Refuse(value.place, "a constant orders nothing");
+  if (bound::IsConstant(*by)) Refuse(value.place, "a constant orders nothing");
   for (std::size_t i = 0; i < select.items.size(); ++i) {
     if (bound::Same(*select.items[i].value, *by)) return {i, nullptr, false};
   }

@@ -16,6 +16,8 @@ bound::Select Binder::BindSelect(const Select& select, Scope& scope) {
   for (const ExprPtr& by : select.group_by) {
     bound.group_by.push_back(BindValue(*by, {&scope, &bound, Clause::kGroupBy}));
     bound.aggregated = true;
+    if (bound::TakesColumnOf(*bound.group_by.back(), bound)) continue;
+    Refuse(by->place, "a GROUP BY takes no constants, only values of the columns of its FROM");
   }
   for (const SelectItem& item : select.items) {
     if (item.IsStar()) {
@@ -66,12 +68,7 @@ void Binder::CheckGrouped(const bound::Expr& value, const bound::Select& select,
   }
   if (!in_subquery && value.As<bound::Aggregate>() != nullptr) return;
   if (const auto* column = value.As<bound::Column>()) {
-    bool own = false;
-    for (const bound::FromPtr& from : select.from) {
-      bound::ForEachSource(
-          *from, [&](const bound::Source& source) { own = own || &source == column->source; });
-    }
-    if (own) {
+    if (bound::IsOwn(*column->source, select)) {
       Refuse(value.place, Quoted(column->source->name) + "." +
                               Quoted(column->source->columns[column->index].name) +
                               " is neither in the GROUP BY nor in an aggregate");

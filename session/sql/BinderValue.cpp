@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <charconv>
 
 #include "session/sql/Binder.h"
@@ -42,7 +43,7 @@ bound::ExprPtr NumberOf(const NumberLiteral& number, Place place) {
   if (number.form == NumberLiteral::Form::kWhole) {
     text = Shortened(text);
     type.type = FitsWhole(text) ? Type::kWhole : Type::kDecimal;
-    type.digits = type.type == Type::kDecimal ? static_cast<int>(text.size()) : 0;
+    type.digits = static_cast<int>(text.size());
   } else if (number.form == NumberLiteral::Form::kDecimal) {
     const std::size_t point = text.find('.');
     const std::string whole = Shortened(text.substr(0, point));
@@ -70,6 +71,7 @@ bound::ExprPtr Binder::BindValue(const Expr& value, const Context& context) {
     }
     ValueType type{Type::kText};
     for (const char c : text->text) type.size += (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+    type.size = std::max(type.size, 1);
     return MakeExpr(bound::Literal{false, text->text}, type, value.place);
   }
   if (const auto* flag = value.As<FlagLiteral>()) {
@@ -160,7 +162,7 @@ bound::ExprPtr Binder::BindCast(const Expr& value, const Cast& node, const Conte
   bound::ExprPtr operand = BindValue(*node.operand, context);
   const auto type = TypeOfCast(node.type);
   const std::string& name = node.type.name.text;
-  if (!type) Refuse(node.type.name.place, "unknown type " + Quoted(name));
+  if (!type) Refuse(node.type.name.place, Quoted(name) + " is no type to cast to");
   const bool no_size = node.type.size && *node.type.size < 1;
   if (no_size || type->places > type->digits) {
     Refuse(node.type.name.place, "the type " + Quoted(name) + " cannot have this size");

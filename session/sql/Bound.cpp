@@ -1,5 +1,6 @@
 #include "session/sql/Bound.h"
 
+#include <algorithm>
 #include <type_traits>
 
 namespace pstolvane1::sql::bound {
@@ -106,6 +107,28 @@ bool Same(const Expr& a, const Expr& b) {
     if (left[i] != nullptr && !Same(*left[i], *right[i])) return false;
   }
   return true;
+}
+
+bool IsOwn(const Source& source, const Select& select) {
+  bool own = false;
+  for (const FromPtr& from : select.from) {
+    ForEachSource(*from, [&](const Source& one) { own = own || &one == &source; });
+  }
+  return own;
+}
+
+bool TakesColumnOf(const Expr& value, const Select& select) {
+  if (const auto* column = value.As<Column>()) return IsOwn(*column->source, select);
+  return std::ranges::any_of(Operands(value), [&](const Expr* operand) {
+    return operand != nullptr && TakesColumnOf(*operand, select);
+  });
+}
+
+bool IsConstant(const Expr& value) {
+  if (value.As<Column>() != nullptr || value.As<Aggregate>() != nullptr) return false;
+  return QueryOf(value) == nullptr && std::ranges::all_of(Operands(value), [](const Expr* operand) {
+           return operand == nullptr || IsConstant(*operand);
+         });
 }
 
 void ForEachSource(const From& from, const std::function<void(const Source&)>& visit) {

@@ -208,6 +208,12 @@ struct Query {
 [[nodiscard]] const Query* QueryOf(const Expr& expression);
 // The same value, found by structure; two subqueries are never the same.
 [[nodiscard]] bool Same(const Expr& a, const Expr& b);
+// Whether a column of the select's own tables is in the value, subqueries' insides left out.
+[[nodiscard]] bool TakesColumnOf(const Expr& value, const Select& select);
+// Whether it is the same for every row of every group: no column, aggregate or subquery in it.
+[[nodiscard]] bool IsConstant(const Expr& value);
+// Whether it is a table of the select's own FROM.
+[[nodiscard]] bool IsOwn(const Source& source, const Select& select);
 // Calls visit for every source of the tables joined in from.
 void ForEachSource(const From& from, const std::function<void(const Source&)>& visit);
 

@@ -14,22 +14,6 @@ std::string WithCollation(const SqliteText& value) {
 // The name of the one column that pst_only is put around.
 constexpr std::string_view kOnlyColumn = "value";
 
-// An aggregate of SQLite's belongs to the query whose columns it takes, so a value that takes none
-// of its own query's cannot stand in one.
-bool TakesColumnOf(const bound::Expr& value, const bound::Select& select) {
-  if (const auto* column = value.As<bound::Column>()) {
-    bool own = false;
-    for (const bound::FromPtr& from : select.from) {
-      bound::ForEachSource(
-          *from, [&](const bound::Source& source) { own = own || &source == column->source; });
-    }
-    return own;
-  }
-  return std::ranges::any_of(bound::Operands(value), [&](const bound::Expr* operand) {
-    return operand != nullptr && TakesColumnOf(*operand, select);
-  });
-}
-
 std::string LimitText(const bound::Select& select) {
   return select.top ? " LIMIT " + std::to_string(*select.top) : "";
 }
@@ -82,7 +66,10 @@ std::string SqliteEmitter::SelectText(const bound::Select& select, Use use, bool
     from += apart ? "(" + FromText(*table) + ")" : FromText(*table);
   }
   std::string text = select.distinct ? "SELECT DISTINCT " : "SELECT ";
+  const bool any_row = use == Use::kExistence && !select.aggregated && !select.distinct;
+  if (any_row) text += "1";
   for (const bound::Item& item : select.items) {
+    if (any_row) break;
     if (!items.empty()) text += ", ";
     items.push_back(settle ? Settled(*item.value) : Value(*item.value));
     text += ItemText(item, use, settle, items.back());
@@ -132,8 +119,10 @@ std::string SqliteEmitter::OnlyText(const bound::Query& query, std::vector<Sqlit
   const bool one_row = alone && ((select.aggregated && select.group_by.empty()) ||
                                  (select.top && *select.top <= 1) || select.from.empty());
   if (one_row) return QueryText(query, Use::kRows, states);
+  // An aggregate of SQLite's belongs to the query whose columns it takes, so that a value that
+  // takes none of its own query's cannot stand in one.
   const bool plain = alone && !select.aggregated && !select.distinct && !select.top &&
-                     TakesColumnOf(*select.items[0].value, select);
+                     bound::TakesColumnOf(*select.items[0].value, select);
   if (plain) {
     std::vector<SqliteText> items;
     const std::string text = SelectText(select, Use::kOnly, false, items);

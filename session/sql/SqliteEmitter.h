@@ -46,10 +46,11 @@ class SqliteEmitter {
  public:
   // What the rows of a query are for.
   enum class Use {
-    kRows,      // the statement's own, EXISTS, a derived table
-    kCompared,  // IN: values are settled
-    kOnly,      // a value: the one column of the one row
-    kOnlyRows,  // the rows of which there may be one only
+    kRows,       // the statement's own, a derived table
+    kExistence,  // EXISTS: the columns do not matter
+    kCompared,   // IN: values are settled
+    kOnly,       // a value: the one column of the one row
+    kOnlyRows,   // the rows of which there may be one only
   };
   // The states tell of the query's columns.
   [[nodiscard]] std::string QueryText(const bound::Query& query, Use use,
@@ -68,7 +69,12 @@ class SqliteEmitter {
   [[nodiscard]] std::string OnlyText(const bound::Query& query, std::vector<SqliteState>& states);
   // SqliteEmitterFrom.cpp
   [[nodiscard]] std::string FromText(const bound::From& from);
-  [[nodiscard]] std::string JoinText(const bound::Join& join);
+  // Tables side by side, and the conditions that all belong behind the last of them.
+  struct JoinParts {
+    std::string tables;
+    std::vector<SqliteText> on;
+  };
+  [[nodiscard]] JoinParts PartsOf(const bound::Join& join);
   [[nodiscard]] std::string SourceText(const bound::Source& source);
 
   // SqliteEmitterValue.cpp

@@ -102,7 +102,7 @@ SqliteText SqliteEmitter::Condition(const bound::Expr& condition) {
   }
   std::vector<SqliteState> states;
   const bound::Query& query = *std::get<bound::Exists>(condition.node).query;
-  return SqliteCall("EXISTS ", {QueryText(query, Use::kRows, states)});
+  return SqliteCall("EXISTS ", {QueryText(query, Use::kExistence, states)});
 }
 
 // SQLite reads a chain as a tree as deep as the chain is long and has a limit on depth, so that a

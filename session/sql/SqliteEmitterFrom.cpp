@@ -29,25 +29,35 @@ std::string_view WordsOf(JoinKind kind) {
 }  // namespace
 
 std::string SqliteEmitter::FromText(const bound::From& from) {
-  if (const auto* join = std::get_if<bound::Join>(&from.node)) return JoinText(*join);
-  return SourceText(*std::get<std::unique_ptr<bound::Source>>(from.node));
+  const auto* join = std::get_if<bound::Join>(&from.node);
+  if (join == nullptr) return SourceText(*std::get<std::unique_ptr<bound::Source>>(from.node));
+  const JoinParts parts = PartsOf(*join);
+  std::string text = parts.tables;
+  const char* separator = " ON ";
+  for (const SqliteText& on : parts.on) {
+    text += separator + (parts.on.size() > 1 ? Bracketed(on, SqliteBinding::kAnd) : on.text);
+    separator = " AND ";
+  }
+  return text;
 }
 
-std::string SqliteEmitter::JoinText(const bound::Join& join) {
-  const std::string left = FromText(*join.left);
-  std::string right = FromText(*join.right);
+SqliteEmitter::JoinParts SqliteEmitter::PartsOf(const bound::Join& join) {
+  JoinParts parts{FromText(*join.left) + std::string(WordsOf(join.kind)), {}};
   const auto* nested = std::get_if<bound::Join>(&join.right->node);
   const bool inner = join.kind == JoinKind::kInner || join.kind == JoinKind::kCross;
-  // Of inner joins alone the order does not matter, and SQLite plans them better side by side than
-  // in parentheses: a join (b join c on q) on p is a join b join c on q and p.
-  const bool side_by_side = nested != nullptr && inner && IsInner(*join.right);
-  if (nested != nullptr && !side_by_side) right = "(" + right + ")";
-  std::string text = left + std::string(WordsOf(join.kind)) + right;
-  if (!join.on) return text;
-  const SqliteText on = Condition(*join.on);
-  const bool has_on = side_by_side && nested->on != nullptr;
-  if (!has_on) return text + " ON " + on.text;
-  return text + " AND " + Bracketed(on, SqliteBinding::kNot);
+  if (nested == nullptr) {
+    parts.tables += FromText(*join.right);
+  } else if (inner && IsInner(*join.right)) {
+    // Of inner joins alone the order does not matter, and SQLite plans them better side by side
+    // than in parentheses: a join (b join c on q) on p is a join b join c on q and p.
+    JoinParts right = PartsOf(*nested);
+    parts.tables += right.tables;
+    parts.on = std::move(right.on);
+  } else {
+    parts.tables += "(" + FromText(*join.right) + ")";
+  }
+  if (join.on) parts.on.push_back(Condition(*join.on));
+  return parts;
 }
 
 std::string SqliteEmitter::SourceText(const bound::Source& source) {

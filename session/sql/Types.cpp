@@ -56,7 +56,7 @@ ValueType AsDecimal(const ValueType& exact) {
     case Type::kFlag:
       return Decimal(1, 0);
     case Type::kWhole:
-      return Decimal(10, 0);
+      return Decimal(exact.digits == 0 ? 10 : exact.digits, 0);
     case Type::kBigWhole:
       return Decimal(19, 0);
     case Type::kMoney:
@@ -71,6 +71,7 @@ std::optional<ValueType> CommonType(const ValueType& a, const ValueType& b) {
   if (a.type == Type::kNull) return b;
   if (b.type == Type::kDate && IsNumber(a.type)) return std::nullopt;
   ValueType common = b;
+  if (b.type == Type::kWhole) common.digits = 0;
   if (b.type == Type::kText)
     common.size = a.size == 0 || b.size == 0 ? 0 : std::max(a.size, b.size);
   if (b.type == Type::kDate && a.type == Type::kDate) common.has_time = a.has_time || b.has_time;
@@ -102,23 +103,27 @@ std::optional<ValueType> ArithmeticType(ArithmeticOp op, const ValueType& a, con
   if (high == Type::kDecimal && IsNumber(low)) {
     return DecimalResult(op, AsDecimal(a), AsDecimal(b));
   }
-  return a.type == high ? a : b;
+  ValueType result = a.type == high ? a : b;
+  if (high == Type::kWhole) result.digits = 0;
+  return result;
 }
 
+// Types of the server that are narrower than ours are not among them, nor texts that are filled
+// with blanks: a cast to one of them would have another meaning.
 std::optional<ValueType> TypeOfCast(const TypeName& name) {
+  constexpr std::string_view kCasts[] = {
+      "bit",  "int",   "integer",          "bigint", "money",    "decimal",   "dec",     "numeric",
+      "real", "float", "double precision", "date",   "datetime", "datetime2", "varchar", "nvarchar",
+  };
   const std::string word = FoldedName(name.name.text);
-  std::string declared = word;
-  if (name.size) declared += "(" + std::to_string(*name.size);
-  if (name.scale) declared += "," + std::to_string(*name.scale);
-  if (name.size) declared += ")";
-  const std::optional<CatalogColumn> column = ColumnOfDeclaration("", declared);
-  if (!column) return std::nullopt;
-  ValueType type = TypeOfColumn(*column);
-  if (word == "decimal" || word == "numeric" || word == "dec") {
+  if (std::ranges::find(kCasts, word) == std::end(kCasts)) return std::nullopt;
+  const std::string size = name.size ? "(" + std::to_string(*name.size) + ")" : "";
+  ValueType type = TypeOfColumn(ColumnOfDeclaration("", word + size).value());
+  if (word == "decimal" || word == "dec" || word == "numeric") {
     type = Decimal(name.size.value_or(18), name.scale.value_or(0));
   }
   // A length that is not told is 30 here, whatever it is in a table.
-  if (type.type == Type::kText && !name.size) type.size = word.find("text") == word.npos ? 30 : 0;
+  if (type.type == Type::kText && !name.size) type.size = 30;
   return type;
 }
 

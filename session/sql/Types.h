@@ -12,8 +12,10 @@ namespace pstolvane1::sql {
 // The type of a value, and what else is known of it before it is there.
 struct ValueType {
   Type type = Type::kNull;
-  int size = 0;           // of a text: its characters at most, 0 where that is not known
-  int digits = 0;         // of a decimal: digits before and behind the point together, at most 38
+  int size = 0;  // of a text: its characters at most, 0 where that is not known
+  // Of a decimal: digits before and behind the point together, at most 38. Of a whole number that
+  // stands in the text: its own digits, which count where it becomes a decimal.
+  int digits = 0;
   int places = 0;         // of a decimal: digits behind the point
   bool has_time = false;  // of a date: it may have a time of day
 
@@ -41,7 +43,8 @@ struct ValueType {
 [[nodiscard]] std::optional<ValueType> ArithmeticType(ArithmeticOp op, const ValueType& a,
                                                       const ValueType& b);
 
-// The type that a CAST names: varchar(20), money, decimal(18, 4). Empty for one that is not known.
+// The type that a CAST names: varchar(20), money, decimal(18, 4). Empty for one that cannot be cast
+// to.
 [[nodiscard]] std::optional<ValueType> TypeOfCast(const TypeName& name);
 
 }  // namespace pstolvane1::sql
