@@ -153,6 +153,11 @@ bound::ExprPtr Binder::ConvertLiteral(bound::ExprPtr value, const ValueType& tar
     const Place place = value->place;
     return MakeExpr(bound::Negate{std::move(value)}, target, place);
   }
+  if (target.type == Type::kFlag && value->type.type == Type::kWhole) {
+    literal.text = literal.text == "0" ? "0" : "1";
+    value->type = target;
+    return value;
+  }
   const bool widens = value->type.type == Type::kWhole ||
                       (value->type.type == Type::kDecimal && target.type > Type::kDecimal);
   if (widens && IsNumber(target.type) && target.type > value->type.type) {

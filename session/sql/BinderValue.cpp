@@ -66,9 +66,6 @@ bound::ExprPtr Binder::BindValue(const Expr& value, const Context& context) {
     return literal;
   }
   if (const auto* text = value.As<TextLiteral>()) {
-    if (text->text.find('\0') != std::string::npos) {
-      Refuse(value.place, "a text cannot hold the sign of number 0");
-    }
     ValueType type{Type::kText};
     for (const char c : text->text) type.size += (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
     type.size = std::max(type.size, 1);
