@@ -1,0 +1,250 @@
+#include <array>
+
+#include "automation/Families.h"
+#include "session/ReportType.h"
+
+namespace pstolvane1::automation {
+namespace {
+
+constexpr Argument kReportOrNot = kReport.Optional("true");
+constexpr Argument kScaleOrOne = kScale.Optional("1");
+constexpr Argument kToAsVariant = {.name = "dtToDate",
+                                   .type = ArgumentType::kVariant,
+                                   .help = "The last day of the period, as a date."};
+
+constexpr Argument kDocuments[] = {
+    kYearNotUsed,
+    Int32("lngVouchertype_id",
+          "The kind of document: a voucher type's SubRelatedTo; 5 uncleared bank items, 9 "
+          "receipts, 43 job cards."),
+    kFrom,
+    kTo,
+    kReportOrNot,
+    Single("gScale", "Divides every amount.").Optional("1"),
+    Flag("blnNoRel", "The kind is the voucher type's own key.").Optional(),
+    Int32("vhtypeId_NotInc", kNotUsed).Optional(),
+    Text("strBillFilter", "A further condition on the documents, or nothing.").Optional(),
+};
+
+constexpr Argument kLedgers[] = {
+    kYear,
+    Text("sCode", "Subgroup codes with commas between, or nothing; comes back as a condition.")
+        .ByReference(),
+    kReport,
+};
+
+constexpr Argument kAnalysisType =
+    OneOf("reptype", kReportType, "By party, item, group, category, class or area.").ByReference();
+constexpr Argument kOneOrAll = Int32("lngId", "The one group to show, in detail; -1 is all.");
+
+constexpr std::array<Argument, 10> Analysis(const Argument& to) {
+  return {kAnalysisType,
+          kYearNotUsed,
+          kOneOrAll,
+          kFrom,
+          to,
+          Flag("blnDetailed", "A line for each member of a group as well."),
+          kReportOrNot,
+          kScaleOrOne,
+          kConsider.Optional(),
+          kStates.Optional()};
+}
+
+constexpr auto kSales = And(
+    Analysis(kToAsVariant),
+    Rows("rsItems", "Items with Item_id, itemname, ITemDesc and ITemPartno, for item relations.")
+        .Optional());
+constexpr auto kPurchases = Analysis(kToAsVariant);
+
+constexpr Argument kDaily[] = {
+    OneOf("reptype", kReportType, "The days of one party, one item or one group.").ByReference(),
+    kYearNotUsed,
+    Int32("lngId", "The party, item or group."),
+    Int32("lngId2", "A second restriction, to an item or a party; 0 is none."),
+    kFrom,
+    kTo,
+    kReportOrNot,
+    Flag("LongDate", "Show dates in full.").Optional(),
+    kScaleOrOne,
+    Text("RefSeperator", "Kept for the reports that follow.").Optional("/"),
+    Byte("bytOptional", kNotUsed).Optional(),
+    kConsider.Optional(),
+    kStates.Optional(),
+};
+
+constexpr Argument kCommission[] = {
+    OneOf("reptype", kReportType, "By employee or by item.").ByReference(),
+    kYearNotUsed,
+    kFrom,
+    kTo,
+    Flag("blnDetailed", "A line for each item as well."),
+    Int32("lngId1", "The one employee or item to show, in detail; -1 is all.").Optional("-1"),
+    kReportOrNot,
+    kScaleOrOne,
+    Rows("recitem", "Items with itemnew_id and itemname.").Optional(),
+};
+constexpr Argument kCommissionDaily[] = {
+    kYearNotUsed,
+    kFrom,
+    kTo,
+    Int32("lngEmployee_Id", "The employee."),
+    Int32("lngItem_id", "The item."),
+    kReportOrNot,
+    kScaleOrOne,
+    Flag("blnLongDate", "Show dates in full.").Optional(),
+    Byte("bytOpt", kNotUsed).Optional(),
+    Text("sRefSep", "Stands between the parts of a document number.").Optional("/"),
+};
+
+constexpr Argument kColor = Text("lngColor_Id", "The colour's key.");
+constexpr Argument kColorwise[] = {
+    kYear,
+    kFrom,
+    kTo,
+    Int32("lngItem_id", "The item; 0 is all.").Optional(),
+    kReportOrNot,
+    Flag("blnDetailed", kNotUsed).Optional(),
+    kStates.Optional(),
+    kConsider.Optional(),
+};
+constexpr Argument kColorMonths[] = {
+    kYear, kFrom, kTo, Int32("lngItem_id", "The item."), kColor, kReportOrNot,
+};
+constexpr Argument kColorDays[] = {
+    kYear,
+    kFrom,
+    kTo,
+    Int32("lngItem_id", "The item."),
+    kColor,
+    kReportOrNot,
+    Text("sRefSep", "Stands between the parts of a document number.").Optional("/"),
+    Byte("bytOpt", kNotUsed).Optional(),
+    Flag("blnLongDate", "Show dates in full.").Optional(),
+};
+
+constexpr Argument kCategories[] = {
+    Flag("blnIsclass", "Item classes in place of categories."),
+    kYear,
+    kFrom,
+    kTo,
+    Int32("lngId", "The category or class to begin with; 0 is all."),
+    Int32("lngVouchertype_id", "10 for sales, 7 for purchases."),
+    kReportOrNot,
+    Flag("blnDetailed", "A line for each item as well.").Optional(),
+    kScale.Optional(),
+    kConsider.Optional(),
+    kStates.Optional(),
+};
+
+constexpr Argument kItemDays[] = {
+    kYear,
+    kFrom,
+    kTo,
+    Int32("Item_id", "The item; -1 is all."),
+    Int32("Ledger_id", "The party; 0 is all."),
+    Text("strVouchertype", "A condition on the voucher type, or nothing."),
+    kReportOrNot,
+    kScale.Optional(),
+    kConsider.Optional(),
+    kStates.Optional(),
+    Int32("Cat_id", "The category or class, when all items are asked for; -1 is all.")
+        .Optional("-1"),
+    Flag("blnIsclass", "Cat_id is a class.").Optional(),
+};
+
+constexpr ReportTypeRule kSalesTypes[] = {
+    {rtMovement_LedgerAnalysis, rtMovement_SalesReturns_LedgerAnalysis},
+    {rtMovement_ItemAnalysis, rtMovement_SalesReturns_ItemAnalysis},
+    {rtMovement_GroupAnalysis, rtMovement_SalesReturns_GroupAnalysis},
+    {rtMovement_CategoryAnalysis, rtMovement_SalesReturns_CategoryAnalysis},
+    {rtMovement_ClassAnalysis, rtMovement_SalesReturns_ClassAnalysis},
+    {rtMovement_AreaLedgerAnalysis, rtMovement_SalesReturns_AreaLedgerAnalysis},
+    {rtMovement_SalesReturns_ItemRelationAnalysis, rtMovement_SalesReturns_ItemRelationAnalysis},
+};
+constexpr ReportTypeRule kPurchaseTypes[] = {
+    {rtMovement_LedgerAnalysis, rtMovement_PurchaseReturns_LedgerAnalysis},
+    {rtMovement_ItemAnalysis, rtMovement_PurchaseReturns_ItemAnalysis},
+    {rtMovement_GroupAnalysis, rtMovement_PurchaseReturns_GroupAnalysis},
+    {rtMovement_CategoryAnalysis, rtMovement_PurchaseReturns_CategoryAnalysis},
+    {rtMovement_ClassAnalysis, rtMovement_PurchaseReturns_ClassAnalysis},
+    {rtMovement_AreaLedgerAnalysis, rtMovement_PurchaseReturns_AreaLedgerAnalysis},
+};
+constexpr ReportTypeRule kSalesDailyTypes[] = {
+    {rtMovement_LedgerDailyAnalysis, rtMovement_SalesReturns_LedgerDailyAnalysis},
+    {rtMovement_ItemDailyAnalysis, rtMovement_SalesReturns_ItemDailyAnalysis},
+    {rtMovement_GroupDailyAnalysis, rtMovement_SalesReturns_GroupDailyAnalysis},
+};
+constexpr ReportTypeRule kPurchaseDailyTypes[] = {
+    {rtMovement_LedgerDailyAnalysis, rtMovement_PurchaseReturns_LedgerDailyAnalysis},
+    {rtMovement_ItemDailyAnalysis, rtMovement_PurchaseReturns_ItemDailyAnalysis},
+    {rtMovement_GroupDailyAnalysis, rtMovement_PurchaseReturns_GroupDailyAnalysis},
+};
+constexpr ReportTypeRule kCommissionTypes[] = {
+    {rtCommission_Initial_Employeewise, rtCommission_Initial_Employeewise},
+    {rtCommission_Initial_Itemwise, rtCommission_Initial_Itemwise},
+};
+constexpr ReportTypeRule kDocumentsType[] = {{0, rtDoc_Initial}};
+constexpr ReportTypeRule kLedgersType[] = {{0, rtLedgersByCode}};
+constexpr ReportTypeRule kCommissionDailyType[] = {{0, rtCommission_Daily}};
+constexpr ReportTypeRule kColorwiseType[] = {{0, rtColorwise_Initial}};
+constexpr ReportTypeRule kColorMonthsType[] = {{0, rtColorwise_Monthly}};
+constexpr ReportTypeRule kColorDaysType[] = {{0, rtColorwise_Daily}};
+constexpr ReportTypeRule kCategoriesType[] = {{0, rtCategorywise_Initial}};
+constexpr ReportTypeRule kItemDaysType[] = {{0, rtItemwise_DlyBkup}};
+
+constexpr Operation Report(std::string_view name, LaunchKind launch, std::string_view help,
+                           std::span<const Argument> arguments, std::string_view decided_by,
+                           std::span<const ReportTypeRule> types) {
+  return {name, "analysis", launch, ReturnKind::kRowset, help, arguments, decided_by, types};
+}
+// The lines of a report whose queries are open already.
+constexpr Operation Builder(std::string_view name, std::string_view help,
+                            std::span<const ReportTypeRule> type) {
+  return {name, "analysis", LaunchKind::kRowBuilder, ReturnKind::kRowset, help, {}, {}, type};
+}
+
+constexpr Operation kOperations[] = {
+    Report("Doc_Initial", LaunchKind::kFetch, "Amounts of one kind of document per ledger.",
+           kDocuments, {}, kDocumentsType),
+    Report("LedgersByCode", LaunchKind::kFetch, "The ledgers of some subgroups.", kLedgers, {},
+           kLedgersType),
+    Report("CustomerItemwise_Analysis", LaunchKind::kOpenAndSignal, "Sales and what came back.",
+           kSales, "reptype", kSalesTypes),
+    Report("Movement_PurchaseReturns_Analysis", LaunchKind::kOpenAndSignal,
+           "Purchases and what went back.", kPurchases, "reptype", kPurchaseTypes),
+    Report("CustomerItemDaily_Analysis", LaunchKind::kOpenAndSignal,
+           "Sales and what came back, day by day.", kDaily, "reptype", kSalesDailyTypes),
+    Report("Movement_PurchaseReturns_DailyAnalysis", LaunchKind::kOpenAndSignal,
+           "Purchases and what went back, day by day.", kDaily, "reptype", kPurchaseDailyTypes),
+    Report("Commission_Initial", LaunchKind::kFetch, "Sales and commission by employee or item.",
+           kCommission, "reptype", kCommissionTypes),
+    Report("Commission_Daily", LaunchKind::kFetch,
+           "The documents behind one employee's commission on one item.", kCommissionDaily, {},
+           kCommissionDailyType),
+    Report("Colorwise_Initial", LaunchKind::kFetch, "Quantities by item and colour.", kColorwise,
+           {}, kColorwiseType),
+    Builder("mColorwise_Initial", "The lines of Colorwise_Initial from what was fetched last.",
+            kColorwiseType),
+    Report("Colorwise_Monthly", LaunchKind::kFetch, "One item and colour month by month.",
+           kColorMonths, {}, kColorMonthsType),
+    Builder("mColorwise_Monthly", "The lines of Colorwise_Monthly from what was fetched last.",
+            kColorMonthsType),
+    Report("Colorwise_Daily", LaunchKind::kFetch, "The vouchers of one item and colour.",
+           kColorDays, {}, kColorDaysType),
+    Builder("mColorwise_Daily", "The lines of Colorwise_Daily from what was fetched last.",
+            kColorDaysType),
+    Report("CategoryWise_Initial", LaunchKind::kOpenAndSignal,
+           "Sales or purchases along the tree of categories or classes.", kCategories, {},
+           kCategoriesType),
+    Report("ItemWise_DlyBkup", LaunchKind::kFetch,
+           "Inward and outward quantities day by day, of one item or of all.", kItemDays, {},
+           kItemDaysType),
+    Builder("mItemwise_DlyBreakup", "The lines of ItemWise_DlyBkup from what was fetched last.",
+            kItemDaysType),
+};
+
+}  // namespace
+
+std::span<const Operation> AnalysisOperations() { return kOperations; }
+
+}  // namespace pstolvane1::automation

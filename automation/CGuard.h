@@ -1,0 +1,43 @@
+// The boundary to C: what is thrown inside becomes a number and a kept text.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace pstolvane1::automation {
+
+// Keeps the exception in flight as this thread's last error and gives its number.
+std::int32_t KeepError() noexcept;
+
+// Runs the work; 0, or the number of what it threw.
+template <typename Work>
+std::int32_t Guarded(const Work& work) noexcept {
+  try {
+    work();
+    return 0;
+  } catch (...) {
+    return KeepError();
+  }
+}
+
+// The object of a handle; error 91 for none.
+template <typename T>
+T& Given(T* handle, const char* what);
+
+// A copy that the caller frees with pst_text_free.
+[[nodiscard]] char* CopyText(std::string_view text);
+
+}  // namespace pstolvane1::automation
+
+#include "session/data/Error.h"
+
+namespace pstolvane1::automation {
+
+template <typename T>
+T& Given(T* handle, const char* what) {
+  if (handle) return *handle;
+  throw Error(ErrorNumber::kObjectNotSet, std::string("no ") + what + " was given");
+}
+
+}  // namespace pstolvane1::automation

@@ -1,0 +1,103 @@
+#include "automation/Calls.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <utility>
+
+#include "automation/MemberCall.h"
+#include "automation/Operations.h"
+#include "session/data/Error.h"
+
+namespace pstolvane1::automation {
+namespace {
+
+using Caller = Outcome (*)(clsStolvane1&, const Operation&, const BoundValues&);
+
+struct Built {
+  std::string_view operation;
+  Caller call;
+  std::span<const ArgumentType> types;
+};
+
+// A member whose parameters are the operation's arguments, in their order.
+template <auto member>
+constexpr Built Member(std::string_view operation) {
+  using Run = MemberCall<decltype(member)>;
+  return {operation,
+          [](clsStolvane1& session, const Operation& described, const BoundValues& values) {
+            return Run::Run(member, session, described, values);
+          },
+          Run::kTypes};
+}
+
+Outcome SetAliases(clsStolvane1& session, const Operation& /*operation*/,
+                   const BoundValues& values) {
+  std::array<std::string, 8> alias;
+  for (std::size_t i = 0; i < alias.size(); ++i) alias.at(i) = values.at(i).ToText();
+  session.SetAliases(
+      {alias[0], alias[1], alias[2], alias[3], alias[4], alias[5], alias[6], alias[7]});
+  return {};
+}
+
+constexpr ArgumentType kAliasTypes[] = {ArgumentType::kRecord};
+
+// One line makes a described operation callable.
+constexpr Built kBuilt[] = {
+    Member<&clsStolvane1::SetConnection>("SetConnection"),
+    Member<&clsStolvane1::GetConnectionObject>("GetConnectionObject"),
+    {"SetAliases", &SetAliases, kAliasTypes},
+    Member<&clsStolvane1::SetFilter>("SetFilter"),
+    Member<&clsStolvane1::CancelFetching>("CancelFetching"),
+    Member<&clsStolvane1::UserPressedCancel>("UserPressedCancel"),
+    Member<&clsStolvane1::SetLocale>("SetLocale"),
+    Member<&clsStolvane1::POrderTextQuery>("POrderTextQuery"),
+    Member<&clsStolvane1::Doc_Initial>("Doc_Initial"),
+    Member<&clsStolvane1::LedgersByCode>("LedgersByCode"),
+    Member<&clsStolvane1::MultiplePriceList>("MultiplePriceList"),
+};
+
+const Built* FindBuilt(const Operation& operation) {
+  const auto* found = std::find_if(std::begin(kBuilt), std::end(kBuilt), [&](const Built& one) {
+    return one.operation == operation.name;
+  });
+  return found == std::end(kBuilt) ? nullptr : found;
+}
+
+const Built& GetBuilt(const Operation& operation) {
+  if (const Built* found = FindBuilt(operation)) return *found;
+  throw Error(
+      ErrorNumber::kArgumentOutOfRange,
+      fmt::format("{} is described, but this version does not build it yet", operation.name));
+}
+
+}  // namespace
+
+bool IsBuilt(const Operation& operation) { return FindBuilt(operation) != nullptr; }
+
+Outcome Call(clsStolvane1& session, const Operation& operation,
+             std::span<const NamedValue> values) {
+  const Built& built = GetBuilt(operation);
+  return built.call(session, operation, Bind(operation, values));
+}
+
+Outcome Call(clsStolvane1& session, const Operation& operation, const BoundValues& values) {
+  return GetBuilt(operation).call(session, operation, values);
+}
+
+RecordsetPtr OpenSelect(clsStolvane1& session, std::string_view select) {
+  const std::shared_ptr<Connection> connection = session.GetConnectionObject();
+  if (!connection) {
+    throw Error(ErrorNumber::kNoConnection, "the session is not connected to any books");
+  }
+  RecordsetPtr rowset = Recordset::New();
+  rowset->Open(select, connection, adOpenStatic, adLockReadOnly);
+  rowset->ActiveConnection(nullptr);
+  return rowset;
+}
+
+std::span<const ArgumentType> ParameterTypes(const Operation& operation) {
+  const Built* found = FindBuilt(operation);
+  return found ? found->types : std::span<const ArgumentType>{};
+}
+
+}  // namespace pstolvane1::automation

@@ -1,0 +1,112 @@
+// The form in which the public operations are described as data.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "session/EnumName.h"
+
+namespace pstolvane1::automation {
+
+enum class ArgumentType {
+  kByte,     // whole number, 0 to 255
+  kInt32,    // whole number, 32-bit
+  kSingle,   // 32-bit float
+  kDate,     // a day
+  kBoolean,  // 16-bit flag; True is -1
+  kText,
+  kVariant,      // any value
+  kRowset,       // a rowset of the host
+  kEnumeration,  // a value of `enumeration`; any 32-bit number is let through
+  kRecord,       // texts, each given under its own name in `members`
+};
+
+struct Enumeration {
+  std::string_view name;
+  std::span<const EnumName> values;
+};
+
+struct Argument {
+  std::string_view name;
+  ArgumentType type = ArgumentType::kVariant;
+  std::string_view help;
+  const Enumeration* enumeration = nullptr;
+  std::span<const std::string_view> members = {};
+  bool optional = false;
+  // What an optional argument is when it is left out, as a text; "" is the type's empty value: 0,
+  // False, "", no rowset, day 0.
+  std::string_view preset = {};
+  bool by_reference = false;  // the operation may change the caller's variable
+
+  [[nodiscard]] constexpr Argument Optional(std::string_view value = {}) const {
+    Argument changed = *this;
+    changed.optional = true;
+    changed.preset = value;
+    return changed;
+  }
+  [[nodiscard]] constexpr Argument ByReference() const {
+    Argument changed = *this;
+    changed.by_reference = true;
+    return changed;
+  }
+};
+
+// How an operation comes by its result.
+enum class LaunchKind {
+  kMember,         // no report: a member of the session itself
+  kPlainQuery,     // always synchronous, no events
+  kFetch,          // fetched in the background, unless it is asked for synchronously
+  kOpenAndSignal,  // the open blocks in both modes
+  kSourceItself,   // the query's own rowset is delivered, no lines are written
+  kRowBuilder,     // writes the lines of what was fetched last
+};
+
+enum class ReturnKind {
+  kNothing,
+  kEmpty,  // a variant without a value
+  kBoolean,
+  kConnection,
+  kRowset,
+  kRowsetInVariant,
+};
+
+// The report type that an operation stores when its deciding argument is `asked`.
+struct ReportTypeRule {
+  std::int32_t asked;
+  std::int32_t stored;
+};
+
+struct Operation {
+  std::string_view name;
+  std::string_view family;  // "stock", as its folder
+  LaunchKind launch;
+  ReturnKind returns;
+  std::string_view help;
+  std::span<const Argument> arguments = {};  // in their published order
+  // The argument that decides the report type; "" where there is but one type, or none.
+  std::string_view decided_by = {};
+  std::span<const ReportTypeRule> report_types = {};
+};
+
+struct EventArgument {
+  std::string_view name;
+  std::string_view type;
+  std::string_view help;
+};
+
+struct Event {
+  std::string_view name;
+  std::string_view help;
+  std::span<const EventArgument> arguments;
+};
+
+[[nodiscard]] std::string_view NameOf(ArgumentType type);   // "byte", "date", "rowset"
+[[nodiscard]] std::string_view NameOf(LaunchKind launch);   // "fetch"
+[[nodiscard]] std::string_view NameOf(ReturnKind returns);  // "rowset"
+
+// The argument or record member of that name in any case; nullptr when there is none.
+[[nodiscard]] const Argument* FindArgument(const Operation& operation, std::string_view name);
+
+}  // namespace pstolvane1::automation

@@ -1,0 +1,97 @@
+#include <array>
+
+#include "automation/Families.h"
+#include "session/ReportType.h"
+
+namespace pstolvane1::automation {
+namespace {
+
+constexpr Argument kItemOrAll = Int32("lngItem_id", "The item; 0 is all.");
+constexpr Argument kLedgerOrAll = Int32("lngLedger_Id", "The party; 0 is all.");
+
+constexpr std::array<Argument, 12> FreeArguments(const Argument& first, const Argument& second) {
+  return {
+      kYear,
+      kFrom,
+      kTo,
+      first,
+      second,
+      kLongDate.Optional(),
+      kSeparator.Optional("/"),
+      Byte("bytOptional", "0 regular documents, 1 optional ones, 2 both; more is 0.").Optional(),
+      kReport.Optional("true"),
+      Flag("blnDetailed", "Add lines with godown and batch.").Optional(),
+      kNarration.Optional(),
+      kScale.Optional("1")};
+}
+
+constexpr auto kFreeItem = FreeArguments(kItemOrAll, kLedgerOrAll);
+constexpr auto kFreeParty = FreeArguments(kLedgerOrAll, kItemOrAll);
+
+constexpr Argument kFreeInitial[] = {
+    kYear,
+    kFrom,
+    kTo,
+    kReport.Optional("true"),
+    Flag("blnDetailed", "Break each group down by party, or by item.").Optional(),
+    kScale.Optional("1"),
+};
+
+constexpr std::array<Argument, 13> PendingArguments(const Argument& first, const Argument& second) {
+  return {kYear,
+          first,
+          second,
+          kFrom.Optional(),
+          kTo.Optional(),
+          kReport.Optional("true"),
+          kScale.Optional("1"),
+          Byte("bytOptional", kNotUsed).Optional(),
+          Flag("blnDetailed", "Add lines with godown and batch.").Optional(),
+          Flag("LongDate", "Show dates in full.").Optional(),
+          Flag("blnShowNarr", "Add lines with the narration.").Optional(),
+          Text("strRefSep", "Stands between the parts of a document number.").Optional("/"),
+          Flag("blnIncludeRelatedVoucherTypes", kNotUsed).Optional("true")};
+}
+
+constexpr auto kByItem = PendingArguments(Int32("lngItem_id", "The item."), kLedgerOrAll);
+constexpr auto kByLedger = PendingArguments(Int32("lngLedger_Id", "The party."), kItemOrAll);
+constexpr auto kByEmployee = PendingArguments(
+    Int32("lngEmployee_Id", "The employee."),
+    Int32("lngVouchertype_id", "The kind of document whose chain is followed; 0 is all."));
+
+constexpr ReportTypeRule kItemType[] = {{0, rtFreeQuantity_Itemwise}};
+constexpr ReportTypeRule kPartyType[] = {{0, rtFreeQuantity_Partywise}};
+constexpr ReportTypeRule kItemInitialType[] = {{0, rtFreeQuantity_Itemwise_Initial}};
+constexpr ReportTypeRule kPartyInitialType[] = {{0, rtFreeQuantity_Partywise_Initial}};
+constexpr ReportTypeRule kByItemType[] = {{0, rtPendingByItem}};
+constexpr ReportTypeRule kByLedgerType[] = {{0, rtPendingByLedger}};
+constexpr ReportTypeRule kByEmployeeType[] = {{0, rtPendingByEmployee}};
+
+constexpr Operation Report(std::string_view name, ReturnKind returns, std::string_view help,
+                           std::span<const Argument> arguments,
+                           std::span<const ReportTypeRule> type) {
+  return {name, "pending", LaunchKind::kFetch, returns, help, arguments, {}, type};
+}
+
+constexpr Operation kOperations[] = {
+    Report("FreeQuantity_Itemwise", ReturnKind::kRowsetInVariant,
+           "Goods moved and not billed, line by line, of one item.", kFreeItem, kItemType),
+    Report("FreeQuantity_Partywise", ReturnKind::kRowsetInVariant,
+           "Goods moved and not billed, line by line, of one party.", kFreeParty, kPartyType),
+    Report("FreeQuantity_Itemwise_Initial", ReturnKind::kRowsetInVariant,
+           "Goods moved and not billed, summed by item.", kFreeInitial, kItemInitialType),
+    Report("FreeQuantity_Partywise_Initial", ReturnKind::kRowsetInVariant,
+           "Goods moved and not billed, summed by party.", kFreeInitial, kPartyInitialType),
+    Report("PendingByItem", ReturnKind::kRowset, "What is still open for an item.", kByItem,
+           kByItemType),
+    Report("PendingByLedger", ReturnKind::kRowset, "What is still open for a party.", kByLedger,
+           kByLedgerType),
+    Report("PendingByEmployee", ReturnKind::kRowset, "What is still open for an employee.",
+           kByEmployee, kByEmployeeType),
+};
+
+}  // namespace
+
+std::span<const Operation> PendingOperations() { return kOperations; }
+
+}  // namespace pstolvane1::automation

@@ -1,0 +1,278 @@
+#include <array>
+
+#include "automation/Families.h"
+#include "session/ReportType.h"
+
+namespace pstolvane1::automation {
+namespace {
+
+constexpr Argument kReportOrNot = kReport.Optional("true");
+constexpr Argument kScaleOrOne = kScale.Optional("1");
+constexpr Argument kAnyType =
+    OneOf("reptype", kReportType, "The report type to deliver under, as it comes.");
+constexpr Argument kFilterNotUsed = Text("strVouchertypeFilter", kNotUsed);
+constexpr Argument kByModelOrItem =
+    Byte("btTypeOfReport", "1 by vehicle model, anything else by labour item.");
+constexpr Argument kByPin = Byte("btTypeOfReport", "1 groups the financiers by pin code.");
+constexpr Argument kMechanic = Int32("Mechanic_id", "The mechanic, in detail; 0 is all.");
+constexpr Argument kHypo = Int32("Hypo_id", "The financier, in detail; 0 is all.");
+
+constexpr Argument kHistory[] = {
+    kYear,
+    kFrom,
+    kTo,
+    kReport,
+    Flag("blnDetailed", "Add the lines and the complaints of each bill."),
+    kScale,
+    Text("strFilter", "A whole clause on Terms1 with its own Where, or nothing."),
+    Rows("rsItm", "Items with Itemnew_id, itemname and UOMNAME."),
+};
+
+constexpr Argument kFreeService[] = {
+    kYear,
+    kFrom,
+    kTo,
+    kReport,
+    Flag("blnDetailed", "A line for each vehicle model as well."),
+    kScale,
+    Text("strItemstate", kNotUsed),
+    Text("strConsiderForSih", kNotUsed),
+    Int32("Cat_id", "The vehicle category, in detail; 0 and -1 are all."),
+};
+constexpr Argument kFreeServiceDaily[] = {
+    kAnyType,
+    kYear,
+    kFrom,
+    kTo,
+    kReport,
+    Flag("blnDetailed", "Add the lines of each bill."),
+    kScale,
+    Int32("Vehicle_id", "The vehicle model."),
+    Rows("rsItms", "Items with ItemNew_id and itemname.").ByReference(),
+    Byte("OptNo", kNotUsed),
+};
+
+constexpr Argument kLabour[] = {
+    kYear,
+    kFrom,
+    kTo,
+    kReport,
+    Flag("blnDetailed", "A line for each vehicle model or labour item as well."),
+    kScale,
+    Text("strItemstate", kNotUsed),
+    Text("strConsiderForSih", kNotUsed),
+    kMechanic,
+    kByModelOrItem,
+    kFilterNotUsed,
+};
+constexpr Argument kLabourDaily[] = {
+    kAnyType,
+    kYear,
+    kFrom,
+    kTo,
+    kReport,
+    Flag("blnDetailed", "Add the lines of each bill."),
+    kScale,
+    Int32("Mechanic_id", "The mechanic; 0 is all."),
+    Int32("Item_id", "The vehicle model or labour item; 0 is all.").ByReference(),
+    Byte("OptNo", kNotUsed),
+    Rows("rsItm", "Items with ItemNew_id and itemname.").ByReference(),
+    kByModelOrItem,
+    kFilterNotUsed,
+};
+
+constexpr Argument kHypothecation[] = {
+    kYear,
+    kFrom,
+    kTo,
+    kReport,
+    Flag("blnDetailed", "A line for each vehicle model as well."),
+    kScale,
+    Text("strItemstate", kNotUsed),
+    Text("strConsiderForSih", kNotUsed),
+    kHypo,
+    kByPin,
+    kFilterNotUsed,
+};
+constexpr Argument kHypothecationDaily[] = {
+    kYear,
+    kFrom,
+    kTo,
+    kReport,
+    Flag("blnDetailed", kNotUsed),
+    kScale,
+    Int32("Hypo_id", "The financier; 0 is all."),
+    Int32("Item_id", "The vehicle model; 0 is all.").ByReference(),
+    Byte("OptNo", kNotUsed),
+    Rows("rsItm", kNotUsed).ByReference(),
+    kByPin,
+    kFilterNotUsed,
+};
+
+constexpr Argument kClaims[] = {
+    kYearNotUsed,
+    kFrom,
+    kTo,
+    Int32("lngItem_id", kNotUsed).Optional(),
+    Int32("lngLedger_Id", kNotUsed).Optional(),
+    Flag("blnUseLongDate", kNotUsed).Optional(),
+    kSeparator.Optional("/"),
+    Byte("bytOptional", kNotUsed).Optional(),
+    kReportOrNot,
+    Flag("blnDetailed", kNotUsed).Optional(),
+    Flag("blnShowNarration", kNotUsed).Optional(),
+    kScaleOrOne,
+    Rows("recitem", "Items with itemnew_id, ITemPartno and itemname.").Optional(),
+};
+
+constexpr Argument kBillOfReceipts =
+    Int32("billbybill_id", "The bill whose receipts are listed.").Optional();
+constexpr Argument kSearchType =
+    OneOf("reptype", kReportType,
+          "rtAutoSearch, rtAutoSearchReceipt, rtAutoSearchReceiptChild "
+          "or rtRtoInsSearch.");
+constexpr Argument kSearch[] = {
+    kSearchType,
+    kYear,
+    kFrom,
+    kTo,
+    Text("strCriteria", "What follows the conditions of the search, as And ..., or nothing."),
+    kReportOrNot,
+    kScale.Optional(),
+    Text("strBuyerFilter", "A clause on Terms1 with its own Where: search by buyer.").Optional(),
+    kBillOfReceipts,
+    Text("strBillFilter", "A condition on Desr1: search by bill.").Optional(),
+    Text("strVouchertype", "A condition on Vouchertype1.").Optional(),
+    Int32("lngSubRelatedTo", kNotUsed).Optional(),
+};
+constexpr Argument kServiceSearch[] = {
+    kSearchType,
+    kYear,
+    kFrom,
+    kTo,
+    Text("strCriteria", "What follows the conditions of the search, or nothing."),
+    kReportOrNot,
+    kScale.Optional(),
+    Text("strBillFilter", "A condition on Desr1: search by bill.").Optional(),
+    kBillOfReceipts,
+    Text("strVouchertypeFilter", "A condition on Vouchertype1.").Optional(),
+    Int32("lngSubRelatedTo", "43 for job cards by their own date and number.").ByReference(),
+};
+
+constexpr Argument kBuyers[] = {
+    kYear,
+    kFrom,
+    kTo,
+    kReportOrNot,
+    Flag("blnDetailed", kNotUsed).Optional(),
+    kScale.Optional(),
+    Byte("btTypeOfBuyerReport", kNotUsed).Optional(),
+    Rows("rsItms", "Items with Itemnew_id and itemname.").Optional(),
+    Text("sVouchertype_id", "SubRelatedTo codes with commas between, or nothing.").Optional(),
+};
+
+constexpr std::array<Argument, 10> kTransportOffice = {
+    kYearNotUsed,
+    kFrom,
+    kTo,
+    Flag("blnUseLongDate", kNotUsed),
+    Text("strRefSeperator", kNotUsed).Optional("/"),
+    Byte("bytOptional", kNotUsed).Optional(),
+    kReportOrNot,
+    Flag("blnDetailed", kNotUsed).Optional(),
+    Single("sngScale", kNotUsed).Optional("1"),
+    Rows("recitem", "Kept for the reports that follow.").Optional(),
+};
+constexpr auto kTransportDocument =
+    And(kTransportOffice, Int32("Desr_Id", "The one document; 0 is all.").Optional());
+
+constexpr Argument kServiceTax[] = {
+    kYear,
+    kFrom,
+    kTo,
+    Int32("lngItem_id", kNotUsed).Optional(),
+    Int32("lngLedger_Id", kNotUsed).Optional(),
+    kLongDate.Optional(),
+    kSeparator.Optional("/"),
+    Byte("bytOptional", kNotUsed).Optional(),
+    kReportOrNot,
+    Flag("blnDetailed", "A line for each taxed line as well.").Optional(),
+    Flag("blnShowNarration", kNotUsed).Optional(),
+    kScaleOrOne,
+    Rows("recitem", "Items with itemnew_id and itemname.").Optional(),
+    Rows("recLedger", "Ledgers with Ledger_id and Ledgername.").Optional().ByReference(),
+};
+
+constexpr ReportTypeRule kSearchTypes[] = {
+    {rtAutoSearch, rtAutoSearch},
+    {rtAutoSearchReceipt, rtAutoSearchReceipt},
+    {rtAutoSearchReceiptChild, rtAutoSearchReceiptChild},
+};
+constexpr ReportTypeRule kInsuranceTypes[] = {{rtRtoInsSearch, rtRtoInsSearch}};
+constexpr ReportTypeRule kFreeServiceDailyTypes[] = {
+    {rtFreeServiceReportDaily, rtFreeServiceReportDaily}};
+constexpr ReportTypeRule kLabourDailyTypes[] = {
+    {rtMechanicLabourReportDaily, rtMechanicLabourReportDaily}};
+constexpr ReportTypeRule kHistoryType[] = {{0, rtServiceReportRegNo}};
+constexpr ReportTypeRule kFreeServiceType[] = {{0, rtFreeServiceReport}};
+constexpr ReportTypeRule kLabourType[] = {{0, rtMechanicLabourReport}};
+constexpr ReportTypeRule kHypoType[] = {{0, rtHypoReport}};
+constexpr ReportTypeRule kHypoDailyType[] = {{0, rtHypoReportDaily}};
+constexpr ReportTypeRule kClaimType[] = {{0, rtClaimReport}};
+constexpr ReportTypeRule kBuyerType[] = {{0, rtBuyerReport}};
+constexpr ReportTypeRule kTransportType[] = {{0, rtRtosalesdet}};
+constexpr ReportTypeRule kServiceTaxType[] = {{0, rtServiceReport}};
+
+constexpr Operation Report(std::string_view name, ReturnKind returns, std::string_view help,
+                           std::span<const Argument> arguments,
+                           std::span<const ReportTypeRule> types,
+                           std::string_view decided_by = {}) {
+  return {name, "vehicle", LaunchKind::kFetch, returns, help, arguments, decided_by, types};
+}
+constexpr Operation Search(std::string_view name, ReturnKind returns, std::string_view help,
+                           std::span<const Argument> arguments,
+                           std::span<const ReportTypeRule> types,
+                           std::string_view decided_by = {}) {
+  return {name, "vehicle", LaunchKind::kSourceItself, returns, help, arguments, decided_by, types};
+}
+
+constexpr Operation kOperations[] = {
+    Report("ServiceReportRegno", ReturnKind::kRowset, "Every service bill of a vehicle.", kHistory,
+           kHistoryType),
+    Report("FreeServiceReport", ReturnKind::kRowset, "Free services by vehicle category and model.",
+           kFreeService, kFreeServiceType),
+    Report("FreeServiceReportDaily", ReturnKind::kRowset, "The free service bills of one model.",
+           kFreeServiceDaily, kFreeServiceDailyTypes, "reptype"),
+    Report("MechanicLabourReport", ReturnKind::kRowset, "Bills and labour by mechanic.", kLabour,
+           kLabourType),
+    Report("MechanicLabourReportDaily", ReturnKind::kRowset,
+           "The bills behind a mechanic's labour.", kLabourDaily, kLabourDailyTypes, "reptype"),
+    Report("HypoReport", ReturnKind::kRowset, "Vehicle sales by financier.", kHypothecation,
+           kHypoType),
+    Report("HypoReportDaily", ReturnKind::kRowset, "The sales behind a financier.",
+           kHypothecationDaily, kHypoDailyType),
+    Report("ClaimReport", ReturnKind::kRowsetInVariant, "Warranty lines to claim.", kClaims,
+           kClaimType),
+    Search("AutoSearch", ReturnKind::kRowset,
+           "Vehicles by buyer, bill, chassis, engine or colour; receipts of their bills.", kSearch,
+           kSearchTypes, "reptype"),
+    Search("RTOInsSearch", ReturnKind::kRowset,
+           "Vehicles by buyer, with what transport office and insurer want.", kSearch,
+           kInsuranceTypes, "reptype"),
+    Search("AutoSearchServices", ReturnKind::kRowset, "Service bills by number or chassis.",
+           kServiceSearch, kSearchTypes, "reptype"),
+    Report("BuyerReport", ReturnKind::kRowset, "Who bought which vehicle.", kBuyers, kBuyerType),
+    Search("RtoSalesDetails", ReturnKind::kRowsetInVariant,
+           "What the registration forms ask of the vehicles sold.", kTransportDocument,
+           kTransportType),
+    Search("RtoSalesDetails1", ReturnKind::kRowsetInVariant, "The vehicles sold, to pick from.",
+           kTransportOffice, kTransportType),
+    Report("ServiceTax", ReturnKind::kRowsetInVariant, "Service bills with tax on their lines.",
+           kServiceTax, kServiceTaxType),
+};
+
+}  // namespace
+
+std::span<const Operation> VehicleOperations() { return kOperations; }
+
+}  // namespace pstolvane1::automation

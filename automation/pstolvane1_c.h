@@ -1,0 +1,142 @@
+/* The library for hosts in other languages: sessions, operations by name, rowsets and events in C.
+ *
+ * Threads. A session, its rowsets and its events belong to the thread that made the session.
+ * Errors. A function that can fail returns pst_ok or the number of the error; pst_error_text then
+ * says what was wrong, for this thread, until the next call that fails on it. Nothing is thrown out
+ * of these functions. A null handle is error 91.
+ * Texts. UTF-8. What is returned as char* belongs to the caller and goes back by pst_text_free;
+ * what is returned as const char* belongs to the library and lives as long as is said with it. */
+#ifndef PSTOLVANE1_C_H
+#define PSTOLVANE1_C_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef struct pst_session pst_session;
+typedef struct pst_rowset pst_rowset;
+
+enum { pst_ok = 0 };
+
+/* The last error of this thread: its sentence with the cause, and its number; "" and 0 before the
+ * first. The text is valid until the next error on this thread. */
+const char* pst_error_text(void);
+int32_t pst_error_number(void);
+
+/* --- Session ------------------------------------------------------------------------------- */
+/* NULL when it cannot be made. */
+pst_session* pst_session_new(void);
+/* Ends what runs; no event follows. Its rowsets stay valid. Also inside one of its events. */
+void pst_session_free(pst_session* session);
+/* Opens the books and waits until they are open. */
+int32_t pst_session_connect(pst_session* session, const char* books);
+
+/* --- Operations ------------------------------------------------------------------------------ */
+/* Every operation with its arguments, types and defaults, as JSON. */
+char* pst_catalogue(void);
+
+/* Calls an operation, with `count` arguments by name, values as texts: whole numbers, decimals,
+ * true and false, ISO dates, names of enumerations. A rowset argument is one SELECT on the
+ * session's books. *rowset is the rowset that it returns, or NULL; rowset may be NULL when it is
+ * not wanted. */
+int32_t pst_call(pst_session* session, const char* operation, const char* const* names,
+                 const char* const* values, size_t count, pst_rowset** rowset);
+
+/* The same with the arguments as a JSON object ("{}" or NULL for none). *result, unless result is
+ * NULL, is {"value": ..., "changed": {...}}: what was returned unless it is a rowset, and the
+ * arguments by reference as they are after the call. */
+int32_t pst_call_json(pst_session* session, const char* operation, const char* arguments,
+                      pst_rowset** rowset, char** result);
+
+/* --- Events ---------------------------------------------------------------------------------- */
+/* Each may be NULL. Texts are valid during the call; the rowset of fetch_complete is the host's and
+ * is freed by it. */
+typedef struct pst_events {
+  void* context; /* handed to each of them */
+  void (*on_connect)(void* context, const char* error_text);
+  void (*fetch_progress)(void* context, uint8_t percent, const char* message);
+  void (*fetch_complete)(void* context, pst_rowset* rowset, int32_t any_count);
+} pst_events;
+
+/* Copies the handlers in place of those before; NULL for none. */
+int32_t pst_session_events(pst_session* session, const pst_events* events);
+
+/* Delivers the events that wait for this thread; waits up to at_most milliseconds for the first. */
+int32_t pst_pump(int32_t at_most);
+/* Readable while events wait for this thread; poll it, do not read or close it. -1 on failure. */
+int pst_event_descriptor(void);
+
+/* --- Rowsets --------------------------------------------------------------------------------- */
+void pst_rowset_free(pst_rowset* rowset);
+/* Visible rows, and columns; -1 on failure. */
+int32_t pst_rowset_rows(const pst_rowset* rowset);
+int32_t pst_rowset_columns(const pst_rowset* rowset);
+/* Valid as long as the rowset; NULL for a column that it does not have. Columns count from 0. */
+const char* pst_rowset_name(const pst_rowset* rowset, int32_t column);
+/* 3 int32, 4 single, 5 double, 6 money, 7 date, 8 and 200 text, 11 flag, 20 int64, 136 rowset; 0 on
+ * failure. */
+int32_t pst_rowset_type(const pst_rowset* rowset, int32_t column);
+/* One cell as text: numbers with ".", money with four decimals, ISO dates, flags as true and false.
+ * *text is NULL for Null. Rows count from 0. Reading row after row is cheap, any other order is
+ * not. */
+int32_t pst_rowset_text(pst_rowset* rowset, int32_t row, int32_t column, char** text);
+/* The same as a number; a date is days since 30 December 1899. *is_null is 1 for Null, else 0. */
+int32_t pst_rowset_number(pst_rowset* rowset, int32_t row, int32_t column, double* number,
+                          int* is_null);
+/* All columns and rows. */
+int32_t pst_rowset_json(const pst_rowset* rowset, char** json);
+int32_t pst_rowset_csv(const pst_rowset* rowset, char** csv);
+
+void pst_text_free(char* text);
+
+/* --- The class by its identifier ------------------------------------------------------------- */
+/* For hosts that load the library at run time. The results are those of the automation runtime:
+ * 0 yes or done, 1 no or nothing to do, below 0 a failure. */
+typedef struct pst_guid {
+  uint32_t part1;
+  uint16_t part2;
+  uint16_t part3;
+  uint8_t part4[8];
+} pst_guid;
+
+/* The class clsStolvane1, and the interface of its factory. */
+extern const pst_guid pst_class_clsStolvane1;
+extern const pst_guid pst_interface_class_factory;
+
+enum {
+  pst_s_ok = 0,
+  pst_s_false = 1,
+  pst_e_pointer = -2147467261,      /* a result has no place to go */
+  pst_e_no_interface = -2147467262, /* the factory has no such interface */
+  pst_e_no_class = -2147221231,     /* the library has no such class */
+  pst_e_out_of_memory = -2147024882
+};
+
+/* A factory of sessions; released when its count falls to 0. */
+typedef struct pst_class_factory pst_class_factory;
+struct pst_class_factory {
+  uint32_t (*add_reference)(pst_class_factory* factory);
+  uint32_t (*release)(pst_class_factory* factory);
+  int32_t (*create_instance)(pst_class_factory* factory, pst_session** session);
+  /* While it is locked (nonzero adds a lock, 0 takes one away) the library says that it is in use.
+   */
+  int32_t (*lock_server)(pst_class_factory* factory, int lock);
+};
+
+/* *object becomes a pst_class_factory with a count of 1. */
+int32_t DllGetClassObject(const pst_guid* class_id, const pst_guid* interface_id, void** object);
+/* There is no registry to write to: a host finds the library by its name, and it keeps nothing
+ * between runs. Both do nothing and say so with pst_s_false. */
+int32_t DllRegisterServer(void);
+int32_t DllUnregisterServer(void);
+/* pst_s_ok when no session, rowset, factory or lock of these functions is left, on any thread. */
+int32_t DllCanUnloadNow(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
