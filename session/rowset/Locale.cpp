@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 #include <mutex>
 #include <unicode/calendar.h>
@@ -9,6 +10,7 @@
 #include <unicode/decimfmt.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/locid.h>
+#include <unicode/numberformatter.h>
 #include <unicode/smpdtfmt.h>
 #include <utility>
 
@@ -44,6 +46,20 @@ void Check(UErrorCode status, const std::string& locale) {
   }
 }
 
+// The older formatters do not know the locale's minimum, so it is read off what the newer one
+// writes.
+int MinimumBeforeGroup(const icu::Locale& locale, const NumberStyle& style) {
+  const auto formatter = icu::number::NumberFormatter::withLocale(locale);
+  double number = std::pow(10.0, style.first_group);
+  for (int digits = 1; digits < 4; ++digits, number *= 10) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::string text = Utf8(formatter.formatDouble(number, status).toString(status));
+    Check(status, locale.getName());
+    if (text.find(style.group_separator) != std::string::npos) return digits;
+  }
+  return 1;
+}
+
 NumberStyle ReadNumberStyle(const icu::Locale& locale, UNumberFormatStyle kind) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::NumberFormat> format(
@@ -73,7 +89,7 @@ NumberStyle ReadNumberStyle(const icu::Locale& locale, UNumberFormatStyle kind) 
     style.further_groups = decimal->getSecondaryGroupingSize() > 0
                                ? decimal->getSecondaryGroupingSize()
                                : style.first_group;
-    style.minimum_before_group = std::max(decimal->getMinimumGroupingDigits(), 1);
+    style.minimum_before_group = MinimumBeforeGroup(locale, style);
   } else {
     style.first_group = 0;
   }
@@ -98,14 +114,15 @@ DateNames ReadDateNames(const icu::Locale& locale, const NumberStyle& number) {
   using Symbols = icu::DateFormatSymbols;
   DateNames names;
   int32_t count = 0;
-  const auto months = [&](Symbols::DtContextType context, Symbols::DtWidthType width) {
-    return symbols.getMonths(count, context, width);
+  const auto copy_months = [&](Symbols::DtContextType context, Symbols::DtWidthType width,
+                               std::array<std::string, 12>& to) {
+    const icu::UnicodeString* months = symbols.getMonths(count, context, width);
+    CopyNames(months, count, 0, to);
   };
-  CopyNames(months(Symbols::FORMAT, Symbols::WIDE), count, 0, names.months);
-  CopyNames(months(Symbols::FORMAT, Symbols::ABBREVIATED), count, 0, names.short_months);
-  CopyNames(months(Symbols::STANDALONE, Symbols::WIDE), count, 0, names.standalone_months);
-  CopyNames(months(Symbols::STANDALONE, Symbols::ABBREVIATED), count, 0,
-            names.short_standalone_months);
+  copy_months(Symbols::FORMAT, Symbols::WIDE, names.months);
+  copy_months(Symbols::FORMAT, Symbols::ABBREVIATED, names.short_months);
+  copy_months(Symbols::STANDALONE, Symbols::WIDE, names.standalone_months);
+  copy_months(Symbols::STANDALONE, Symbols::ABBREVIATED, names.short_standalone_months);
   // The first weekday stands at index 1.
   const icu::UnicodeString* days = symbols.getWeekdays(count, Symbols::FORMAT, Symbols::WIDE);
   CopyNames(days, count, 1, names.days);

@@ -101,7 +101,7 @@ TEST_P(AgainstIcu, LongDatesAreTheSameOverAWholeCentury) {
 
 INSTANTIATE_TEST_SUITE_P(Locales, AgainstIcu,
                          testing::Values("en_IN", "en_US", "en_GB", "de_DE", "fr_FR"),
-                         [](const auto& info) { return std::string(info.param); });
+                         [](const auto& locale) { return std::string(locale.param); });
 
 }  // namespace
 }  // namespace pstolvane1

@@ -18,15 +18,17 @@ TEST(LocaleDates, TheGeneralDateIsShortWithAFourDigitYear) {
 
 TEST(LocaleDates, TheTimeShowsOnlyIfThereIsOne) {
   const Date date = Date::FromYmdHms(2004, 3, 31, 14, 5, 9);
-  EXPECT_EQ(Locale::Get("en_IN")->FormatGeneralDate(date), "31/03/2004 2:05:09 pm");
+  EXPECT_EQ(Locale::Get("en_IN")->FormatGeneralDate(date), "31/03/2004 2:05:09\u202fpm");
   EXPECT_EQ(Locale::Get("de_DE")->FormatGeneralDate(date), "31.03.2004 14:05:09");
   const Date midnight_past = Date::FromYmdHms(2004, 3, 31, 0, 5, 0);
-  EXPECT_EQ(Locale::Get("en_US")->FormatGeneralDate(midnight_past), "3/31/2004 12:05:00 AM");
+  EXPECT_EQ(Locale::Get("en_US")->FormatGeneralDate(midnight_past),
+            "3/31/2004 12:05:00\u202f"
+            "AM");
 }
 
 TEST(LocaleDates, TheLongDateIsTheFullOne) {
   const Date date = Date::FromYmd(2004, 3, 31);
-  EXPECT_EQ(Locale::Get("en_IN")->FormatLongDate(date), "Wednesday, 31 March 2004");
+  EXPECT_EQ(Locale::Get("en_IN")->FormatLongDate(date), "Wednesday, 31 March, 2004");
   EXPECT_EQ(Locale::Get("en_US")->FormatLongDate(date), "Wednesday, March 31, 2004");
   EXPECT_EQ(Locale::Get("de_DE")->FormatLongDate(date), "Mittwoch, 31. März 2004");
   EXPECT_EQ(Locale::Get("fr_FR")->FormatLongDate(date), "mercredi 31 mars 2004");

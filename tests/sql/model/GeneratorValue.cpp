@@ -185,8 +185,9 @@ Generator::Term Generator::Failing(const Scope& scope) {
     case 3:
       return {"CAST(" + Simple(Family::kText, scope).text + " AS INT)", 20};
     default:
-      return scope.subqueries ? Term{"(SELECT Whole FROM Terms WHERE Whole > " + column + ")", 20}
-                              : Term{column, kMostWhole};
+      return scope.subqueries && !scope.grouped
+                 ? Term{"(SELECT Whole FROM Terms WHERE Whole > " + column + ")", 20}
+                 : Term{column, kMostWhole};
   }
 }
 

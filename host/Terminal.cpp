@@ -1,0 +1,52 @@
+#include "host/Terminal.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string_view>
+#include <sys/ioctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "host/TextTable.h"
+
+namespace pstolvane1::host {
+namespace {
+
+constexpr int kNoSuchCommand = 127;
+
+bool Fits(const std::string& text) {
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_row == 0) return true;
+  std::size_t lines = 0;
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    if (DisplayWidth(rest.substr(0, end)) > size.ws_col) return false;
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    ++lines;
+  }
+  return lines < size.ws_row;
+}
+
+}  // namespace
+
+bool StandardOutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
+bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+bool Show(const std::string& text) {
+  if (StandardOutputIsTerminal() && !Fits(text)) {
+    const char* chosen = std::getenv("PAGER");
+    const std::string pager = chosen != nullptr && *chosen != '\0' ? chosen : "less -RS";
+    if (FILE* pipe = popen(pager.c_str(), "w"); pipe != nullptr) {
+      std::fwrite(text.data(), 1, text.size(), pipe);
+      const int status = pclose(pipe);
+      if (WIFEXITED(status) && WEXITSTATUS(status) != kNoSuchCommand) return true;
+    }
+  }
+  std::cout << text << std::flush;
+  return std::cout.good();
+}
+
+}  // namespace pstolvane1::host

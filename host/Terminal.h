@@ -1,0 +1,15 @@
+// The terminal that the host writes to, if there is one.
+#pragma once
+
+#include <string>
+
+namespace pstolvane1::host {
+
+[[nodiscard]] bool StandardOutputIsTerminal();
+[[nodiscard]] bool StandardErrorIsTerminal();
+
+// Writes a text to standard output; on a terminal that is too small for it through the user's PAGER
+// ("less -RS" where none is set). False when standard output took no more.
+bool Show(const std::string& text);
+
+}  // namespace pstolvane1::host

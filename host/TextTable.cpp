@@ -1,0 +1,115 @@
+#include "host/TextTable.h"
+
+#include <algorithm>
+#include <ostream>
+#include <string>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
+#include <vector>
+
+namespace pstolvane1::host {
+namespace {
+
+constexpr std::string_view kGap = "  ";
+constexpr std::string_view kBold = "\x1b[1m";
+constexpr std::string_view kDim = "\x1b[2m";
+constexpr std::string_view kPlain = "\x1b[0m";
+
+class TableWriter {
+ public:
+  TableWriter(const ReportView& view, bool colour, std::ostream& out)
+      : view_(view), colour_(colour), out_(out) {
+    for (std::size_t i = 0; i < view.Columns().size(); ++i) {
+      std::size_t width = DisplayWidth(view.Columns()[i].name);
+      for (const ReportView::Line& line : view.Lines()) {
+        width = std::max(width, DisplayWidth(line.cells[i]));
+      }
+      widths_.push_back(width);
+      full_width_ += width + (i > 0 ? kGap.size() : 0);
+    }
+  }
+
+  void Write() {
+    std::vector<std::string> header;
+    for (const ReportView::Column& column : view_.Columns()) header.push_back(column.name);
+    Cells(header, true);
+    Rule("─");
+    for (std::size_t i = 0; i < view_.Lines().size(); ++i) {
+      const ReportView::Line& line = view_.Lines()[i];
+      switch (line.kind) {
+        case ReportView::LineKind::kLine:
+          Cells(line.cells, false);
+          break;
+        case ReportView::LineKind::kRule:
+          Rule("─");
+          break;
+        case ReportView::LineKind::kTotal:
+          Cells(line.cells, true);
+          Rule(i + 1 == view_.Lines().size() ? "═" : "─");
+          break;
+        case ReportView::LineKind::kSpacer:
+          out_ << '\n';
+          break;
+      }
+    }
+  }
+
+ private:
+  void Cells(const std::vector<std::string>& cells, bool bold) {
+    std::string text;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      if (i > 0) text += kGap;
+      const std::string blanks(widths_[i] - DisplayWidth(cells[i]), ' ');
+      text += view_.Columns()[i].numeric ? blanks + cells[i] : cells[i] + blanks;
+    }
+    text.erase(text.find_last_not_of(' ') + 1);
+    if (bold && colour_) {
+      out_ << kBold << text << kPlain << '\n';
+    } else {
+      out_ << text << '\n';
+    }
+  }
+
+  void Rule(std::string_view stroke) {
+    if (colour_) out_ << kDim;
+    for (std::size_t i = 0; i < full_width_; ++i) out_ << stroke;
+    if (colour_) out_ << kPlain;
+    out_ << '\n';
+  }
+
+  const ReportView& view_;
+  bool colour_;
+  std::ostream& out_;
+  std::vector<std::size_t> widths_;
+  std::size_t full_width_ = 0;
+};
+
+}  // namespace
+
+std::size_t DisplayWidth(std::string_view text) {
+  std::size_t width = 0;
+  const auto length = static_cast<int32_t>(text.size());
+  for (int32_t i = 0; i < length;) {
+    UChar32 c = 0;
+    U8_NEXT(text.data(), i, length, c);
+    if (c < 0) {
+      ++width;  // a byte that is no UTF-8 shows as one replacement character
+      continue;
+    }
+    const int8_t kind = u_charType(c);
+    if (kind == U_NON_SPACING_MARK || kind == U_ENCLOSING_MARK || kind == U_FORMAT_CHAR) continue;
+    const int wide = u_getIntPropertyValue(c, UCHAR_EAST_ASIAN_WIDTH);
+    width += wide == U_EA_FULLWIDTH || wide == U_EA_WIDE ? 2 : 1;
+  }
+  return width;
+}
+
+void WriteTable(const ReportView& view, bool colour, std::ostream& out) {
+  if (view.Columns().empty()) {
+    out << "(no lines)\n";
+    return;
+  }
+  TableWriter(view, colour, out).Write();
+}
+
+}  // namespace pstolvane1::host
