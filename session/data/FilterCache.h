@@ -7,7 +7,7 @@
 
 namespace pstolvane1 {
 
-class Filter;
+class RowFilter;
 class RowStore;
 
 // A report filters the same rowset thousands of times, by a few texts again and again or by a new
@@ -19,10 +19,11 @@ class FilterCache {
   ~FilterCache();
 
   // The filter of a text that is not blank. Errors are those of Filter.
-  [[nodiscard]] std::shared_ptr<const Filter> Get(const RowStore& store, std::string_view criteria);
+  [[nodiscard]] std::shared_ptr<const RowFilter> Get(const RowStore& store,
+                                                     std::string_view criteria);
 
  private:
-  std::array<std::shared_ptr<Filter>, 16> filters_;  // a place per hash of the text
+  std::array<std::shared_ptr<RowFilter>, 16> filters_;  // a place per hash of the text
 };
 
 }  // namespace pstolvane1

@@ -9,9 +9,9 @@ namespace pstolvane1 {
 
 class RowStore;
 
-// "Column [ASC|DESC], ..." over the columns of one store. Null stands first, text ignores case, and
-// rows that are equal in all columns stay in the order of their numbers. Empty: the rows' own
-// order.
+// "Column [ASC|DESC], ..." over the columns of one store. Null stands first (last in a descending
+// column), text ignores case, True stands before False, and rows that are equal in all columns stay
+// in the order of their numbers. Empty: the rows' own order.
 class RowOrder {
  public:
   RowOrder() = default;
@@ -29,6 +29,9 @@ class RowOrder {
     int column;
     bool descending;
   };
+  // Rows a and b by the keys from a given one on, then by their numbers.
+  [[nodiscard]] bool BeforeFrom(std::size_t key, const RowStore& store, std::uint32_t a,
+                                std::uint32_t b) const;
   std::vector<Key> keys_;
 };
 

@@ -14,7 +14,7 @@
 
 namespace pstolvane1 {
 
-class Filter;
+class RowFilter;
 
 // The view is a list of row numbers, or all rows of the store when nothing limits or orders them.
 // The list holds the rows that meet the filter, in the order of the sort, and follows every change
@@ -62,8 +62,9 @@ class RowView {
   [[nodiscard]] const std::string& SortText() const { return sort_text_; }
 
   // --- The position ------------------------------------------------------------------------------
-  [[nodiscard]] bool Bof() const { return stand_ == Stand::kBof || Count() == 0; }
-  [[nodiscard]] bool Eof() const { return stand_ == Stand::kEof || Count() == 0; }
+  // Without any visible row it is both, unless a row outside the view is the current one.
+  [[nodiscard]] bool Bof() const { return stand_ == Stand::kBof || (Count() == 0 && !HasRow()); }
+  [[nodiscard]] bool Eof() const { return stand_ == Stand::kEof || (Count() == 0 && !HasRow()); }
   void First();
   void Last();
   // False, with nothing moved, at EOF or BOF already.
@@ -111,7 +112,8 @@ class RowView {
   [[nodiscard]] std::size_t PlaceFor(std::uint32_t row) const;
   void Insert(std::uint32_t row);
   void Erase(std::size_t place);
-  void StandAt(std::size_t place);
+  void StandAt(std::size_t place);      // or at the next visible row, or EOF
+  void StandBefore(std::size_t place);  // at the nearest visible row before it, or BOF
 
   std::shared_ptr<RowStore> store_;
   bool has_base_ = false;
@@ -119,7 +121,7 @@ class RowView {
   std::shared_ptr<const void> base_owner_;
 
   std::string filter_text_;
-  std::shared_ptr<const class Filter> filter_;
+  std::shared_ptr<const RowFilter> filter_;
   std::string sort_text_;
   RowOrder order_;
 
