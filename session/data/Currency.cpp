@@ -5,6 +5,7 @@
 
 #include "session/data/DecimalText.h"
 #include "session/data/Error.h"
+#include "session/data/Number.h"
 
 namespace pstolvane1 {
 
@@ -21,7 +22,7 @@ constexpr std::int64_t kUnits = 10000;
 Currency Currency::FromDouble(double value) {
   constexpr double kLimit = 9223372036854775808.0;  // 2^63
   const double units = std::nearbyint(value * 10000.0);
-  if (!(units >= -kLimit && units < kLimit)) RaiseOverflow(std::to_string(value));
+  if (!(units >= -kLimit && units < kLimit)) RaiseOverflow(TextOf(value));
   return FromTenThousandths(static_cast<std::int64_t>(units));
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "session/data/Error.h"
+#include "session/data/Number.h"
 
 namespace pstolvane1 {
 
@@ -52,9 +53,8 @@ Moment MomentOf(double serial) {
   // The last half second of the last day would round to a day that is not there.
   constexpr double kHalfSecond = 0.5 / kSecondsOfDay;
   if (!(serial > kFirstDay - 1 && serial < kLastDay + 1 - kHalfSecond)) {
-    throw Error(
-        ErrorNumber::kOverflow,
-        std::to_string(serial) + " days from 30 December 1899 lie outside the years 100 to 9999");
+    throw Error(ErrorNumber::kOverflow,
+                TextOf(serial) + " days from 30 December 1899 lie outside the years 100 to 9999");
   }
   const double day = std::trunc(serial);
   const int second = static_cast<int>(std::lround(std::abs(serial - day) * kSecondsOfDay));

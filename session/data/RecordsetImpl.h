@@ -21,6 +21,9 @@ class RunningFetch {
   virtual void Cancel() noexcept = 0;
 };
 
+// Error 3265: the name and the columns that there are.
+[[noreturn]] void RaiseNoColumn(std::string_view name, const std::vector<ColumnInfo>& columns);
+
 struct Recordset::Impl {
   // The columns of a fabricated rowset, as appended. They stay when it is closed.
   std::vector<ColumnInfo> appended;
@@ -37,11 +40,11 @@ struct Recordset::Impl {
   std::int32_t initial_fetch_size = 50;
 
   // Error 3704 when closed.
-  [[nodiscard]] RowView& Open() {
+  RowView& Open() {
     if (!view) RaiseNotOpen();
     return *view;
   }
-  [[nodiscard]] const RowView& Open() const {
+  const RowView& Open() const {
     if (!view) RaiseNotOpen();
     return *view;
   }
@@ -54,11 +57,18 @@ struct Recordset::Impl {
     return open.Row();
   }
   [[noreturn]] static void RaiseNoRow(const RowView& view);
+  [[nodiscard]] Row Current() const {
+    const std::uint32_t row = CurrentRow();
+    return {view->Store(), row};
+  }
 
   // The column of that name, also of a rowset that is not open yet; error 3265.
   [[nodiscard]] int FindColumn(std::string_view name) const;
   [[nodiscard]] const std::vector<ColumnInfo>& Columns() const;
 
+  // The rows, for writing. Error 3704, 3001 for those of a query.
+  RowStore& Writable();
+  void BeforeWrite(RowStore& store, int column);
   // Makes what was written of the current row known to all rowsets on the rows. Before every move.
   void Commit() {
     if (!edited.empty() || view->Adding() != RowView::kNone) CommitEdits();

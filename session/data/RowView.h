@@ -82,9 +82,7 @@ class RowView {
   }
   [[nodiscard]] std::uint32_t Row() const { return row_; }
   // Whether the current row is one that was deleted.
-  [[nodiscard]] bool OnDeleted() const {
-    return stand_ == Stand::kRow && !HasRow() && Count() != 0;
-  }
+  [[nodiscard]] bool StandsOnDeleted() const { return stand_ == Stand::kRow && !HasRow(); }
 
   // --- Adding a row ------------------------------------------------------------------------------
   static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();

@@ -79,6 +79,8 @@ class Variant {
   // as "True" and "False"; Empty is "".
   [[nodiscard]] std::string ToText() const;
   [[nodiscard]] std::shared_ptr<Recordset> ToRowset() const;
+  // The text where it holds one, else nullptr; nothing is copied.
+  [[nodiscard]] const std::string* TextIfAny() const { return std::get_if<std::string>(&value_); }
 
   // Equal in kind and value; Null equals Null here. Text is compared byte by byte.
   friend bool operator==(const Variant&, const Variant&) = default;

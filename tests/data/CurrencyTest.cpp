@@ -33,7 +33,7 @@ TEST(Currency, RoundsADoubleHalfToEvenAtTheFourthDecimal) {
 
 TEST(Currency, RefusesADoubleBeyondItsRange) {
   EXPECT_EQ(UnitsOf(-922337203685477.5808), kLeast);
-  ExpectError(ErrorNumber::kOverflow, "922337203685477.625000 is beyond the range of money",
+  ExpectError(ErrorNumber::kOverflow, "922337203685477.6 is beyond the range of money",
               [] { (void)Currency::FromDouble(922337203685477.625); });
   ExpectError(ErrorNumber::kOverflow, "inf is beyond the range of money",
               [] { (void)Currency::FromDouble(std::numeric_limits<double>::infinity()); });
