@@ -1,6 +1,7 @@
 // One state of the books, taken when somebody first reads it.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <exception>
 #include <memory>
@@ -20,7 +21,7 @@ class BooksState {
       : provider_(std::move(provider)), time_limit_(time_limit) {}
 
   // The first call takes the state; those that come meanwhile wait for it. When it fails, it fails
-  // for all with the same error: the next one would only wait as long again.
+  // for all with the same error: each would only wait as long again.
   [[nodiscard]] std::shared_ptr<Snapshot> Take() {
     const std::lock_guard lock(mutex_);
     if (failure_) std::rethrow_exception(failure_);
@@ -29,11 +30,14 @@ class BooksState {
         snapshot_ = provider_->TakeSnapshot(time_limit_);
       } catch (...) {
         failure_ = std::current_exception();
+        failed_ = true;
         throw;
       }
     }
     return snapshot_;
   }
+  // Whether it cannot be had any more. Does not wait.
+  [[nodiscard]] bool Failed() const noexcept { return failed_; }
 
  private:
   std::mutex mutex_;
@@ -41,6 +45,7 @@ class BooksState {
   std::chrono::milliseconds time_limit_;
   std::shared_ptr<Snapshot> snapshot_;
   std::exception_ptr failure_;
+  std::atomic<bool> failed_ = false;
 };
 
 }  // namespace pstolvane1

@@ -181,7 +181,7 @@ const std::shared_ptr<Provider>& ConnectionAccess::ProviderOf(const Connection& 
 
 std::shared_ptr<BooksState> ConnectionAccess::StateToRead(Connection& connection) {
   Connection::Impl& impl = *connection.impl_;
-  if (impl.scopes > 0 && impl.state) return impl.state;
+  if (impl.scopes > 0 && impl.state && !impl.state->Failed()) return impl.state;
   auto state = std::make_shared<BooksState>(ProviderOf(connection), TimeLimit(connection));
   if (impl.scopes > 0) impl.state = state;
   return state;

@@ -125,10 +125,11 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   // Opens a fabricated rowset with the columns that were appended.
   void Open();
   // Opens a query: one SELECT, or a shape command. A null connection leaves the one set before
-  // (error 3709 when there is none). options -1 fetches all rows before it returns; 48
-  // (adAsyncExecute + adAsyncFetch) returns at once and fetches beside this thread. What is wrong
-  // with the text is raised here in both cases; what goes wrong while rows are fetched is raised
-  // here in the first and told by FetchComplete in the second.
+  // (error 3709 when there is none, or it is not open). options -1 fetches all rows before it
+  // returns; 48 (adAsyncExecute + adAsyncFetch) returns at once and fetches beside this thread,
+  // which waits for no lock either. What is wrong with the text is raised here in both cases,
+  // before anything runs; what goes wrong later is raised here in the first and told by
+  // FetchComplete in the second. The columns are there when it returns.
   void Open(std::string_view source, std::shared_ptr<Connection> connection = nullptr,
             int cursor_type = adOpenUnspecified, int lock_type = adLockUnspecified,
             int options = adOptionUnspecified);
@@ -137,13 +138,19 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   // Frees the rows unless a clone has them. A fetch that runs is cancelled; no event follows.
   void Close();
 
-  // Events of an asynchronous open, on this thread while it pumps its messages (DoEvents). An
-  // exception that a handler lets out goes to whoever pumps. Progress and MaxProgress count rows;
-  // MaxProgress is what is known so far, at least 1 once there is a row.
+  // Events of an asynchronous open, on this thread while it pumps its messages (DoEvents). The
+  // rowset lives until a handler returns, which may close or drop it; an exception that a handler
+  // lets out goes to whoever pumps.
+  //
+  // Once for each hand-over of rows: the first has as many as "Initial Fetch Size", each further
+  // one a whole chunk; a shape command's come when all of it is joined. Progress and MaxProgress
+  // are both the rows handed over so far, because nobody knows before the end how many there will
+  // be. So 1 divided by MaxProgress is the whole at the first row of a fetch with the size 1, and
+  // little more after it. Without rows there is no FetchProgress.
   std::function<void(std::int32_t progress, std::int32_t max_progress, int status, Recordset&)>
       FetchProgress;
-  // Once, at the end; error is nullptr and status 1 (adStatusOK) on success. The rowset then is
-  // open with all rows, or with those that came before the error.
+  // Once, at the end; error is nullptr and status 1 (adStatusOK) on success, else the status is 2.
+  // The rowset then is open with all rows, or with those that were handed over before the error.
   std::function<void(const Error* error, int status, Recordset&)> FetchComplete;
 
   // --- Columns and values

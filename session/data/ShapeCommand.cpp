@@ -1,11 +1,11 @@
 #include "session/data/ShapeCommand.h"
 
-#include <algorithm>
+#include <utility>
+
+#include "session/data/TextFold.h"
 
 namespace pstolvane1::shape {
 namespace {
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 class Printer {
  public:
@@ -101,10 +101,7 @@ class Printer {
 
 }  // namespace
 
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lower(x) == Lower(y); });
-}
+bool SameName(std::string_view a, std::string_view b) { return EqualFolded(a, b); }
 
 std::string_view NameOf(Function function) {
   switch (function) {

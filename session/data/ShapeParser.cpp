@@ -19,6 +19,15 @@ bool IsNameCharacter(char c) {
 
 bool IsFirstByte(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
 
+// Keywords are ASCII, and only their own letters in either case are theirs.
+bool SameWord(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  };
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [lower](char x, char y) { return lower(x) == lower(y); });
+}
+
 // The character that ends what this one opens, or 0.
 char ClosingQuote(char c) {
   switch (c) {
@@ -304,7 +313,7 @@ class Parser {
 
   bool NextIsWord(std::string_view word) {
     SkipSpace();
-    return SameName(WordAt(place_), word);
+    return SameWord(WordAt(place_), word);
   }
 
   bool TakeIfWord(std::string_view word) {
@@ -375,7 +384,7 @@ class Parser {
 bool IsCommand(std::string_view text) {
   const auto begin = std::find_if_not(text.begin(), text.end(), IsSpace);
   const auto end = std::find_if_not(begin, text.end(), IsNameCharacter);
-  return SameName({begin, end}, "SHAPE");
+  return SameWord({begin, end}, "SHAPE");
 }
 
 Command Parse(std::string_view text) { return Parser(text).Read(); }

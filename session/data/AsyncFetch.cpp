@@ -1,0 +1,125 @@
+#include "session/data/AsyncFetch.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include "session/data/Background.h"
+#include "session/data/QueryReader.h"
+#include "session/data/RecordsetAccess.h"
+#include "session/data/ShapeJoiner.h"
+
+namespace pstolvane1 {
+
+class AsyncFetch::Handle final : public RunningFetch {
+ public:
+  explicit Handle(std::shared_ptr<AsyncFetch> fetch) : fetch_(std::move(fetch)) {}
+  ~Handle() override { fetch_->Cancel(); }
+  void Cancel() noexcept override { fetch_->Cancel(); }
+
+ private:
+  std::shared_ptr<AsyncFetch> fetch_;
+};
+
+AsyncFetch::AsyncFetch(const RecordsetPtr& rowset, std::shared_ptr<FetchStop> stop)
+    : rowset_(rowset), queue_(MessageQueue::OfThisThread()), stop_(std::move(stop)) {}
+
+std::shared_ptr<RunningFetch> AsyncFetch::Start(const RecordsetPtr& rowset, shape::Plan plan,
+                                                std::shared_ptr<BooksState> state,
+                                                std::chrono::milliseconds time_limit,
+                                                std::size_t first_rows,
+                                                std::shared_ptr<FetchStop> stop) {
+  const std::shared_ptr<AsyncFetch> fetch(new AsyncFetch(rowset, std::move(stop)));
+  auto handle = std::make_shared<Handle>(fetch);
+  RunBeside([fetch, plan = std::make_shared<const shape::Plan>(std::move(plan)),
+             state = std::move(state), time_limit, first_rows]() mutable {
+    fetch->Run(*plan, std::move(state), time_limit, first_rows);
+  });
+  return handle;
+}
+
+void AsyncFetch::Run(const shape::Plan& plan, std::shared_ptr<BooksState> state,
+                     std::chrono::milliseconds time_limit, std::size_t first_rows) noexcept {
+  std::optional<Error> error;
+  try {
+    Fetch(plan, std::move(state), time_limit, first_rows);
+  } catch (const Error& failed) {
+    error = failed;
+  } catch (const std::bad_alloc&) {
+    error.emplace(ErrorNumber::kQueryRefused, "there is not enough memory for the rows");
+  } catch (const std::exception& failed) {
+    error.emplace(ErrorNumber::kQueryRefused, failed.what());
+  }
+  queue_->Post([self = shared_from_this(), error] { self->Complete(error); });
+}
+
+void AsyncFetch::Fetch(const shape::Plan& plan, std::shared_ptr<BooksState> state,
+                       std::chrono::milliseconds time_limit, std::size_t first_rows) {
+  QueryReader reader(std::move(state), time_limit, stop_);
+  if (plan.IsQueryAlone()) {
+    reader.Read(*plan.query, plan.columns, first_rows,
+                [this](Chunk chunk) { HandOver(std::move(chunk)); });
+    return;
+  }
+  const std::shared_ptr<RowStore> joined = shape::Join(plan, reader, first_rows);
+  JoinedChapters chapters;
+  for (int column = 0; column < static_cast<int>(plan.columns.size()); ++column) {
+    if (joined->Chapters(column)) chapters.emplace_back(column, joined->Chapters(column));
+  }
+  queue_->Post([self = shared_from_this(), chapters] { self->TakeChapters(chapters); });
+  for (Chunk& chunk : joined->TakeChunks()) HandOver(std::move(chunk));
+}
+
+void AsyncFetch::HandOver(Chunk chunk) {
+  {
+    const std::lock_guard lock(mutex_);
+    stop_->Check();
+    on_their_way_.push_back(std::move(chunk));
+  }
+  queue_->Post([self = shared_from_this()] { self->TakeChunk(); });
+}
+
+void AsyncFetch::Cancel() noexcept {
+  live_ = false;
+  stop_->Stop();
+  std::deque<Chunk> dropped;
+  const std::lock_guard lock(mutex_);
+  dropped.swap(on_their_way_);
+}
+
+RecordsetPtr AsyncFetch::LiveRowset() const { return live_ ? rowset_.lock() : nullptr; }
+
+void AsyncFetch::TakeChapters(const JoinedChapters& chapters) {
+  const RecordsetPtr rowset = LiveRowset();
+  if (!rowset) return;
+  for (const auto& [column, rows] : chapters) {
+    RecordsetAccess::Store(*rowset)->SetChapters(column, rows);
+  }
+}
+
+void AsyncFetch::TakeChunk() {
+  const RecordsetPtr rowset = LiveRowset();  // stays while its handler runs
+  if (!rowset) return;
+  std::optional<Chunk> chunk;
+  {
+    const std::lock_guard lock(mutex_);
+    chunk.emplace(std::move(on_their_way_.front()));
+    on_their_way_.pop_front();
+  }
+  handed_over_ += static_cast<std::uint32_t>(chunk->Rows());
+  RecordsetAccess::Store(*rowset)->Append(std::move(*chunk));
+  constexpr std::uint32_t kMost = std::numeric_limits<std::int32_t>::max();
+  const auto rows = static_cast<std::int32_t>(std::min(handed_over_, kMost));
+  if (const auto handler = rowset->FetchProgress) handler(rows, rows, adStatusOK, *rowset);
+}
+
+void AsyncFetch::Complete(const std::optional<Error>& error) {
+  const RecordsetPtr rowset = LiveRowset();
+  if (!rowset) return;
+  RecordsetAccess::ImplOf(*rowset).fetch.reset();
+  if (const auto handler = rowset->FetchComplete) {
+    handler(error ? &*error : nullptr, error ? adStatusErrorsOccurred : adStatusOK, *rowset);
+  }
+}
+
+}  // namespace pstolvane1
