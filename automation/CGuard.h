@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "session/data/Error.h"
+
 namespace pstolvane1::automation {
 
 // Keeps the exception in flight as this thread's last error and gives its number.
@@ -21,23 +23,14 @@ std::int32_t Guarded(const Work& work) noexcept {
   }
 }
 
-// The object of a handle; error 91 for none.
+// The object behind a pointer; error 91 "no session was given" for none.
 template <typename T>
-T& Given(T* handle, const char* what);
+T& Given(T* pointer, const char* what) {
+  if (pointer) return *pointer;
+  throw Error(ErrorNumber::kObjectNotSet, std::string("no ") + what + " was given");
+}
 
 // A copy that the caller frees with pst_text_free.
 [[nodiscard]] char* CopyText(std::string_view text);
-
-}  // namespace pstolvane1::automation
-
-#include "session/data/Error.h"
-
-namespace pstolvane1::automation {
-
-template <typename T>
-T& Given(T* handle, const char* what) {
-  if (handle) return *handle;
-  throw Error(ErrorNumber::kObjectNotSet, std::string("no ") + what + " was given");
-}
 
 }  // namespace pstolvane1::automation

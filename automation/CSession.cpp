@@ -96,9 +96,10 @@ int32_t pst_call(pst_session* session, const char* operation, const char* const*
     };
     std::vector<automation::NamedValue> given;
     for (size_t i = 0; i < count; ++i) {
-      given.push_back(automation::ArgumentFromText(described, text_at(names, i, "name"),
-                                                   text_at(values, i, "value"),
-                                                   automation::OpenerOf(called)));
+      const std::string_view name = text_at(names, i, "name");
+      const std::string_view value = text_at(values, i, "value");
+      given.push_back(
+          automation::ArgumentFromText(described, name, value, automation::OpenerOf(called)));
     }
     automation::GiveRowset(automation::Call(called, described, given), rowset);
   });
@@ -115,8 +116,9 @@ int32_t pst_call_json(pst_session* session, const char* operation, const char* a
     const auto given = automation::ArgumentsFromJson(described, automation::TextOr(arguments, ""),
                                                      automation::OpenerOf(called));
     const automation::Outcome outcome = automation::Call(called, described, given);
-    if (result) *result = automation::CopyText(automation::OutcomeAsJson(outcome));
+    const std::string told = result ? automation::OutcomeAsJson(outcome) : std::string();
     automation::GiveRowset(outcome, rowset);
+    if (result) *result = automation::CopyText(told);
   });
 }
 

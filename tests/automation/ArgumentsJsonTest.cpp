@@ -5,7 +5,7 @@
 #include "automation/ArgumentsJson.h"
 #include "automation/Operations.h"
 #include "session/data/Error.h"
-#include "tests/automation/ExpectError.h"
+#include "tests/data/ExpectError.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -43,13 +43,13 @@ TEST(ArgumentsAsJson, OpenARowsetArgumentFromItsSelect) {
 }
 
 TEST(ArgumentsAsJson, RefuseWhatIsNotAnObjectOfPlainValues) {
-  ExpectError([] { static_cast<void>(ArgumentsFromJson(Ledgers(), "[1]", NoRowsets)); },
-              ErrorNumber::kArgumentOutOfRange,
-              "the arguments are not a JSON object of plain values: it is array");
-  ExpectError(
-      [] { static_cast<void>(ArgumentsFromJson(Ledgers(), R"({"sCode": [1]})", NoRowsets)); },
-      ErrorNumber::kArgumentOutOfRange,
-      "the arguments are not a JSON object of plain values: \"sCode\" is array");
+  ExpectError(ErrorNumber::kArgumentOutOfRange,
+              "the arguments are not a JSON object of plain values: it is array",
+              [] { static_cast<void>(ArgumentsFromJson(Ledgers(), "[1]", NoRowsets)); });
+  ExpectError(ErrorNumber::kArgumentOutOfRange,
+              "the arguments are not a JSON object of plain values: \"sCode\" is array", [] {
+                static_cast<void>(ArgumentsFromJson(Ledgers(), R"({"sCode": [1]})", NoRowsets));
+              });
   EXPECT_THROW(static_cast<void>(ArgumentsFromJson(Ledgers(), "{", NoRowsets)), Error);
 }
 

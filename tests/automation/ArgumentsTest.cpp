@@ -7,7 +7,7 @@
 #include "automation/Families.h"
 #include "automation/Operations.h"
 #include "session/data/Error.h"
-#include "tests/automation/ExpectError.h"
+#include "tests/data/ExpectError.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -60,8 +60,8 @@ TEST(ValuesFromText, AVariantIsTheFirstKindThatTheTextCanBe) {
 
 TEST(ValuesFromText, OfAnotherKindAreRefused) {
   const auto refused = [](const Argument& argument, const char* text, const char* what) {
-    ExpectError([&] { static_cast<void>(ValueFromText(argument, text)); },
-                ErrorNumber::kTypeMismatch, what);
+    ExpectError(ErrorNumber::kTypeMismatch, what,
+                [&] { static_cast<void>(ValueFromText(argument, text)); });
   };
   refused(kByteArgument, "ten", "b takes a whole number from 0 to 255, not \"ten\"");
   refused(kByteArgument, "", "b takes a whole number from 0 to 255, not \"\"");
@@ -86,8 +86,8 @@ TEST(ValuesFromText, OfAnotherKindAreRefused) {
 
 TEST(ValuesFromText, OutOfRangeAreRefused) {
   const auto refused = [](const Argument& argument, const char* text, const char* what) {
-    ExpectError([&] { static_cast<void>(ValueFromText(argument, text)); }, ErrorNumber::kOverflow,
-                what);
+    ExpectError(ErrorNumber::kOverflow, what,
+                [&] { static_cast<void>(ValueFromText(argument, text)); });
   };
   refused(kByteArgument, "256", "b takes a whole number from 0 to 255, and 256 lies outside");
   refused(kByteArgument, "-1", "b takes a whole number from 0 to 255, and -1 lies outside");
@@ -138,16 +138,18 @@ TEST(Binding, LeavesOutARowsetThatNobodyGave) {
 
 TEST(Binding, RefusesAnUnknownNameAndShowsTheArguments) {
   const NamedValue values[] = {{"bytYear", 3}};
-  ExpectError([&] { static_cast<void>(Bind(Ledgers(), values)); }, ErrorNumber::kArgumentOutOfRange,
+  ExpectError(ErrorNumber::kArgumentOutOfRange,
               "LedgersByCode: there is no argument \"bytYear\"; LedgersByCode bytYearno sCode "
-              "blnReport");
+              "blnReport",
+              [&] { static_cast<void>(Bind(Ledgers(), values)); });
 }
 
 TEST(Binding, RefusesAValueThatIsMissing) {
   const NamedValue values[] = {{"sCode", "1"}, {"blnReport", true}};
-  ExpectError([&] { static_cast<void>(Bind(Ledgers(), values)); }, ErrorNumber::kArgumentOutOfRange,
+  ExpectError(ErrorNumber::kArgumentOutOfRange,
               "LedgersByCode: bytYearno is missing, a whole number from 0 to 255; LedgersByCode "
-              "bytYearno sCode blnReport");
+              "bytYearno sCode blnReport",
+              [&] { static_cast<void>(Bind(Ledgers(), values)); });
 }
 
 TEST(Binding, TakesNullForAValueThatIsMissing) {
@@ -157,28 +159,33 @@ TEST(Binding, TakesNullForAValueThatIsMissing) {
 
 TEST(Binding, RefusesANameThatComesTwice) {
   const NamedValue values[] = {{"sCode", "1"}, {"SCODE", "2"}};
-  ExpectError([&] { static_cast<void>(Bind(Ledgers(), values)); }, ErrorNumber::kArgumentOutOfRange,
-              "LedgersByCode: sCode is given twice; LedgersByCode bytYearno sCode blnReport");
+  ExpectError(ErrorNumber::kArgumentOutOfRange,
+              "LedgersByCode: sCode is given twice; LedgersByCode bytYearno sCode blnReport",
+              [&] { static_cast<void>(Bind(Ledgers(), values)); });
 }
 
 TEST(Binding, TellsAWrongValueWithTheArguments) {
   const NamedValue text[] = {{"bytYearno", "first"}};
-  ExpectError([&] { static_cast<void>(Bind(Ledgers(), text)); }, ErrorNumber::kTypeMismatch,
+  ExpectError(ErrorNumber::kTypeMismatch,
               "LedgersByCode: bytYearno takes a whole number from 0 to 255, not \"first\"; "
-              "LedgersByCode bytYearno sCode blnReport");
+              "LedgersByCode bytYearno sCode blnReport",
+              [&] { static_cast<void>(Bind(Ledgers(), text)); });
   const NamedValue large[] = {{"bytYearno", 256}};
-  ExpectError([&] { static_cast<void>(Bind(Ledgers(), large)); }, ErrorNumber::kOverflow,
+  ExpectError(ErrorNumber::kOverflow,
               "LedgersByCode: bytYearno takes a whole number from 0 to 255, and 256 lies outside; "
-              "LedgersByCode bytYearno sCode blnReport");
+              "LedgersByCode bytYearno sCode blnReport",
+              [&] { static_cast<void>(Bind(Ledgers(), large)); });
   const NamedValue fraction[] = {{"bytYearno", 1.5}};
-  ExpectError([&] { static_cast<void>(Bind(Ledgers(), fraction)); }, ErrorNumber::kTypeMismatch,
+  ExpectError(ErrorNumber::kTypeMismatch,
               "LedgersByCode: bytYearno takes a whole number from 0 to 255, not 1.5; LedgersByCode "
-              "bytYearno sCode blnReport");
+              "bytYearno sCode blnReport",
+              [&] { static_cast<void>(Bind(Ledgers(), fraction)); });
   const NamedValue flag[] = {{"bytYearno", true}};
   ExpectError(
-      [&] { static_cast<void>(Bind(Ledgers(), flag)); }, ErrorNumber::kTypeMismatch,
+      ErrorNumber::kTypeMismatch,
       "LedgersByCode: bytYearno takes a whole number from 0 to 255, not True; LedgersByCode "
-      "bytYearno sCode blnReport");
+      "bytYearno sCode blnReport",
+      [&] { static_cast<void>(Bind(Ledgers(), flag)); });
 }
 
 }  // namespace
