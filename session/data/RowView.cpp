@@ -59,7 +59,7 @@ void RowView::Own() {
 
 void RowView::Fill() {
   if (!filter_ && order_.Empty()) {
-    own_ = {};
+    own_ = std::vector<std::uint32_t>();
     list_owner_.reset();
     all_ = !has_base_;
     if (has_base_) Use(base_);
