@@ -42,9 +42,11 @@ void ReportFrame::ConnectEvents(Source source, Recordset& rowset) {
 void ReportFrame::SourceFetchProgress(Source source, std::int32_t rows, std::int32_t max_rows) {
   Slot& slot = SlotOf(source);
   if (!slot.seen) {
-    if (__builtin_add_overflow(lngFetchTotal, max_rows, &lngFetchTotal)) {
+    std::int32_t total = 0;
+    if (__builtin_add_overflow(lngFetchTotal, max_rows, &total)) {
       throw Error(ErrorNumber::kOverflow, "the rows that a report fetches are too many to count");
     }
+    lngFetchTotal = total;
     if (source == Source::Rs1) ++lngRs1Fetches;
   }
   slot.seen = true;
@@ -67,6 +69,7 @@ void ReportFrame::DispatchFetchComplete() {
   if (row != nullptr && module.bytFetchesDone >= row->awaits) {
     module.bytFetchesDone = 0;
     BeginManipulating();
+    if (events_ == nullptr) return;  // its handler has ended the session
     if (row->resets_record_no) module.lngRecordNo = 0;
     if (row->delivery != Delivery::kNothing) {
       const RecordsetPtr report = Build(*row);
