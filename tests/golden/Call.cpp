@@ -1,0 +1,58 @@
+#include "Call.h"
+
+#include <sstream>
+#include <stdexcept>
+
+#include "automation/Calls.h"
+#include "automation/Operations.h"
+
+namespace pstolvane1::golden {
+namespace {
+
+using automation::NamedValue;
+
+RecordsetPtr CallByName(clsStolvane1& session, const std::string& name,
+                        const std::vector<NamedValue>& values) {
+  const automation::Outcome outcome =
+      automation::Call(session, automation::GetOperation(name), values);
+  return outcome.value.IsEmpty() ? nullptr : outcome.value.ToRowset();
+}
+
+}  // namespace
+
+RecordsetPtr Call(clsStolvane1& session, const CaseFile& file, Boolean blnReport) {
+  std::vector<NamedValue> values;
+  for (const auto& [name, value] : file.arguments) values.push_back({name, TextOf(value)});
+  if (automation::FindArgument(automation::GetOperation(file.operation), "blnReport") != nullptr) {
+    values.push_back({"blnReport", blnReport});
+  }
+  return CallByName(session, file.operation, values);
+}
+
+void Apply(clsStolvane1& session, const CaseFile& file) {
+  std::vector<NamedValue> aliases;
+  std::vector<NamedValue> filter = {
+      {"strVouchertypeFilter", ""}, {"strSubgroupFilter", ""}, {"btTypeOfentry", 0}, {"OptNo", 0}};
+  session.SetLocale("en_IN");
+  for (const auto& [what, value] : file.settings) {
+    std::istringstream words(what);
+    std::string kind, name;
+    words >> kind >> name;
+    if (kind == "cancel") {
+      session.CancelFetching(True);
+    } else if (kind == "locale") {
+      session.SetLocale(name);
+    } else if (kind == "alias") {
+      aliases.push_back({name, TextOf(value)});
+    } else if (kind == "filter") {
+      std::erase_if(filter, [&name](const NamedValue& given) { return given.name == name; });
+      filter.push_back({name, TextOf(value)});
+    } else {
+      throw std::runtime_error("no such setting: " + what);
+    }
+  }
+  (void)CallByName(session, "SetAliases", aliases);
+  (void)CallByName(session, "SetFilter", filter);
+}
+
+}  // namespace pstolvane1::golden
