@@ -1,14 +1,23 @@
 // The engines that a connection string can name.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
 #include "session/data/Connection.h"
+#include "session/data/Provider.h"
 
 namespace pstolvane1 {
 
 // A connection that opens any engine of the library: "books.db" or "sqlite:///books.db" for SQLite.
+// session/engine/ConnectionString.h has all forms.
 [[nodiscard]] std::shared_ptr<Connection> NewConnection();
+
+// Opens the database that a connection string names; what NewConnection's connections call. Error
+// 501 for a wrong connection string, an engine that this build does not have, and a database that
+// cannot be opened.
+[[nodiscard]] std::shared_ptr<Provider> OpenDatabase(const std::string& connection_string,
+                                                     std::chrono::milliseconds time_limit);
 
 }  // namespace pstolvane1

@@ -1,0 +1,83 @@
+// One native connection to the books: read-only, guarded, one statement at a time.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "session/data/Error.h"
+#include "session/engine/Watch.h"
+#include "session/engine/sqlite/Guard.h"
+#include "session/engine/sqlite/Native.h"
+#include "session/sql/Catalog.h"
+
+namespace pstolvane1::sqlite {
+
+// Used by one thread at a time; who owns it keeps threads apart. Errors are -2147217900 with the
+// engine's words unless told otherwise.
+class Database {
+ public:
+  // Opens an existing file and reads its schema, so that what is no database is refused here. Waits
+  // for locks within the watch's limit. Error 501 whose text continues "the books FILE cannot be
+  // opened: ...".
+  Database(const std::string& file, Watch& watch);
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  // True while the file is still what its name stands for: false after it was replaced or removed.
+  [[nodiscard]] bool IsInPlace() const;
+  // Begins one state of the books and holds it; gives the version of its schema.
+  std::int64_t BeginState(Watch& watch);
+  // Lets the state go; all statements are finalized before. False when the connection is of no use
+  // any more.
+  [[nodiscard]] bool EndState() noexcept;
+  // The version of the schema as it is now, without a state; nothing when a lock stands in the way.
+  [[nodiscard]] std::optional<std::int64_t> SchemaVersionNow();
+
+  // While it lives, statements may be prepared and stepped, and the watch may end them. A catalog
+  // holds the statements to selecting from its tables; null is for the library's own statements.
+  // Work comes in batches, because it costs two readings of the clock.
+  class Running {
+   public:
+    Running(Database& database, Watch& watch, const sql::Catalog* catalog = nullptr);
+    ~Running();
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+   private:
+    Database& database_;
+    Guard::Permission permission_;
+  };
+
+  [[nodiscard]] NativeStatement Prepare(const std::string& text);
+  // True for a row, false at the end.
+  [[nodiscard]] bool Step(sqlite3_stmt* statement, std::string_view doing);
+
+  // What a step's code means, told with the function's own error if one of them failed, with the
+  // watch if it ended the step, else with the engine's words. Call it right behind the step.
+  [[nodiscard]] Error Failed(int code, std::string_view doing) const;
+
+  // Where a function of the library leaves the error with which it fails.
+  [[nodiscard]] std::optional<Error>& FunctionError() { return function_error_; }
+
+ private:
+  void Configure();
+  [[nodiscard]] Error CannotOpen(int code) const;
+  void Execute(const char* text);
+  static int OnProgress(void* database) noexcept;
+  static int OnBusy(void* database, int attempts) noexcept;
+
+  std::string file_;
+  Guard guard_;
+  Watch* watch_ = nullptr;
+  std::optional<Error> function_error_;
+  NativeDatabase native_;
+  NativeStatement begin_;
+  NativeStatement end_;
+  NativeStatement schema_version_;
+};
+
+}  // namespace pstolvane1::sqlite

@@ -1,0 +1,61 @@
+#include "session/engine/sqlite/Snapshot.h"
+
+#include <utility>
+
+#include "session/engine/sqlite/Cursor.h"
+
+namespace pstolvane1::sqlite {
+
+HeldState::HeldState(std::unique_ptr<Database> connection,
+                     std::shared_ptr<const sql::Catalog> tables, std::shared_ptr<CancelSignal> all,
+                     GiveBack back)
+    : database(std::move(connection)),
+      catalog(std::move(tables)),
+      provider_cancel(std::move(all)),
+      give_back_(std::move(back)) {}
+
+HeldState::~HeldState() {
+  FinalizeDropped();
+  if (!database->EndState()) return;
+  try {
+    give_back_(std::move(database));
+  } catch (...) {
+    // Without room to keep it, the connection is closed.
+  }
+}
+
+void HeldState::Drop(NativeStatement statement) noexcept {
+  try {
+    const std::lock_guard guard(dropped_mutex_);
+    dropped_.push_back(std::move(statement));
+  } catch (...) {
+    // Without room to keep it: wait for the turn after all.
+    const std::lock_guard guard(turn);
+    statement.reset();
+    return;
+  }
+  if (turn.try_lock()) {
+    FinalizeDropped();
+    turn.unlock();
+  }
+}
+
+void HeldState::FinalizeDropped() noexcept {
+  std::vector<NativeStatement> dropped;
+  {
+    const std::lock_guard guard(dropped_mutex_);
+    dropped.swap(dropped_);
+  }
+}
+
+SqliteSnapshot::SqliteSnapshot(std::shared_ptr<HeldState> state, Translator translate)
+    : state_(std::move(state)), translate_(std::move(translate)) {}
+
+std::shared_ptr<Cursor> SqliteSnapshot::Run(std::string_view select,
+                                            std::chrono::milliseconds time_limit) {
+  return std::make_shared<SqliteCursor>(state_, translate_(select, *state_->catalog), time_limit);
+}
+
+void SqliteSnapshot::Cancel() noexcept { state_->cancel.Raise(); }
+
+}  // namespace pstolvane1::sqlite

@@ -1,0 +1,64 @@
+// One unchanging state of the books on one connection of its own, and the cursors that read it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "session/data/Provider.h"
+#include "session/engine/FairMutex.h"
+#include "session/engine/Watch.h"
+#include "session/engine/sqlite/Database.h"
+#include "session/sql/Translate.h"
+
+namespace pstolvane1::sqlite {
+
+// Turns a SELECT of the dialect into the engine's text.
+using Translator = std::function<sql::Translation(std::string_view, const sql::Catalog&)>;
+
+// What a snapshot and its cursors share. Shared because the state must be held until the last of
+// them is gone, whichever that is. Its connection steps one statement at a time: whoever touches it
+// holds turn.
+struct HeldState {
+  using GiveBack = std::function<void(std::unique_ptr<Database>)>;
+
+  HeldState(std::unique_ptr<Database> connection, std::shared_ptr<const sql::Catalog> tables,
+            std::shared_ptr<CancelSignal> all, GiveBack back);
+  // Lets the state of the books go and hands the connection back if it is still of use.
+  ~HeldState();
+  HeldState(const HeldState&) = delete;
+  HeldState& operator=(const HeldState&) = delete;
+
+  // Finalizes the statement now if nobody is at work, else leaves it to whoever is: a rowset that
+  // closes must not wait for its neighbour.
+  void Drop(NativeStatement statement) noexcept;
+  // With turn held.
+  void FinalizeDropped() noexcept;
+
+  std::unique_ptr<Database> database;
+  const std::shared_ptr<const sql::Catalog> catalog;
+  const std::shared_ptr<CancelSignal> provider_cancel;
+  CancelSignal cancel;
+  FairMutex turn;
+
+ private:
+  const GiveBack give_back_;
+  std::mutex dropped_mutex_;
+  std::vector<NativeStatement> dropped_;
+};
+
+class SqliteSnapshot final : public Snapshot {
+ public:
+  SqliteSnapshot(std::shared_ptr<HeldState> state, Translator translate);
+
+  [[nodiscard]] std::shared_ptr<Cursor> Run(std::string_view select,
+                                            std::chrono::milliseconds time_limit) override;
+  void Cancel() noexcept override;
+
+ private:
+  const std::shared_ptr<HeldState> state_;
+  const Translator translate_;
+};
+
+}  // namespace pstolvane1::sqlite
