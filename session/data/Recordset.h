@@ -115,9 +115,9 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  // --- Open and close
-  // ----------------------------------------------------------------------------- Before Open.
-  // nullptr on an open rowset disconnects it; its rows stay.
+  // --- Open and close ---
+
+  // Before Open. nullptr on an open rowset disconnects it; its rows stay.
   void ActiveConnection(std::shared_ptr<Connection> connection);
   [[nodiscard]] std::shared_ptr<Connection> ActiveConnection() const;
   [[nodiscard]] pstolvane1::Properties Properties();
@@ -153,8 +153,8 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   // The rowset then is open with all rows, or with those that were handed over before the error.
   std::function<void(const Error* error, int status, Recordset&)> FetchComplete;
 
-  // --- Columns and values
-  // -------------------------------------------------------------------------
+  // --- Columns and values ---
+
   [[nodiscard]] pstolvane1::Fields Fields();
   [[nodiscard]] Field Fields(std::string_view name);
   // Value of the current row by column name, without a Field object.
@@ -176,10 +176,10 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   [[nodiscard]] RecordsetPtr Chapter(ColumnHandle column) const;
   [[nodiscard]] Variant Value(ColumnHandle column) const;
 
-  // --- Rows of a fabricated rowset
-  // ---------------------------------------------------------------- Adds a row of Nulls and makes
-  // it current; visible, to clones too, after Update, or when the position moves on, which updates
-  // as well. Error 3001 on a query's rowset, as for every write.
+  // --- Rows of a fabricated rowset ---
+
+  // Adds a row of Nulls and makes it current; visible, to clones too, after Update, or when the
+  // position moves on, which updates as well. Error 3001 on a query's rowset, as for every write.
   void AddNew();
   // Values that are written are seen by clones at once; whether and where a filter and a sort show
   // the row is settled here.
@@ -192,8 +192,8 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   void Set(ColumnHandle column, const Variant& value);
   void SetText(ColumnHandle column, std::string_view text);
 
-  // --- Position
-  // -----------------------------------------------------------------------------------
+  // --- Position ---
+
   void MoveFirst();  // an empty rowset stays at both ends
   void MoveLast();
   void MoveNext();      // error 3021 when at EOF already
@@ -207,8 +207,8 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   void Bookmark(pstolvane1::Bookmark position);
   [[nodiscard]] std::int32_t RecordCount() const;  // of the visible rows; error 6 beyond 32 bits
 
-  // --- View
-  // ---------------------------------------------------------------------------------------
+  // --- View ---
+
   // Criteria: comparisons "column op value" with = <> < > <= >= LIKE, joined with And, Or and Not,
   // and parentheses; And binds closer than Or. Values: numbers, 'text' with '' for a quote,
   // #MM/dd/yyyy# or #yyyy-MM-dd# with or without a time, True, False, Null. Names may stand in
@@ -232,9 +232,10 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   // writes, adds or deletes the others see.
   [[nodiscard]] RecordsetPtr Clone(int lock_type = adLockUnspecified);
 
-  // --- Iteration
-  // ---------------------------------------------------------------------------------- A row of a
-  // rowset, whether it is the current one or not. Valid while the rowset or a clone of it is open.
+  // --- Iteration ---
+
+  // A row of a rowset, whether it is the current one or not. Valid while the rowset or a clone of
+  // it is open.
   class Row {
    public:
     [[nodiscard]] Variant operator[](std::string_view name) const;  // error 3265
