@@ -22,6 +22,8 @@ class Evaluator {
   // stands for a value and has several rows; std::logic_error for what the model does not know.
   // Names must be right: they are not checked.
   [[nodiscard]] Relation Run();
+  // The columns that Run gives, without rows; never fails.
+  [[nodiscard]] Relation Columns();
 
  private:
   // What the names of an expression stand for: the row at hand, or a group of rows, and around it
@@ -63,6 +65,7 @@ class Evaluator {
   Kind KindOf(const Expr& expression, const Frame& frame);  // found once for each expression
   Kind FindKind(const Expr& expression, const Frame& frame);
   Kind KindOfCall(const Call& call, const Frame& frame);
+  Kind KindOfPart(const Call& call, const Kind& text);
   Kind KindOfCase(const Case& chosen, const Frame& frame);
   Value ValueOf(const Expr& expression, const Frame& frame);
   Value ValueAs(const Expr& expression, const Kind& kind, const Frame& frame);

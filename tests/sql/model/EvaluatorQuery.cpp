@@ -88,6 +88,8 @@ Evaluator::Evaluator(const Statement& statement, const std::vector<Table>& table
 
 Relation Evaluator::Run() { return Rows(statement_.query, nullptr); }
 
+Relation Evaluator::Columns() { return {ColumnsOf(statement_.query, nullptr), {}}; }
+
 const Table& Evaluator::TableOf(const Name& name) const {
   for (const Table& table : tables_) {
     if (SameName(table.name, name.text)) return table;

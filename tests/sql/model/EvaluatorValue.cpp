@@ -48,7 +48,8 @@ Kind KindOfType(const TypeName& type) {
   if (name == "money") return {Type::kMoney};
   if (name == "real") return {Type::kSingle};
   if (name == "float") return {Type::kReal};
-  if (name == "varchar") return {Type::kText};
+  if (name == "datetime") return {Type::kDate};
+  if (name == "varchar") return {.type = Type::kText, .size = type.size.value_or(30)};
   if (name == "decimal") return {Type::kDecimal, type.size.value_or(18), type.scale.value_or(0)};
   throw std::logic_error("model: no type " + name);
 }
@@ -66,6 +67,12 @@ Value PartOf(const std::string& text, Int128 begin, Int128 count) {
   const Int128 last = std::clamp(begin + count, first, size);
   return Value::Text(
       text.substr(static_cast<std::size_t>(first), static_cast<std::size_t>(last - first)));
+}
+
+// A text that is kept in fewer characters.
+Value Cut(const Value& value, const Kind& kind) {
+  if (value.null || kind.type != Type::kText) return value;
+  return PartOf(value.text, 0, kind.size);
 }
 
 Value TextFunction(const std::string& name, const std::string& text, const Row& arguments) {
@@ -145,7 +152,9 @@ Kind Evaluator::KindOf(const Expr& expression, const Frame& frame) {
 
 Kind Evaluator::FindKind(const Expr& expression, const Frame& frame) {
   if (const auto* number = expression.As<NumberLiteral>()) return KindOfNumber(*number);
-  if (expression.As<TextLiteral>() != nullptr) return {Type::kText};
+  if (const auto* text = expression.As<TextLiteral>()) {
+    return {.type = Type::kText, .size = std::max(1, static_cast<int>(text->text.size()))};
+  }
   if (expression.As<FlagLiteral>() != nullptr) return {Type::kFlag};
   if (expression.As<NullLiteral>() != nullptr) return {Type::kNull};
   if (const auto* column = expression.As<ColumnRef>()) {
@@ -185,7 +194,16 @@ Kind Evaluator::KindOfCall(const Call& call, const Frame& frame) {
     for (const ExprPtr& argument : call.arguments) kind = Common(kind, KindOf(*argument, frame));
     return kind;
   }
+  if (name == "left" || name == "right" || name == "substring") return KindOfPart(call, first);
   return first;
+}
+
+// A count that is written out tells the most characters.
+Kind Evaluator::KindOfPart(const Call& call, const Kind& text) {
+  Kind part = text;
+  const auto* count = call.arguments.back()->As<NumberLiteral>();
+  if (count != nullptr) part.size = std::clamp(std::stoi(count->digits), 1, std::max(text.size, 1));
+  return part;
 }
 
 // --- Values -----------------------------------------------------------------------------------
@@ -214,9 +232,7 @@ Value Evaluator::ValueOf(const Expr& expression, const Frame& frame) {
   }
   if (const auto* call = expression.As<Call>()) return ValueOfCall(*call, frame);
   if (const auto* cast = expression.As<Cast>()) {
-    const Value value = ValueAs(*cast->operand, KindOfType(cast->type), frame);
-    const bool cut = KindOfType(cast->type).type == Type::kText && !value.null && cast->type.size;
-    return cut ? PartOf(value.text, 0, *cast->type.size) : value;
+    return Cut(ValueAs(*cast->operand, KindOfType(cast->type), frame), KindOfType(cast->type));
   }
   if (const auto* chosen = expression.As<Case>()) return ValueOfCase(expression, *chosen, frame);
   if (const auto* subquery = expression.As<ScalarSubquery>()) {
@@ -251,7 +267,7 @@ Value Evaluator::ValueOfCall(const Call& call, const Frame& frame) {
   if (name == "isnull" || name == "coalesce") {
     for (const ExprPtr& argument : call.arguments) {
       const Value value = ValueAs(*argument, kind, frame);
-      if (!value.null) return value;
+      if (!value.null) return Cut(value, kind);
     }
     return {};
   }

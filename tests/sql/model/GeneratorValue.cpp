@@ -16,6 +16,8 @@ Generator::Term Generator::Literal(Family family) {
   static const std::vector<std::string> kReals = {"1e0", "2.5e1", "-5e-1", "0e0"};
   static const std::vector<std::string> kTexts = {"'abc'", "'ABC '", "''",  "'x y'",  "'b'",
                                                   "'10%'", "'a_'",   "' '", "'it''s'"};
+  static const std::vector<std::string> kDates = {"CAST('12/31/2003' AS DATETIME)",
+                                                  "CAST('2004-02-29' AS DATETIME)"};
   const int whole = Below(30) - 9;
   const std::string digits = std::to_string(whole);
   switch (family) {
@@ -36,7 +38,7 @@ Generator::Term Generator::Literal(Family family) {
     case Family::kText:
       return {OneOf(kTexts)};
     case Family::kDate:
-      return {Chance(50) ? "(SELECT MAX(Day) FROM Sales)" : "(SELECT MIN(Moment) FROM Bills)"};
+      return {OneOf(kDates)};
   }
   return {};
 }
@@ -50,9 +52,7 @@ Generator::Term Generator::Simple(Family family, const Scope& scope) {
     }
   }
   if (scope.grouped && Chance(fitting.empty() ? 80 : 40)) return Aggregate(family, scope);
-  const bool needs_subquery = family == Family::kDate && !scope.subqueries;
-  if (fitting.empty() && needs_subquery) return {"NULL"};
-  if (fitting.empty() || (Chance(20) && !needs_subquery)) return Literal(family);
+  if (fitting.empty() || Chance(20)) return Literal(family);
   const Leaf& leaf = *OneOf(fitting);
   return {leaf.text, leaf.most};
 }
@@ -183,7 +183,7 @@ Generator::Term Generator::Failing(const Scope& scope) {
     case 2:
       return {"(2000000000 + 50000000 * " + column + ")", kMostWhole};
     case 3:
-      return {"CAST(" + Simple(Family::kText, scope).text + " AS INT)", 20};
+      return {"CAST(SUBSTRING(" + Simple(Family::kText, scope).text + ", 1, 9) AS INT)", 20};
     default:
       return scope.subqueries && !scope.grouped
                  ? Term{"(SELECT Whole FROM Terms WHERE Whole > " + column + ")", 20}

@@ -20,8 +20,10 @@ struct Declared {
 const Kind kFlag{Type::kFlag};
 const Kind kWhole{Type::kWhole};
 const Kind kMoney{Type::kMoney};
-const Kind kText{Type::kText};
-const Kind kDate{Type::kDate};
+const Kind kDay{.type = Type::kDate, .timed = false};
+const Kind kMoment{.type = Type::kDate};
+
+Kind TextOf(int size) { return {.type = Type::kText, .size = size}; }
 
 Value ValueOf(const std::string& text, const Kind& kind) {
   if (text == "null") return {};
@@ -68,8 +70,8 @@ Table MakeSales() {
                     {"Whole", "INTEGER", kWhole},
                     {"Money", "DECIMAL(19,4)", kMoney},
                     {"Single", "REAL", {Type::kSingle}},
-                    {"Day", "DATE", kDate},
-                    {"Letters", "VARCHAR(10)", kText}},
+                    {"Day", "DATE", kDay},
+                    {"Letters", "VARCHAR(10)", TextOf(10)}},
                    "1|1|7|12.34|0.25|2003-12-31|Abc\n"
                    "2|0|-7|-12.34|-0.25|2004-01-01|aBC\n"
                    "3|1|0|0.0001|0|2004-03-31|abc  \n"
@@ -88,8 +90,8 @@ Table MakeBills() {
                     {"Large", "BIGINT", {Type::kBigWhole}},
                     {"Amount", "MONEY", kMoney},
                     {"Real", "DOUBLE", {Type::kReal}},
-                    {"Moment", "DATETIME", kDate},
-                    {"Note", "VARCHAR(20)", kText}},
+                    {"Moment", "DATETIME", kMoment},
+                    {"Note", "VARCHAR(20)", TextOf(20)}},
                    "1|1|1|5|12.34|0.25|2003-12-31 00:00:00|ABC\n"
                    "2|1|0|-5|100|-2.5|2003-12-31 23:59:59|x Y\n"
                    "3|2|null|3000000000|0.3|1000000|2004-01-01 00:00:00|x y \n"
@@ -103,10 +105,10 @@ Table MakeTerms() {
   return MakeTable("Terms",
                    {{"Id", "INTEGER", kWhole},
                     {"Flag", "BIT", kFlag},
-                    {"Number", "DECIMAL(9,3)", {Type::kDecimal, 9, 3}},
+                    {"Number", "DECIMAL(12,5)", {Type::kDecimal, 12, 5}},
                     {"Whole", "INTEGER", kWhole},
-                    {"Day", "DATE", kDate},
-                    {"Letters", "VARCHAR(5)", kText}},
+                    {"Day", "DATE", kDay},
+                    {"Letters", "VARCHAR(5)", TextOf(5)}},
                    "1|0|0.1|1|2003-12-31|a\n"
                    "2|1|0.2|-1|2004-12-31|A \n"
                    "3|1|-1.5|20|null|_b\n"

@@ -103,6 +103,11 @@ Value FlagOf(const Value& value, const Kind& from) {
   return Value::Exact(ToDouble(value, from) != 0.0 ? 1 : 0);
 }
 
+Value DateOf(const Value& value, const Kind& from, const Kind& to) {
+  const Value date = from.type == Type::kText ? DateFromText(value.text) : value;
+  return to.timed ? date : Value::Exact(date.exact - date.exact % kMillisecondsOfDay);
+}
+
 Value TextOf(const Value& value, const Kind& from) {
   switch (from.type) {
     case Type::kText:
@@ -305,7 +310,11 @@ Kind AsDecimal(const Kind& kind) {
   }
 }
 
-Kind Plain(const Kind& kind) { return kind.type == Type::kDecimal ? kind : Kind{kind.type}; }
+Kind Plain(const Kind& kind) {
+  Kind plain = kind;
+  if (kind.type != Type::kDecimal) plain.digits = 0;
+  return plain;
+}
 
 Kind Common(const Kind& a, const Kind& b) {
   if (a.type == Type::kDecimal || b.type == Type::kDecimal) {
@@ -318,12 +327,18 @@ Kind Common(const Kind& a, const Kind& b) {
       return Limited(std::max(x.digits - x.places, y.digits - y.places) + places, places);
     }
   }
-  return Plain(a.type > b.type ? a : b);
+  Kind common = Plain(a.type > b.type ? a : b);
+  if (a.type == b.type) {
+    common.size = std::max(a.size, b.size);
+    common.timed = a.timed || b.timed;
+  }
+  return common;
 }
 
 Kind KindOfArithmetic(ArithmeticOp op, const Kind& a, const Kind& b) {
-  const Kind high = Plain(a.type > b.type ? a : b);
+  Kind high = Plain(a.type > b.type ? a : b);
   if (high.type == Type::kNull) return {Type::kWhole};
+  if (high.type == Type::kText) high.size = a.size + b.size;
   if (high.type != Type::kDecimal) return high;
   if (a.type < Type::kFlag || b.type < Type::kFlag) return high;
   const Kind x = AsDecimal(a);
@@ -379,7 +394,7 @@ Value Convert(const Value& value, const Kind& from, const Kind& to) {
     case Type::kReal:
       return Value::Real(ToDouble(value, from));
     case Type::kDate:
-      return from.type == Type::kText ? DateFromText(value.text) : value;
+      return DateOf(value, from, to);
   }
   return {};
 }

@@ -11,12 +11,15 @@ namespace pstolvane1::sql::model {
 
 __extension__ using Int128 = __int128;
 
-// What is known of a value before it is there. digits and places are of decimals, and digits of a
-// whole number that is written out: such a one needs no more where it becomes a decimal.
+// What is known of a value before it is there.
 struct Kind {
   Type type = Type::kNull;
+  // Of decimals; digits also of a whole number that is written out: such a one needs no more where
+  // it becomes a decimal.
   int digits = 0;
   int places = 0;
+  int size = 0;       // of texts: the most characters
+  bool timed = true;  // of dates: with a time of day
 };
 
 // Its Kind says which member holds it. exact: a flag, a whole number, ten-thousandths of money, a
@@ -48,7 +51,7 @@ inline constexpr Int128 kMillisecondsOfDay = 86'400'000;
 // A whole number, money or a flag as the decimal that holds it.
 [[nodiscard]] Kind AsDecimal(const Kind& kind);
 
-// Null stays Null. Errors 6 and 13 as a CAST has them.
+// Null stays Null. A text that becomes a day loses its time. Errors 6 and 13 as a CAST has them.
 [[nodiscard]] Value Convert(const Value& value, const Kind& from, const Kind& to);
 // Null with anything is Null. Errors 6 and 11.
 [[nodiscard]] Value Compute(ArithmeticOp op, const Value& a, const Kind& kind_a, const Value& b,
