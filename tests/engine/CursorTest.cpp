@@ -194,6 +194,15 @@ TEST(Cursors, FillChunksToTheirEnd) {
   EXPECT_EQ(rest.Get<std::int32_t>(0, 399), 1000);
 }
 
+TEST(Cursors, JoinTextsThatDifferInCaseAndTrailingBlanks) {
+  const TestBooks books(
+      "CREATE TABLE a (id INTEGER, t TEXT); INSERT INTO a VALUES (1, 'abc'), (2, 'Abc  ');"
+      "CREATE TABLE b (t TEXT); INSERT INTO b VALUES ('ABC')");
+  EXPECT_THAT(Lines(*OpenPlain(books.Path()),
+                    "whole N: SELECT a.id FROM a JOIN b ON b.t COLLATE PST_TEXT = a.t ORDER BY 1"),
+              ElementsAre("1", "2"));
+}
+
 TEST(Cursors, AnErrorAmongTheRowsLeavesTheRowsBeforeIt) {
   const TestBooks books(
       "CREATE TABLE t (id INTEGER, d DATE);"
