@@ -183,8 +183,10 @@ Value ComputeDecimal(ArithmeticOp op, const Value& a, const Kind& kind_a, const 
     return Fitting(a.exact * PowerOfTen(kind.places + places_b - places_a) / b.exact, kind);
   }
   const int places = std::max(places_a, places_b);
-  return ComputeExact(op, a.exact * PowerOfTen(places - places_a),
-                      b.exact * PowerOfTen(places - places_b), kind);
+  const Kind exact{Type::kDecimal, 38, places};
+  const Value sum = ComputeExact(op, a.exact * PowerOfTen(places - places_a),
+                                 b.exact * PowerOfTen(places - places_b), exact);
+  return DecimalOf(sum, exact, kind);
 }
 
 bool Matches(const std::string& text, std::size_t t, const std::string& pattern, std::size_t p,
