@@ -71,10 +71,10 @@ class Parser {
 
   class Deeper {
    public:
-    explicit Deeper(Parser& parser) : depth_(parser.depth_) {
-      if (++depth_ > Limits::kDepth) {
-        parser.Refuse(parser.place_, "commands and parentheses stand more than " +
-                                         std::to_string(Limits::kDepth) + " deep in each other");
+    Deeper(const Parser& parser, int& depth, int limit, std::string_view what) : depth_(depth) {
+      if (++depth_ > limit) {
+        parser.Refuse(parser.place_, std::string(what) + " stand more than " +
+                                         std::to_string(limit) + " deep in each other");
       }
     }
     ~Deeper() { --depth_; }
@@ -84,9 +84,11 @@ class Parser {
    private:
     int& depth_;
   };
+  Deeper InCommand() { return {*this, commands_, Limits::kCommands, "commands"}; }
+  Deeper InParentheses() { return {*this, parentheses_, Limits::kParentheses, "parentheses"}; }
 
   Command ReadCommand() {
-    const Deeper deeper(*this);
+    const Deeper deeper = InCommand();
     ExpectWord("SHAPE");
     Command command;
     command.source = ReadSource();
@@ -105,7 +107,7 @@ class Parser {
     if (Peek() == '{') return ReadQuery();
     if (NextIsWord("SHAPE")) return std::make_unique<Command>(ReadCommand());
     if (Peek() != '(') Expected("{ and a SELECT, or ( and a SHAPE command");
-    const Deeper deeper(*this);
+    const Deeper deeper = InParentheses();
     ++place_;
     Source source = ReadSource();
     Expect(')');
@@ -177,7 +179,7 @@ class Parser {
 
   // (source AS name RELATE ...), where the parentheses may be doubled around any part of it.
   Item ReadItem(bool relates) {
-    const Deeper deeper(*this);
+    const Deeper deeper = InParentheses();
     Expect('(');
     SkipSpace();
     Item item;
@@ -375,7 +377,8 @@ class Parser {
 
   std::string_view text_;
   std::size_t place_ = 0;
-  int depth_ = 0;
+  int commands_ = 0;
+  int parentheses_ = 0;
   int queries_ = 0;
 };
 

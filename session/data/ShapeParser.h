@@ -11,9 +11,10 @@ namespace pstolvane1::shape {
 
 struct Limits {
   static constexpr std::size_t kLength = 1'000'000;  // bytes of a command
-  static constexpr int kDepth = 32;                  // parentheses and commands inside each other
-  static constexpr int kQueries = 64;                // queries of a command
-  static constexpr std::size_t kKeys = 16;           // columns of one RELATE or one BY
+  static constexpr int kCommands = 16;               // commands inside each other
+  static constexpr int kParentheses = 64;   // more than a printed command needs: 2 for each
+  static constexpr int kQueries = 64;       // queries of a command
+  static constexpr std::size_t kKeys = 16;  // columns of one RELATE or one BY
 };
 
 // True when the text begins with the word SHAPE in any case; everything else is one SELECT.

@@ -219,14 +219,30 @@ std::string Repeated(int times, const std::string& text) {
 }
 
 TEST(ShapeLimits, DepthIsRefusedWithItsPlace) {
-  EXPECT_NO_THROW((void)Parse("shape " + Repeated(31, "(") + "{p}" + Repeated(31, ")")));
+  EXPECT_NO_THROW((void)Parse("shape " + Repeated(64, "(") + "{p}" + Repeated(64, ")")));
   try {
     (void)Parse("shape " + Repeated(100'000, "("));
     FAIL();
   } catch (const Error& error) {
     EXPECT_EQ(error.Description(),
-              "line 1, column 38: commands and parentheses stand more than 32 deep in each other");
+              "line 1, column 71: parentheses stand more than 64 deep in each other");
   }
+  EXPECT_NO_THROW((void)Parse(Repeated(16, "shape ") + "{p}"));
+  try {
+    (void)Parse(Repeated(100'000, "shape "));
+    FAIL();
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Description(),
+              "line 1, column 97: commands stand more than 16 deep in each other");
+  }
+}
+
+TEST(ShapeLimits, TheDeepestCommandIsReadAgainFromItsPrint) {
+  // Printing puts parentheses around every command inside another, given or not.
+  const std::string deepest =
+      Repeated(15, "shape {p} append (") + "shape {p}" + Repeated(15, " relate a to b) as x");
+  const std::string printed = Print(Parse(deepest));
+  EXPECT_EQ(Print(Parse(printed)), printed);
 }
 
 TEST(ShapeLimits, LengthIsRefused) {
