@@ -22,7 +22,7 @@ std::string LimitText(const bound::Select& select) {
 
 std::string EmitSqlite(const bound::Query& query) {
   std::vector<SqliteState> states;
-  return SqliteEmitter().QueryText(query, SqliteEmitter::Use::kRows, states);
+  return SqliteEmitter().QueryText(query, SqliteEmitter::Use::kStatement, states);
 }
 
 std::string SqliteEmitter::QueryText(const bound::Query& query, Use use,
@@ -71,7 +71,8 @@ std::string SqliteEmitter::SelectText(const bound::Select& select, Use use, bool
   for (const bound::Item& item : select.items) {
     if (any_row) break;
     if (!items.empty()) text += ", ";
-    items.push_back(settle ? Settled(*item.value) : Value(*item.value));
+    const bool now = settle || (use == Use::kStatement && item.value->type.type == Type::kDecimal);
+    items.push_back(now ? Settled(*item.value) : Value(*item.value));
     text += ItemText(item, use, settle, items.back());
   }
   text += from;

@@ -12,8 +12,9 @@ namespace pstolvane1::sql {
 
 // One statement, names quoted, without comments and terminator, that gives the dialect's meaning.
 // Its result columns come raw and are brought to their types when they are stored: money is rounded
-// to four decimals, half to even; a single is rounded to 32 bits; a whole number beyond 32 bits is
-// error 6; any integer but 0 in a flag is True; a date is ISO text, with or without a time.
+// to four decimals, half to even; a single is rounded to 32 bits; a whole number beyond 32 bits,
+// and one that comes as real, is error 6; any integer but 0 in a flag is True; a date is ISO text,
+// with or without a time.
 [[nodiscard]] std::string EmitSqlite(const bound::Query& query);
 
 // What SQLite is to hold while a value is on its way. SQLite knows integers and reals where the
@@ -46,7 +47,8 @@ class SqliteEmitter {
  public:
   // What the rows of a query are for.
   enum class Use {
-    kRows,       // the statement's own, a derived table
+    kStatement,  // its result columns: a decimal is settled, the engine stores the others rightly
+    kRows,       // a derived table
     kExistence,  // EXISTS: the columns do not matter
     kCompared,   // IN: values are settled
     kOnly,       // a value: the one column of the one row
