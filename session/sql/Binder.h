@@ -93,11 +93,14 @@ class Binder {
   [[nodiscard]] bound::ExprPtr BindAggregate(const Expr& value, const Call& call,
                                              bound::AggregateKind kind, const Context& context);
   void CheckAggregatePlace(const Expr& value, const Call& call, const Context& context);
+  // A number of characters, or where they begin, stands in the text itself.
+  void CheckCount(const bound::Expr& value, const std::string& function, bool from_one);
   [[nodiscard]] ValueType TypeOfCall(const Call& call, bound::Function function, Place place,
                                      std::vector<bound::ExprPtr>& arguments);
 
   // BinderConversion.cpp
-  // The value as that type; a literal that cannot be read as it is refused at its place.
+  // The value as that type, as the rules of types ask for it; a literal that cannot be read as it
+  // is refused at its place.
   [[nodiscard]] bound::ExprPtr ConvertTo(bound::ExprPtr value, const ValueType& target);
   [[nodiscard]] bound::ExprPtr ConvertLiteral(bound::ExprPtr value, const ValueType& target);
   // For what takes a text: numbers become one, dates are refused.

@@ -138,8 +138,9 @@ bound::ExprPtr Binder::ConvertLiteral(bound::ExprPtr value, const ValueType& tar
                                " is compared with a date and is none: write MM/dd/yyyy or "
                                "yyyy-MM-dd");
     }
-    literal.text = target.has_time ? *date : date->substr(0, 10);
+    literal.text = *date;
     value->type = target;
+    value->type.has_time = date->size() > 10;
     return value;
   }
   if (value->type.type == Type::kText && IsNumber(target.type)) {
@@ -180,8 +181,9 @@ bound::ExprPtr Binder::ConvertTo(bound::ExprPtr value, const ValueType& target) 
   }
   if (value->As<bound::Literal>() != nullptr) return ConvertLiteral(std::move(value), target);
   const Place place = value->place;
-  // Exact numbers keep their own places where they become decimals.
+  // A text may hold a time of day, and exact numbers keep their own places.
   ValueType type = target;
+  if (target.type == Type::kDate) type.has_time = true;
   if (target.type == Type::kDecimal && IsNumber(from) && from < Type::kDecimal) {
     type = AsDecimal(value->type);
   }

@@ -54,13 +54,6 @@ std::string ArgumentCount(const FunctionName& function) {
   return least + (function.least == 1 ? " argument" : " arguments");
 }
 
-// The number of characters, or where they begin, has to stand in the text itself.
-bool IsCount(const bound::Expr& value, bool from_one) {
-  const auto* literal = value.As<bound::Literal>();
-  return literal != nullptr && !literal->is_null && value.type.type == Type::kWhole &&
-         !(from_one && literal->text == "0");
-}
-
 ValueType SumType(bound::AggregateKind kind, ValueType type) {
   if (type.type == Type::kSingle) type.type = Type::kReal;
   if (type.type == Type::kDecimal) {
@@ -94,18 +87,20 @@ bound::ExprPtr Binder::BindCall(const Expr& value, const Call& call, const Conte
   return MakeExpr(bound::Call{function->function, std::move(arguments)}, type, value.place);
 }
 
+void Binder::CheckCount(const bound::Expr& value, const std::string& function, bool from_one) {
+  const auto* literal = value.As<bound::Literal>();
+  const bool count = literal != nullptr && !literal->is_null && value.type.type == Type::kWhole &&
+                     !(from_one && literal->text == "0");
+  if (count) return;
+  Refuse(value.place, "this argument of " + Quoted(function) + " is a whole number from " +
+                          (from_one ? "1" : "0") + " on, written in digits");
+}
+
 ValueType Binder::TypeOfCall(const Call& call, bound::Function function, Place place,
                              std::vector<bound::ExprPtr>& arguments) {
   using F = bound::Function;
   const std::string& name = call.function.text;
   bound::ExprPtr& first = arguments[0];
-  const auto count_of = [&](const bound::ExprPtr& argument, bool from_one) {
-    if (!IsCount(*argument, from_one)) {
-      Refuse(argument->place, "this argument of " + Quoted(name) + " is a whole number from " +
-                                  (from_one ? "1" : "0") + " on, written in digits");
-    }
-    return std::stoi(argument->As<bound::Literal>()->text);
-  };
   switch (function) {
     case F::kAbs:
     case F::kRound: {
@@ -120,8 +115,7 @@ ValueType Binder::TypeOfCall(const Call& call, bound::Function function, Place p
     }
     case F::kIsNull: {
       if (first->type.type == Type::kNull) first = ConvertTo(std::move(first), arguments[1]->type);
-      const ValueType type =
-          first->type.type == Type::kNull ? ValueType{Type::kWhole} : first->type;
+      const ValueType type = first->type;
       arguments[1] = ConvertTo(std::move(arguments[1]), type);
       return type;
     }
@@ -129,9 +123,6 @@ ValueType Binder::TypeOfCall(const Call& call, bound::Function function, Place p
       std::vector<bound::ExprPtr*> all;
       for (bound::ExprPtr& argument : arguments) all.push_back(&argument);
       const ValueType type = Unite(all, place, "COALESCE");
-      if (type.type == Type::kNull) {
-        Refuse(place, "at least one argument of \"coalesce\" has to be something else than NULL");
-      }
       return type;
     }
     case F::kNullIf: {
@@ -158,13 +149,14 @@ ValueType Binder::TypeOfCall(const Call& call, bound::Function function, Place p
     case F::kLeft:
     case F::kRight: {
       first = ToText(std::move(first), name);
-      const int size = count_of(arguments[1], false);
-      return {Type::kText, first->type.size == 0 ? size : std::min(size, first->type.size)};
+      CheckCount(*arguments[1], name, false);
+      return {Type::kText, first->type.size};
     }
     case F::kSubstring: {
       first = ToText(std::move(first), name);
-      count_of(arguments[1], true);
-      return {Type::kText, count_of(arguments[2], false)};
+      CheckCount(*arguments[1], name, true);
+      CheckCount(*arguments[2], name, false);
+      return {Type::kText, first->type.size};
     }
     case F::kLength:
       first = ToText(std::move(first), name);

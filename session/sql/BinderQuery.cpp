@@ -63,8 +63,6 @@ void Binder::UniteColumns(const Query& query, bound::Query& bound) {
     }
     ValueType type = (*values[0])->type;
     if (values.size() > 1) type = Unite(values, (*values[0])->place, "the columns of a UNION");
-    // The word NULL alone counts as a whole number.
-    if (type.type == Type::kNull) type.type = Type::kWhole;
     bound.columns.push_back({bound.branches[0].select.items[column].name, type});
   }
 }

@@ -2,7 +2,7 @@
 #include <charconv>
 
 #include "session/sql/Binder.h"
-#include "session/sql/Names.h"
+#include "session/sql/DateText.h"
 
 namespace pstolvane1::sql {
 namespace {
@@ -149,9 +149,6 @@ bound::ExprPtr Binder::BindCase(const Expr& value, const Case& node, const Conte
   if (bound.otherwise) results.push_back(&bound.otherwise);
   if (bound.operand) UniteCompared(compared, value.place, "CASE and its WHENs");
   const ValueType type = Unite(results, value.place, "the results of a CASE");
-  if (type.type == Type::kNull) {
-    Refuse(value.place, "at least one result of a CASE has to be something else than NULL");
-  }
   return MakeExpr(std::move(bound), type, value.place);
 }
 
@@ -170,10 +167,13 @@ bound::ExprPtr Binder::BindCast(const Expr& value, const Cast& node, const Conte
     Refuse(value.place,
            "type clash: " + NameOf(operand->type) + " cannot be cast to " + NameOf(*type));
   }
+  // A date that can be read is one; everything else is read, or is an error, when it is run.
   const auto* literal = operand->As<bound::Literal>();
-  if (literal != nullptr && (literal->is_null || operand->type.type == Type::kText) &&
-      type->type != Type::kText) {
-    return ConvertTo(std::move(operand), *type);
+  if (literal != nullptr && operand->type.type == Type::kText && type->type == Type::kDate) {
+    if (const auto date = ReadDateText(literal->text)) {
+      const std::string text = type->has_time ? *date : date->substr(0, 10);
+      return MakeExpr(bound::Literal{false, text}, *type, value.place);
+    }
   }
   return MakeExpr(bound::Convert{std::move(operand), true}, *type, value.place);
 }

@@ -131,6 +131,13 @@ bool IsConstant(const Expr& value) {
          });
 }
 
+bool HasAggregate(const Expr& value) {
+  if (value.As<Aggregate>() != nullptr) return true;
+  return std::ranges::any_of(Operands(value), [](const Expr* operand) {
+    return operand != nullptr && HasAggregate(*operand);
+  });
+}
+
 void ForEachSource(const From& from, const std::function<void(const Source&)>& visit) {
   if (const auto* source = std::get_if<std::unique_ptr<Source>>(&from.node)) {
     visit(**source);

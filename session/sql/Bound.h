@@ -212,6 +212,8 @@ struct Query {
 [[nodiscard]] bool TakesColumnOf(const Expr& value, const Select& select);
 // Whether it is the same for every row of every group: no column, aggregate or subquery in it.
 [[nodiscard]] bool IsConstant(const Expr& value);
+// Whether an aggregate of the expression's own query is in it.
+[[nodiscard]] bool HasAggregate(const Expr& value);
 // Whether it is a table of the select's own FROM.
 [[nodiscard]] bool IsOwn(const Source& source, const Select& select);
 // Calls visit for every source of the tables joined in from.

@@ -65,6 +65,11 @@ std::string SqliteEmitter::SelectText(const bound::Select& select, Use use, bool
     const bool apart = std::holds_alternative<bound::Join>(table->node) && table != select.from[0];
     from += apart ? "(" + FromText(*table) + ")" : FromText(*table);
   }
+  // SQLite sees one group of all rows only by an aggregate among the columns.
+  bool one_group = select.aggregated && select.group_by.empty() &&
+                   std::ranges::none_of(select.items, [](const bound::Item& item) {
+                     return bound::HasAggregate(*item.value);
+                   });
   std::string text = select.distinct ? "SELECT DISTINCT " : "SELECT ";
   const bool any_row = use == Use::kExistence && !select.aggregated && !select.distinct;
   if (any_row) text += "1";
@@ -73,6 +78,15 @@ std::string SqliteEmitter::SelectText(const bound::Select& select, Use use, bool
     if (!items.empty()) text += ", ";
     const bool now = settle || (use == Use::kStatement && item.value->type.type == Type::kDecimal);
     items.push_back(now ? Settled(*item.value) : Value(*item.value));
+    // On the Null side of an outer join SQLite writes its Nulls over the kept result of a subquery
+    // that stands alone in a column; a copy of the result is safe.
+    const bool kept = use == Use::kRows && item.value->As<bound::ScalarSubquery>() != nullptr;
+    if (kept) items.back() = SqliteCall("ifnull", {items.back().text, "NULL"}, items.back().state);
+    if (one_group) {
+      items.back().text = "CASE WHEN count(*) >= 0 THEN " + items.back().text + " END";
+      items.back().binding = SqliteBinding::kSingle;
+      one_group = false;
+    }
     text += ItemText(item, use, settle, items.back());
   }
   text += from;

@@ -38,8 +38,9 @@ SqliteText SqliteEmitter::SumText(const bound::Arithmetic& node, const ValueType
   const bool product = node.op == ArithmeticOp::kMultiply;
   const SqliteBinding binding = product ? SqliteBinding::kMultiply : SqliteBinding::kAdd;
   const SqliteBinding tighter = product ? SqliteBinding::kConcat : SqliteBinding::kMultiply;
-  const SqliteText left = Rounded(*node.left);
-  const SqliteText right = Rounded(*node.right);
+  // The noise of a sum may stay in another sum; in a product it could turn a tie.
+  const SqliteText left = product ? Settled(*node.left) : Rounded(*node.left);
+  const SqliteText right = product ? Settled(*node.right) : Rounded(*node.right);
   const char* sign = product ? " * " : node.op == ArithmeticOp::kAdd ? " + " : " - ";
   SqliteText text{Bracketed(left, binding) + sign + Bracketed(right, tighter), binding, {}};
   text.state.real = left.state.real || right.state.real;
@@ -72,7 +73,7 @@ SqliteText SqliteEmitter::SumText(const bound::Arithmetic& node, const ValueType
 
 SqliteText SqliteEmitter::QuotientText(const bound::Arithmetic& node, const ValueType& type) {
   const std::string* literal = LiteralDivisor(*node.right);
-  const SqliteText left = Rounded(*node.left);
+  const SqliteText left = Settled(*node.left);
   if (literal != nullptr && IsOne(*literal)) return left;
   if (IsWhole(type.type)) {
     if (literal != nullptr) {
@@ -80,12 +81,12 @@ SqliteText SqliteEmitter::QuotientText(const bound::Arithmetic& node, const Valu
               SqliteBinding::kMultiply, WholeState(type)};
     }
     return SqliteCall("pst_div_whole",
-                      {left.text, Rounded(*node.right).text, std::to_string(BitsOf(type.type))},
+                      {left.text, Settled(*node.right).text, std::to_string(BitsOf(type.type))},
                       WholeState(type));
   }
   if (type.type == Type::kDecimal) {
     return SqliteCall("pst_div_decimal",
-                      {left.text, std::to_string(PlacesOf(*node.left)), Rounded(*node.right).text,
+                      {left.text, std::to_string(PlacesOf(*node.left)), Settled(*node.right).text,
                        std::to_string(PlacesOf(*node.right)), std::to_string(type.places)});
   }
   SqliteState state;
@@ -96,17 +97,17 @@ SqliteText SqliteEmitter::QuotientText(const bound::Arithmetic& node, const Valu
     return {Bracketed(left, SqliteBinding::kMultiply) + " / " + divisor, SqliteBinding::kMultiply,
             state};
   }
-  return SqliteCall("pst_div_real", {left.text, Rounded(*node.right).text}, state);
+  return SqliteCall("pst_div_real", {left.text, Settled(*node.right).text}, state);
 }
 
 SqliteText SqliteEmitter::RemainderText(const bound::Arithmetic& node) {
-  const SqliteText left = Rounded(*node.left);
+  const SqliteText left = Settled(*node.left);
   const ValueType& type = node.left->type;
   if (const std::string* literal = LiteralDivisor(*node.right)) {
     return {Bracketed(left, SqliteBinding::kMultiply) + " % " + *literal, SqliteBinding::kMultiply,
             WholeState(type)};
   }
-  return SqliteCall("pst_mod", {left.text, Rounded(*node.right).text}, WholeState(type));
+  return SqliteCall("pst_mod", {left.text, Settled(*node.right).text}, WholeState(type));
 }
 
 }  // namespace pstolvane1::sql

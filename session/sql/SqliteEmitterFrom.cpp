@@ -15,9 +15,8 @@ bool IsInner(const bound::From& from) {
 std::string_view WordsOf(JoinKind kind) {
   switch (kind) {
     case JoinKind::kLeft:
-      return " LEFT JOIN ";
     case JoinKind::kRight:
-      return " RIGHT JOIN ";
+      return " LEFT JOIN ";
     case JoinKind::kFull:
       return " FULL JOIN ";
     default:
@@ -42,19 +41,23 @@ std::string SqliteEmitter::FromText(const bound::From& from) {
 }
 
 SqliteEmitter::JoinParts SqliteEmitter::PartsOf(const bound::Join& join) {
-  JoinParts parts{FromText(*join.left) + std::string(WordsOf(join.kind)), {}};
-  const auto* nested = std::get_if<bound::Join>(&join.right->node);
+  // A right join is a left join the other way round, which SQLite has done right for longer.
+  const bool turned = join.kind == JoinKind::kRight;
+  const bound::From& first = turned ? *join.right : *join.left;
+  const bound::From& second = turned ? *join.left : *join.right;
+  JoinParts parts{FromText(first) + std::string(WordsOf(join.kind)), {}};
+  const auto* nested = std::get_if<bound::Join>(&second.node);
   const bool inner = join.kind == JoinKind::kInner || join.kind == JoinKind::kCross;
   if (nested == nullptr) {
-    parts.tables += FromText(*join.right);
-  } else if (inner && IsInner(*join.right)) {
+    parts.tables += FromText(second);
+  } else if (inner && IsInner(second)) {
     // Of inner joins alone the order does not matter, and SQLite plans them better side by side
     // than in parentheses: a join (b join c on q) on p is a join b join c on q and p.
     JoinParts right = PartsOf(*nested);
     parts.tables += right.tables;
     parts.on = std::move(right.on);
   } else {
-    parts.tables += "(" + FromText(*join.right) + ")";
+    parts.tables += "(" + FromText(second) + ")";
   }
   if (join.on) parts.on.push_back(Condition(*join.on));
   return parts;

@@ -12,7 +12,9 @@ Translation TranslateForSqlite(std::string_view select, const Catalog& catalog) 
   Translation translation;
   translation.text = EmitSqlite(query);
   for (const bound::SourceColumn& column : query.columns) {
-    translation.columns.push_back({column.name, column.type.type, column.type.size});
+    // The word NULL alone counts as a whole number.
+    const Type type = column.type.type == Type::kNull ? Type::kWhole : column.type.type;
+    translation.columns.push_back({column.name, type, column.type.size});
   }
   return translation;
 }
