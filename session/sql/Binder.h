@@ -95,6 +95,9 @@ class Binder {
   void CheckAggregatePlace(const Expr& value, const Call& call, const Context& context);
   // A number of characters, or where they begin, stands in the text itself.
   void CheckCount(const bound::Expr& value, const std::string& function, bool from_one);
+  // The size of a part of a text, and that its count is one.
+  [[nodiscard]] int PartSize(const ValueType& text, const bound::Expr& count,
+                             const std::string& function);
   [[nodiscard]] ValueType TypeOfCall(const Call& call, bound::Function function, Place place,
                                      std::vector<bound::ExprPtr>& arguments);
 

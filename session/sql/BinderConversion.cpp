@@ -110,6 +110,13 @@ std::optional<std::string> ReadFlagText(std::string_view text) {
   return number.rest.find_first_not_of('0') == std::string_view::npos ? "0" : "1";
 }
 
+// Whether every value of an exact type is one of the decimals of a type.
+bool FitsDecimal(const ValueType& exact, const ValueType& decimal) {
+  if (decimal.type != Type::kDecimal || exact.type > Type::kDecimal) return false;
+  const ValueType own = AsDecimal(exact);
+  return own.places <= decimal.places && own.digits - own.places <= decimal.digits - decimal.places;
+}
+
 // -1 is 1, as a flag counts it: 0 and 1, or nothing for any other value.
 std::optional<std::string> FlagOfNumber(const bound::Expr& value) {
   const bound::Expr* number = &value;
@@ -138,9 +145,8 @@ bound::ExprPtr Binder::ConvertLiteral(bound::ExprPtr value, const ValueType& tar
                                " is compared with a date and is none: write MM/dd/yyyy or "
                                "yyyy-MM-dd");
     }
-    literal.text = *date;
+    literal.text = target.has_time ? *date : date->substr(0, 10);
     value->type = target;
-    value->type.has_time = date->size() > 10;
     return value;
   }
   if (value->type.type == Type::kText && IsNumber(target.type)) {
@@ -159,6 +165,10 @@ bound::ExprPtr Binder::ConvertLiteral(bound::ExprPtr value, const ValueType& tar
     value->type = target;
     return value;
   }
+  if (target.type == Type::kDecimal && !FitsDecimal(value->type, target)) {
+    const Place decimal = value->place;
+    return MakeExpr(bound::Convert{std::move(value), true}, target, decimal);
+  }
   const bool widens = value->type.type == Type::kWhole ||
                       (value->type.type == Type::kDecimal && target.type > Type::kDecimal);
   if (widens && IsNumber(target.type) && target.type > value->type.type) {
@@ -173,21 +183,22 @@ bound::ExprPtr Binder::ConvertTo(bound::ExprPtr value, const ValueType& target) 
   const Type from = value->type.type;
   const bool cut = from == Type::kText && target.size != 0 &&
                    (value->type.size == 0 || value->type.size > target.size);
-  if (from == target.type && !cut) return value;
+  const bool cut_date = from == Type::kDate && value->type.has_time && !target.has_time;
+  const bool cut_decimal = from == Type::kDecimal && !FitsDecimal(value->type, target);
+  if (from == target.type && !cut && !cut_date && !cut_decimal) return value;
   if (target.type == Type::kNull) return value;
-  if ((from == Type::kDate && target.type != Type::kText) ||
+  if ((from == Type::kDate && target.type < Type::kDate && target.type != Type::kText) ||
       (target.type == Type::kDate && IsNumber(from))) {
     Refuse(value->place, "type clash: " + NameOf(value->type) + " cannot become " + NameOf(target));
   }
   if (value->As<bound::Literal>() != nullptr) return ConvertLiteral(std::move(value), target);
   const Place place = value->place;
-  // A text may hold a time of day, and exact numbers keep their own places.
+  // Exact numbers keep their own places where they become decimals that hold them all.
   ValueType type = target;
-  if (target.type == Type::kDate) type.has_time = true;
-  if (target.type == Type::kDecimal && IsNumber(from) && from < Type::kDecimal) {
-    type = AsDecimal(value->type);
-  }
-  return MakeExpr(bound::Convert{std::move(value)}, type, place);
+  const bool fits = FitsDecimal(value->type, target);
+  if (fits && IsNumber(from)) type = AsDecimal(value->type);
+  return MakeExpr(bound::Convert{std::move(value), target.type == Type::kDecimal && !fits}, type,
+                  place);
 }
 
 bound::ExprPtr Binder::ToText(bound::ExprPtr value, std::string_view taker) {

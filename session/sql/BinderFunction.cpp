@@ -96,6 +96,12 @@ void Binder::CheckCount(const bound::Expr& value, const std::string& function, b
                           (from_one ? "1" : "0") + " on, written in digits");
 }
 
+int Binder::PartSize(const ValueType& text, const bound::Expr& count, const std::string& function) {
+  CheckCount(count, function, false);
+  const int size = std::max(std::stoi(count.As<bound::Literal>()->text), 1);
+  return text.size == 0 ? size : std::min(size, text.size);
+}
+
 ValueType Binder::TypeOfCall(const Call& call, bound::Function function, Place place,
                              std::vector<bound::ExprPtr>& arguments) {
   using F = bound::Function;
@@ -149,14 +155,12 @@ ValueType Binder::TypeOfCall(const Call& call, bound::Function function, Place p
     case F::kLeft:
     case F::kRight: {
       first = ToText(std::move(first), name);
-      CheckCount(*arguments[1], name, false);
-      return {Type::kText, first->type.size};
+      return {Type::kText, PartSize(first->type, *arguments[1], name)};
     }
     case F::kSubstring: {
       first = ToText(std::move(first), name);
       CheckCount(*arguments[1], name, true);
-      CheckCount(*arguments[2], name, false);
-      return {Type::kText, first->type.size};
+      return {Type::kText, PartSize(first->type, *arguments[2], name)};
     }
     case F::kLength:
       first = ToText(std::move(first), name);

@@ -59,12 +59,7 @@ std::string SqliteEmitter::QueryText(const bound::Query& query, Use use,
 std::string SqliteEmitter::SelectText(const bound::Select& select, Use use, bool settle,
                                       std::vector<SqliteText>& items) {
   // The tables first: their columns' states are known by then.
-  std::string from;
-  for (const bound::FromPtr& table : select.from) {
-    from += from.empty() ? " FROM " : ", ";
-    const bool apart = std::holds_alternative<bound::Join>(table->node) && table != select.from[0];
-    from += apart ? "(" + FromText(*table) + ")" : FromText(*table);
-  }
+  const std::string from = TablesText(select);
   // SQLite sees one group of all rows only by an aggregate among the columns.
   bool one_group = select.aggregated && select.group_by.empty() &&
                    std::ranges::none_of(select.items, [](const bound::Item& item) {
@@ -121,7 +116,10 @@ std::string SqliteEmitter::OrderText(const bound::Query& query,
       const ValueType& type = query.columns[column].type;
       const bool raw = !items.empty() && items[column].state.form != SqliteForm::kSettled;
       text += raw ? SettledText(items[column], type).text : std::to_string(column + 1);
-      if (type.type == Type::kText) text += " COLLATE " + std::string(kTextCollation);
+      // The columns of a union have the collation already, and SQLite loses the GROUP BY of a
+      // union's last branch where the order names one.
+      const bool collate = type.type == Type::kText && query.branches.size() == 1;
+      if (collate) text += " COLLATE " + std::string(kTextCollation);
     }
     if (order.descending) text += " DESC";
   }

@@ -70,6 +70,7 @@ class SqliteEmitter {
   // A query that stands for a value: a second row is an error.
   [[nodiscard]] std::string OnlyText(const bound::Query& query, std::vector<SqliteState>& states);
   // SqliteEmitterFrom.cpp
+  [[nodiscard]] std::string TablesText(const bound::Select& select);
   [[nodiscard]] std::string FromText(const bound::From& from);
   // Tables side by side, and the conditions that all belong behind the last of them.
   struct JoinParts {
@@ -77,6 +78,7 @@ class SqliteEmitter {
     std::vector<SqliteText> on;
   };
   [[nodiscard]] JoinParts PartsOf(const bound::Join& join);
+  [[nodiscard]] SqliteText OnBesideFullJoin(const bound::Expr& on, const bound::From& joined);
   [[nodiscard]] std::string SourceText(const bound::Source& source);
 
   // SqliteEmitterValue.cpp
@@ -116,6 +118,7 @@ class SqliteEmitter {
   [[nodiscard]] bool IsStoredDate(const bound::Expr& value);
 
   std::unordered_map<const bound::Source*, std::vector<SqliteState>> states_;
+  bool full_join_ = false;  // the FROM at hand has a full join
 };
 
 // The pieces that the emitter's files share.

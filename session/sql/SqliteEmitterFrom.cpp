@@ -1,9 +1,16 @@
+#include <algorithm>
 #include <variant>
 
 #include "session/sql/SqliteEmitter.h"
 
 namespace pstolvane1::sql {
 namespace {
+
+bool HasFullJoin(const bound::From& from) {
+  const auto* join = std::get_if<bound::Join>(&from.node);
+  if (join == nullptr) return false;
+  return join->kind == JoinKind::kFull || HasFullJoin(*join->left) || HasFullJoin(*join->right);
+}
 
 bool IsInner(const bound::From& from) {
   const auto* join = std::get_if<bound::Join>(&from.node);
@@ -26,6 +33,20 @@ std::string_view WordsOf(JoinKind kind) {
 }
 
 }  // namespace
+
+std::string SqliteEmitter::TablesText(const bound::Select& select) {
+  std::string text;
+  const bool around = full_join_;
+  full_join_ = std::ranges::any_of(select.from,
+                                   [](const bound::FromPtr& table) { return HasFullJoin(*table); });
+  for (const bound::FromPtr& table : select.from) {
+    text += text.empty() ? " FROM " : ", ";
+    const bool apart = std::holds_alternative<bound::Join>(table->node) && table != select.from[0];
+    text += apart ? "(" + FromText(*table) + ")" : FromText(*table);
+  }
+  full_join_ = around;
+  return text;
+}
 
 std::string SqliteEmitter::FromText(const bound::From& from) {
   const auto* join = std::get_if<bound::Join>(&from.node);
@@ -59,8 +80,31 @@ SqliteEmitter::JoinParts SqliteEmitter::PartsOf(const bound::Join& join) {
   } else {
     parts.tables += "(" + FromText(second) + ")";
   }
-  if (join.on) parts.on.push_back(Condition(*join.on));
+  if (join.on)
+    parts.on.push_back(full_join_ ? OnBesideFullJoin(*join.on, second) : Condition(*join.on));
   return parts;
+}
+
+// Beside a full join SQLite takes a condition that is the same for every row for one of the whole
+// FROM, so that it is made to look at a row.
+SqliteText SqliteEmitter::OnBesideFullJoin(const bound::Expr& on, const bound::From& joined) {
+  if (const auto* chain = on.As<bound::Logical>(); chain && chain->op == LogicalOp::kAnd) {
+    std::vector<std::string> operands;
+    for (const bound::ExprPtr& operand : chain->operands) {
+      operands.push_back(Bracketed(OnBesideFullJoin(*operand, joined), SqliteBinding::kNot));
+    }
+    return {ChainText(operands, " AND "), SqliteBinding::kAnd, {}};
+  }
+  const SqliteText condition = Condition(on);
+  if (!bound::IsConstant(on)) return condition;
+  std::string column;
+  bound::ForEachSource(joined, [&](const bound::Source& source) {
+    if (column.empty()) column = SqliteName(source.name) + "." + SqliteName(source.columns[0].name);
+  });
+  return {"CASE WHEN " + column + " IS NULL THEN " + condition.text + " ELSE " + condition.text +
+              " END",
+          SqliteBinding::kSingle,
+          {}};
 }
 
 std::string SqliteEmitter::SourceText(const bound::Source& source) {
