@@ -49,14 +49,6 @@ SqliteText Compare(const SqliteText& left, CompareOp op, const SqliteText& right
           {}};
 }
 
-// For a text on a side of "=": SQLite tells the keys of an index that it makes for one statement
-// apart by their lengths first, which a collation that passes over blanks does not bear. No index
-// of the books has that collation, so that none is lost.
-SqliteText Unindexed(const SqliteText& text) {
-  if (text.text.front() != '"') return text;
-  return {"+" + text.text, SqliteBinding::kSign, text.state};
-}
-
 SqliteText Negated(const SqliteText& condition, bool negated) {
   if (!negated) return condition;
   return {"NOT " + Bracketed(condition, SqliteBinding::kSingle), SqliteBinding::kNot, {}};
@@ -149,9 +141,6 @@ SqliteText SqliteEmitter::ComparisonText(const bound::Comparison& node) {
   }
   if (const std::string* date = LiteralOf(left, Type::kDate); date && IsStoredDate(right)) {
     return DateComparisonText(right, Turned(node.op), *date);
-  }
-  if (node.op == CompareOp::kEqual && left.type.type == Type::kText) {
-    return Compare(Unindexed(Compared(left)), node.op, Unindexed(Settled(right)));
   }
   return Compare(Compared(left), node.op, Settled(right));
 }
