@@ -130,12 +130,12 @@ void Recordset::Impl::CommitEdits() {
 void Recordset::Delete() {
   RowStore& store = impl_->Writable();
   const std::uint32_t row = impl_->CurrentRow();
-  impl_->edited.clear();
   if (impl_->view->Adding() == row) {
     impl_->view->Added();
-  } else {
-    store.Delete(row);
+    return;
   }
+  impl_->Commit();
+  store.Delete(row);
 }
 
 }  // namespace pstolvane1

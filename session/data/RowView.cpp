@@ -140,7 +140,9 @@ void RowView::Insert(std::uint32_t row) {
   if (row == row_) {
     place_ = place;
     in_list_ = true;
-  } else if (place < place_ || (place == place_ && in_list_)) {
+  } else if (!in_list_) {
+    place_ = PlaceFor(row_);
+  } else if (place <= place_) {
     ++place_;
   }
 }
@@ -151,10 +153,11 @@ void RowView::Erase(std::size_t place) {
   list_ = own_;
   --visible_;
   if (stand_ != Stand::kRow) return;
-  if (place < place_) {
+  if (in_list_ && place < place_) {
     --place_;
-  } else if (place == place_) {
+  } else if (!in_list_ || place == place_) {
     in_list_ = false;
+    place_ = PlaceFor(row_);
   }
 }
 
@@ -259,7 +262,13 @@ void RowView::OnAppended(std::uint32_t first, std::uint32_t end) {
 }
 
 void RowView::OnShown(std::uint32_t row) {
-  if (!all_ && Belongs(row)) Insert(row);
+  if (all_) return;
+  if (Belongs(row)) return Insert(row);
+  StandOutside(row);
+}
+
+void RowView::StandOutside(std::uint32_t row) {
+  if (stand_ == Stand::kRow && row == row_ && !in_list_) place_ = PlaceFor(row);
 }
 
 void RowView::OnDeleted(std::uint32_t row) {
@@ -273,7 +282,8 @@ void RowView::OnChanged(std::uint32_t row, const std::vector<bool>& changed) {
   const bool was_here = place != kNoPlace;
   const bool belongs = Belongs(row);
   if (was_here && (!belongs || moves)) Erase(place);
-  if (belongs && (!was_here || moves)) Insert(row);
+  if (belongs && (!was_here || moves)) return Insert(row);
+  StandOutside(row);
 }
 
 }  // namespace pstolvane1

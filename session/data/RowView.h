@@ -110,6 +110,8 @@ class RowView {
   [[nodiscard]] std::size_t PlaceFor(std::uint32_t row) const;
   void Insert(std::uint32_t row);
   void Erase(std::size_t place);
+  // A current row outside the list stands where its values, as they are now, would put it.
+  void StandOutside(std::uint32_t row);
   void StandAt(std::size_t place);      // or at the next visible row, or EOF
   void StandBefore(std::size_t place);  // at the nearest visible row before it, or BOF
 
