@@ -50,14 +50,13 @@ void CriteriaLexer::Take(CriteriaToken::Kind kind, std::size_t length) {
 
 void CriteriaLexer::TakeMarked(CriteriaToken::Kind kind, char closing, std::string_view what) {
   const std::string_view text = text_.text;
-  std::size_t end = at_ + 1;
-  for (;; ++end) {
-    end = text.find(closing, end);
-    if (end == text.npos) {
-      text_.Raise(at_, std::string(what) + " that begins here has no end; expected " + closing);
-    }
-    if (end + 1 == text.size() || text[end + 1] != closing || closing == '#') break;
-    ++end;
+  std::size_t end = text.find(closing, at_ + 1);
+  // A doubled mark belongs to the value.
+  while (end != text.npos && closing != '#' && text.substr(end + 1).starts_with(closing)) {
+    end = text.find(closing, end + 2);
+  }
+  if (end == text.npos) {
+    text_.Raise(at_, std::string(what) + " that begins here has no end; expected " + closing);
   }
   now_ = {kind, text.substr(at_ + 1, end - at_ - 1), at_};
   at_ = end + 1;
