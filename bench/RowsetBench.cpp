@@ -71,7 +71,9 @@ void FilterOptimized(benchmark::State& state, const char* rest) {
   }
 }
 BENCHMARK_CAPTURE(FilterOptimized, equality, "")->Arg(1000)->Arg(1000000);
-BENCHMARK_CAPTURE(FilterOptimized, three_keys, " and Godown_Id = 3 and Batch_Id = 1")->Arg(1000000);
+BENCHMARK_CAPTURE(FilterOptimized, three_keys, " and Godown_Id = 3 and Batch_Id = 1")
+    ->Arg(1000)
+    ->Arg(1000000);
 
 void FilterOptimizedWalk(benchmark::State& state) {
   const RecordsetPtr rowset = MakeRowset(state.range(0), true);

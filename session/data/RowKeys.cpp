@@ -96,6 +96,7 @@ constexpr std::size_t kFirstSlots = 16;
 KeyTable::KeyTable(const RowStore& store, std::vector<int> columns)
     : store_(&store),
       columns_(std::move(columns)),
+      is_int32_(columns_.size() == 1 && store.Column(columns_.front()).type == adInteger),
       scratch_(columns_.size()),
       slots_(kFirstSlots, {0, kNone}) {}
 
@@ -106,13 +107,22 @@ bool KeyTable::IsKeyOf(std::uint32_t row, std::span<const CellKey> key) const {
   return true;
 }
 
+bool KeyTable::HashDecides(std::span<const CellKey> key) const {
+  using Limits = std::numeric_limits<std::int32_t>;
+  if (!is_int32_ || key.front().kind != CellKey::Kind::kWhole) return false;
+  const auto number = static_cast<std::int64_t>(key.front().bits);
+  return number >= Limits::min() && number <= Limits::max();
+}
+
 KeyTable::Probe KeyTable::Look(std::span<const CellKey> key, std::uint64_t hash) const {
   const auto tag = static_cast<std::uint32_t>(hash >> 32);
+  const bool hash_decides = HashDecides(key);
   for (std::size_t at = hash;; ++at) {
     at &= slots_.size() - 1;
     const Slot slot = slots_[at];
     if (slot.number == kNone) return {kNone, at};
-    if (slot.tag == tag && hash_[slot.number] == hash && IsKeyOf(first_row_[slot.number], key)) {
+    if (slot.tag == tag && hash_[slot.number] == hash &&
+        (hash_decides || IsKeyOf(first_row_[slot.number], key))) {
       return {slot.number, at};
     }
   }

@@ -66,10 +66,14 @@ class KeyTable {
   };
   [[nodiscard]] Probe Look(std::span<const CellKey> key, std::uint64_t hash) const;
   [[nodiscard]] bool IsKeyOf(std::uint32_t row, std::span<const CellKey> key) const;
+  // Whether equal hashes mean equal keys, so that no row need be looked at: of a single column of
+  // 32-bit numbers no two values, nor one and Null, have the same hash.
+  [[nodiscard]] bool HashDecides(std::span<const CellKey> key) const;
   void Grow();
 
   const RowStore* store_;
   std::vector<int> columns_;
+  bool is_int32_;  // one column, of 32-bit numbers
   std::vector<CellKey> scratch_;
   std::vector<Slot> slots_;  // a power of two, at most half full
   std::vector<std::uint64_t> hash_;
