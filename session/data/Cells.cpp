@@ -176,8 +176,7 @@ std::string_view TextAt(CellPlace cell) {
   if (!IsText(TypeOf(cell))) RaiseMismatch(cell, "text");
   const RowStore::Place at = cell.store.At(cell.row);
   const auto column = static_cast<std::size_t>(cell.column);
-  return at.chunk->IsNull(column, at.row) ? std::string_view("", 0)
-                                          : at.chunk->Text(column, at.row);
+  return at.chunk->IsNull(column, at.row) ? std::string_view("") : at.chunk->Text(column, at.row);
 }
 
 RecordsetPtr ChapterAt(CellPlace cell) {

@@ -47,7 +47,7 @@ std::size_t ColumnIndex::Bytes() const {
   std::size_t bytes =
       keys_.Bytes() + (starts_.capacity() + rows_.capacity()) * sizeof(std::uint32_t);
   for (const auto& [key, rows] : grown_) {
-    bytes += sizeof(key) + sizeof(rows) + rows.capacity() * sizeof(std::uint32_t);
+    bytes += sizeof(decltype(grown_)::value_type) + rows.capacity() * sizeof(std::uint32_t);
   }
   return bytes;
 }

@@ -20,7 +20,7 @@ enum DataType : std::int16_t {
 };
 
 enum : int {
-  adFldDefault = -1,    // no attributes asked for
+  adFldDefault = -1,     // no attributes asked for
   adFldIsNullable = 32,  // the column takes Null
 };
 

@@ -22,7 +22,7 @@ class TextArena {
   // Error 6 beyond 4 GiB.
   [[nodiscard]] TextRef Add(std::string_view text);
   [[nodiscard]] std::string_view At(TextRef ref) const {
-    if (ref.length == 0) return {"", 0};
+    if (ref.length == 0) return "";
     return {slots_[ref.offset >> kSlotBits] + (ref.offset & (kSlotBytes - 1)), ref.length};
   }
   [[nodiscard]] std::size_t Bytes() const { return bytes_; }

@@ -30,8 +30,9 @@ class Boolean {
   constexpr Boolean(bool flag) : raw_(flag ? std::int16_t{-1} : std::int16_t{0}) {}  // NOLINT
   // A whole number as the host passed it: 1 is not True.
   template <std::integral T>
+  // NOLINTNEXTLINE(google-explicit-constructor)
   requires(!std::same_as<T, bool>) constexpr Boolean(T raw)
-      : raw_(static_cast<std::int16_t>(raw)) {}  // NOLINT
+      : raw_(static_cast<std::int16_t>(raw)) {}
 
   [[nodiscard]] constexpr bool IsTrue() const { return raw_ == -1; }  // exactly True
   [[nodiscard]] constexpr bool IsSet() const { return raw_ != 0; }    // True in a condition
@@ -50,6 +51,8 @@ inline constexpr Boolean False{false};
 class Variant {
  public:
   Variant() = default;  // Empty
+  // Every value is a Variant by itself.
+  // NOLINTBEGIN(google-explicit-constructor)
   Variant(NullType) : value_(Null) {}
   Variant(Boolean flag) : value_(flag) {}
   Variant(bool flag) : value_(Boolean(flag)) {}
@@ -63,6 +66,7 @@ class Variant {
   Variant(std::string_view text) : value_(std::string(text)) {}
   Variant(const char* text) : value_(std::string(text)) {}
   Variant(std::shared_ptr<Recordset> rowset) : value_(std::move(rowset)) {}
+  // NOLINTEND(google-explicit-constructor)
 
   [[nodiscard]] DataType Type() const;  // adEmpty for Empty and for Null
   [[nodiscard]] bool IsEmpty() const { return std::holds_alternative<std::monostate>(value_); }
