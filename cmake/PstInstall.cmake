@@ -33,6 +33,7 @@ set(PST_PUBLIC_HEADERS
   session/data/MessageLoop.h
   session/data/Provider.h
   session/data/Recordset.h
+  session/data/RowGroups.h
   session/data/TextArena.h
   session/data/Variant.h
   session/engine/Engines.h

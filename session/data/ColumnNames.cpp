@@ -31,7 +31,14 @@ std::uint64_t HashName(std::string_view name) {
 
 ColumnNames::ColumnNames(const std::vector<ColumnInfo>& columns) : columns_(&columns) {
   slots_.resize(std::bit_ceil(columns.size() * 2 + 2), {0, -1});
-  for (const ColumnInfo& column : columns) Add(column.name);
+  for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
+    const std::string_view name = columns[static_cast<std::size_t>(column)].name;
+    if (Find(name) >= 0) continue;
+    const std::uint64_t hash = HashName(name);
+    std::size_t at = hash;
+    while (slots_[at & (slots_.size() - 1)].column >= 0) ++at;
+    slots_[at & (slots_.size() - 1)] = {hash, column};
+  }
 }
 
 int ColumnNames::Find(std::string_view name) const {
@@ -44,25 +51,6 @@ int ColumnNames::Find(std::string_view name) const {
       return slot.column;
     }
   }
-}
-
-void ColumnNames::Add(std::string_view name) {
-  const int column = count_++;
-  if (Find(name) >= 0) return;
-  if (static_cast<std::size_t>(count_) * 2 > slots_.size()) {
-    std::vector<Slot> old(slots_.size() * 2, {0, -1});
-    old.swap(slots_);
-    for (const Slot& slot : old) {
-      if (slot.column >= 0) Insert(slot.hash, slot.column);
-    }
-  }
-  Insert(HashName(name), column);
-}
-
-void ColumnNames::Insert(std::uint64_t hash, int column) {
-  std::size_t at = hash;
-  while (slots_[at & (slots_.size() - 1)].column >= 0) ++at;
-  slots_[at & (slots_.size() - 1)] = {hash, column};
 }
 
 }  // namespace pstolvane1

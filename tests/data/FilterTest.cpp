@@ -339,6 +339,25 @@ TEST(Filter, OfValuesThatCannotBeComparedNamesColumnAndPlace) {
       "LIKE compares a text column with a 'text'; the column \"Name\" stands before the number 5");
 }
 
+TEST(Filter, ReadsTextsAgainAfterOthersAndAfterErrors) {
+  const RecordsetPtr rowset = Stock();
+  const RecordsetPtr clone = rowset->Clone();
+  clone->Filter("Id = 2");
+  for (int round = 0; round < 3; ++round) {
+    for (int i = 0; i < 100; ++i) {
+      const std::string text =
+          "Id = " + std::to_string(i % 7) + std::string(static_cast<std::size_t>(i), ' ');
+      rowset->Filter(text);
+      EXPECT_EQ(Shown(*rowset, "Id"), i % 7 == 0 ? "" : std::to_string(i % 7));
+      EXPECT_THROW(clone->Filter(text + "or"), Error);
+    }
+  }
+  EXPECT_EQ(Shown(*clone, "Id"), "2");
+  clone->Collect("Id", 9);
+  clone->Update();
+  EXPECT_EQ(clone->RecordCount(), 0);
+}
+
 TEST(Filter, HasLimitsOfDepthAndLength) {
   const RecordsetPtr rowset = Stock();
   const auto nested = [](int depth) {

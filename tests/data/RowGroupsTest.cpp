@@ -65,6 +65,50 @@ TEST(RowGroups, AreLookedUpByARowOfAnotherRowset) {
   EXPECT_EQ(all, "25 136  ");
 }
 
+// Values as columns of every type hold them, each against the key 2 or the like.
+TEST(RowGroups, KeysAreEqualByValueWhateverTheirTypes) {
+  const auto count = [](DataType type, const std::vector<std::vector<Variant>>& rows,
+                        const Variant& key) {
+    return MakeRowset({{"Key", type}}, rows)->GroupBy({"Key"}).Find({key}).Count();
+  };
+  const Variant money = Currency::FromText("2.5");
+  EXPECT_EQ(count(adInteger, {{2}, {-2}, {2}}, 2.0), 2U);
+  EXPECT_EQ(count(adInteger, {{2}, {Null}}, std::int64_t{2} - (std::int64_t{1} << 40)), 0U);
+  EXPECT_EQ(count(adBigInt, {{2}, {Null}, {2}}, 2), 2U);
+  EXPECT_EQ(count(adSingle, {{2.5F}, {2.25F}, {2.5F}}, money), 2U);
+  EXPECT_EQ(count(adDouble, {{2.5}, {0.1}}, money), 1U);
+  EXPECT_EQ(count(adDouble, {{0.1}, {1.0 / 3.0}}, Currency::FromText("0.1")), 1U);
+  EXPECT_EQ(count(adDouble, {{0.1}, {1.0 / 3.0}}, 1.0 / 3.0), 1U);
+  EXPECT_EQ(count(adDouble, {{-0.0}, {0.0}}, 0), 2U);
+  EXPECT_EQ(count(adCurrency, {{2.5}, {2}}, 2.5F), 1U);
+  EXPECT_EQ(count(adCurrency, {{2.5}, {2}}, 2), 1U);
+  EXPECT_EQ(count(adBoolean, {{Boolean(1)}, {true}, {false}}, true), 2U);
+  EXPECT_EQ(count(adDate, {{Date(-0.5)}, {Date(0.5)}, {Date(1)}}, Date(0.5)), 2U);
+  EXPECT_EQ(count(adDate, {{Date(2)}}, 2), 0U);
+  EXPECT_EQ(count(adVarChar, {{"BOLT"}, {"bolt"}, {"bolt "}}, "Bolt"), 2U);
+}
+
+TEST(RowGroups, AreMany) {
+  const RecordsetPtr rowset = Recordset::New();
+  rowset->Fields().Append("Id", adInteger);
+  rowset->Fields().Append("Name", adBSTR);
+  rowset->Open();
+  for (int i = 0; i < 20000; ++i) {
+    rowset->AddNew();
+    rowset->Collect("Id", i % 5000 - 2500);
+    rowset->Collect("Name", "name " + std::to_string(i % 5000));
+  }
+  rowset->Update();
+  const RowGroups by_id = rowset->GroupBy({"Id"});
+  const RowGroups by_name = rowset->GroupBy({"Name"});
+  ASSERT_EQ(by_id.Count(), 5000U);
+  ASSERT_EQ(by_name.Count(), 5000U);
+  for (int i = 0; i < 5000; ++i) {
+    ASSERT_EQ(by_id.Find({i - 2500}).Count(), 4U);
+    ASSERT_EQ(by_name.Find({"NAME " + std::to_string(i)}).First()["Id"], Variant(i - 2500));
+  }
+}
+
 TEST(RowGroups, HoldTheVisibleRowsInTheRowsetsOrder) {
   const RecordsetPtr rowset = Movements();
   rowset->Filter("Qty > 1");
