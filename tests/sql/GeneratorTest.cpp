@@ -32,7 +32,7 @@ TEST(Generator, GivesTextsThatAreReadPrintedAndReckoned) {
   Generator generator(1);
   int rows = 0;
   std::map<ErrorNumber, int> errors;
-  constexpr int kTexts = 500;
+  constexpr int kTexts = 1000;
   for (int i = 0; i < kTexts; ++i) {
     const std::string text = generator.Select();
     SCOPED_TRACE(text);

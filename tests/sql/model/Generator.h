@@ -60,6 +60,8 @@ class Generator {
   Term ValueOf(Family family, int depth, const Scope& scope);
   Term ExactValueOf(Family family, int depth, const Scope& scope);
   Term Simple(Family family, const Scope& scope);
+  // The one spelling of equal texts: which of them stands for a group of them is left open.
+  static std::string OneSpelling(const std::string& text);
   Term Literal(Family family);
   Term Composed(Family family, int depth, const Scope& scope);
   Term Aggregate(Family family, const Scope& scope);
@@ -91,6 +93,7 @@ class Generator {
     bool named = false;     // columns are called c1, c2 ...
     bool may_fail = false;  // at one place of its columns
     bool plain = false;     // neither DISTINCT nor a grouping
+    bool united = false;    // equal rows may be dropped behind it
   };
   From Table(int depth);
   From Joined(From left, From right, const Scope* outer);

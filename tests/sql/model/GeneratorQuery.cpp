@@ -152,6 +152,8 @@ Generator::Scope Generator::Group(Scope scope, std::string& clause) {
       key = {"YEAR(" + key.text + ")", Family::kWhole, 3000};
     } else if (key.family == Family::kWhole && Chance(30)) {
       key.text = "CASE WHEN " + key.text + " > 2 THEN 1 ELSE " + key.text + " END";
+    } else if (key.family == Family::kText) {
+      key.text = OneSpelling(key.text);
     }
     clause += (i == 0 ? " GROUP BY " : ", ") + key.text;
     grouped.columns.push_back(key);
@@ -181,7 +183,8 @@ std::string Generator::SelectOf(const std::vector<Family>& families, int depth, 
     const bool compared = distinct || shape.named || !shape.may_fail;
     const Term term =
         compared ? ExactValueOf(families[i], depth, scope) : ValueOf(families[i], depth, scope);
-    text += (i > 0 ? ", " : "") + term.text;
+    const bool one_of_equals = families[i] == Family::kText && (distinct || shape.united);
+    text += (i > 0 ? ", " : "") + (one_of_equals ? OneSpelling(term.text) : term.text);
     if (shape.named) text += " AS c" + std::to_string(i + 1);
   }
   return text + " FROM " + from.text + where + group + having;
@@ -189,9 +192,10 @@ std::string Generator::SelectOf(const std::vector<Family>& families, int depth, 
 
 std::string Generator::QueryOf(const std::vector<Family>& families, int depth, const Scope* outer,
                                bool named) {
-  const Shape shape{named, false, false};
+  const int others = Chance(15) ? Below(2) + 1 : 0;
+  const Shape shape{named, false, false, others > 0};
   std::string text = SelectOf(families, depth, outer, shape);
-  for (int i = Chance(15) ? Below(2) + 1 : 0; i > 0; --i) {
+  for (int i = others; i > 0; --i) {
     text += (Chance(50) ? " UNION " : " UNION ALL ") + SelectOf(families, depth - 1, outer, shape);
   }
   return text;
@@ -211,10 +215,10 @@ std::string Generator::Select() {
   if (Chance(15)) return QueryOf(families, kDepth, nullptr, Chance(50)) + everything;
   if (Chance(10)) {
     failures_left_ = 0;
-    const std::string text = SelectOf(families, kDepth, nullptr, {true, false, true});
+    const std::string text = SelectOf(families, kDepth, nullptr, {true, false, true, false});
     return "SELECT TOP " + std::to_string(Below(6)) + text.substr(6) + everything;
   }
-  const std::string text = SelectOf(families, kDepth, nullptr, {Chance(50), true, false});
+  const std::string text = SelectOf(families, kDepth, nullptr, {Chance(50), true, false, false});
   return text + (Chance(50) ? everything : "");
 }
 

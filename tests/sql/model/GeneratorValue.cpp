@@ -57,6 +57,8 @@ Generator::Term Generator::Simple(Family family, const Scope& scope) {
   return {leaf.text, leaf.most};
 }
 
+std::string Generator::OneSpelling(const std::string& text) { return "UPPER(RTRIM(" + text + "))"; }
+
 Generator::Term Generator::ExactValueOf(Family family, int depth, const Scope& scope) {
   const Term term = ValueOf(family, depth, scope);
   return term.exact ? term : Literal(family);
@@ -72,7 +74,9 @@ Generator::Term Generator::ValueOf(Family family, int depth, const Scope& scope)
     safe.may_fail = false;
     const Term first = ValueOf(family, depth - 1, safe);
     const Term second = ValueOf(family, depth - 1, safe);
-    return {(Chance(70) ? "ISNULL(" : "COALESCE(") + first.text + ", " + second.text + ")",
+    // ISNULL gives the first one's type; a decimal of it may have no room for the second.
+    return {(Chance(70) && family != Family::kDecimal ? "ISNULL(" : "COALESCE(") + first.text +
+                ", " + second.text + ")",
             std::max(first.most, second.most), first.exact && second.exact};
   }
   return Composed(family, depth, scope);
@@ -127,7 +131,8 @@ Generator::Term Generator::Aggregate(Family family, const Scope& scope) {
     if (Chance(30)) return {"AVG(" + argument.text + ")", argument.most, !float_sum};
     return {(Chance(15) && !float_sum ? "SUM(DISTINCT " : "SUM(") + argument.text + ")", most};
   }
-  return {(Chance(50) ? "MIN(" : "MAX(") + argument.text + ")", argument.most};
+  const std::string one = family == Family::kText ? OneSpelling(argument.text) : argument.text;
+  return {(Chance(50) ? "MIN(" : "MAX(") + one + ")", argument.most};
 }
 
 Generator::Term Generator::Chosen(Family family, int depth, const Scope& scope) {
@@ -157,7 +162,8 @@ Generator::Term Generator::Subquery(Family family, int depth, const Scope& scope
   const std::string where = Chance(70) ? " WHERE " + Condition(depth - 2, inner) : "";
   if (family == Family::kFlag || family == Family::kText || Chance(30)) {
     inner.outer = nullptr;
-    const Term term = ExactValueOf(family, 0, inner);
+    Term term = ExactValueOf(family, 0, inner);
+    if (family == Family::kText) term.text = OneSpelling(term.text);
     return {"(SELECT TOP 1 " + term.text + " FROM " + from.text + where + " ORDER BY 1" +
                 (Chance(50) ? " DESC)" : ")"),
             term.most};
