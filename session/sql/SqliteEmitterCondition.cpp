@@ -54,6 +54,17 @@ SqliteText Negated(const SqliteText& condition, bool negated) {
   return {"NOT " + Bracketed(condition, SqliteBinding::kSingle), SqliteBinding::kNot, {}};
 }
 
+// Of "column = constant" SQLite puts the constant in the column's place wherever else it stands, be
+// the column a whole number and the constant a fraction; a sign in front of the column prevents it.
+SqliteText Detached(SqliteText text, const bound::Expr& value) {
+  const auto* convert = value.As<bound::Convert>();
+  const bool column = convert != nullptr && convert->operand->As<bound::Column>() != nullptr;
+  const bool widened =
+      column && IsWhole(convert->operand->type.type) && value.type.type > Type::kBigWhole;
+  if (!widened || text.binding != SqliteBinding::kSingle) return text;
+  return {"+" + text.text, SqliteBinding::kSign, text.state};
+}
+
 }  // namespace
 
 SqliteText SqliteEmitter::Condition(const bound::Expr& condition) {
@@ -142,7 +153,7 @@ SqliteText SqliteEmitter::ComparisonText(const bound::Comparison& node) {
   if (const std::string* date = LiteralOf(left, Type::kDate); date && IsStoredDate(right)) {
     return DateComparisonText(right, Turned(node.op), *date);
   }
-  return Compare(Compared(left), node.op, Settled(right));
+  return Compare(Detached(Compared(left), left), node.op, Detached(Settled(right), right));
 }
 
 SqliteText SqliteEmitter::BetweenText(const bound::Between& node) {

@@ -8,16 +8,6 @@ namespace {
 // The length of a text that a number becomes where none is told.
 constexpr int kTextOfNumber = 30;
 
-// Of "column = constant" SQLite puts the constant in the column's place wherever else it stands, be
-// the column an integer and the constant a real. A column of a table keeps its kind by its declared
-// type; one of a derived table does by a sign in front.
-SqliteText Detached(SqliteText text, const bound::Expr& operand) {
-  const auto* column = operand.As<bound::Column>();
-  const bool derived = column != nullptr && column->source->table == nullptr;
-  if (!derived || !IsWhole(operand.type.type)) return text;
-  return {"+" + text.text, SqliteBinding::kSign, text.state};
-}
-
 // Texts that a whole number of the type never outgrows.
 int LongestWhole(Type type) { return type == Type::kBigWhole ? 20 : 11; }
 
@@ -41,7 +31,7 @@ SqliteText SqliteEmitter::ConvertText(const bound::Convert& node, const ValueTyp
       return ToWhole(operand, type);
     case Type::kMoney: {
       if (from == Type::kText) return SqliteCall("pst_text_money", {Value(operand).text});
-      if (from <= Type::kBigWhole) return Detached(Settled(operand), operand);
+      if (from <= Type::kBigWhole) return Settled(operand);
       SqliteText text = Value(operand);
       if (from > Type::kMoney) text.state.form = SqliteForm::kRaw;
       return text;
@@ -53,7 +43,7 @@ SqliteText SqliteEmitter::ConvertText(const bound::Convert& node, const ValueTyp
       SqliteState real;
       real.real = true;
       if (from == Type::kText) return SqliteCall("pst_text_real", {Value(operand).text}, real);
-      SqliteText text = Detached(Rounded(operand), operand);
+      SqliteText text = Rounded(operand);
       text.state = {SqliteForm::kSettled, text.state.real, 0, 0};
       return text;
     }
@@ -137,7 +127,7 @@ SqliteText SqliteEmitter::ToDecimal(const bound::Convert& node, const ValueType&
   const ValueType exact = AsDecimal(operand.type);
   const bool fits = from < Type::kSingle && exact.places <= type.places &&
                     exact.digits - exact.places <= type.digits - type.places;
-  SqliteText value = Detached(Settled(operand), operand);
+  SqliteText value = Settled(operand);
   value.state = {SqliteForm::kSettled, value.state.real, 0, 0};
   if (fits) return value;
   return SqliteCall("pst_decimal",
