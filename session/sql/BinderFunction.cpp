@@ -127,6 +127,7 @@ ValueType Binder::TypeOfCall(const Call& call, bound::Function function, Place p
     }
     case F::kCoalesce: {
       std::vector<bound::ExprPtr*> all;
+      all.reserve(arguments.size());
       for (bound::ExprPtr& argument : arguments) all.push_back(&argument);
       const ValueType type = Unite(all, place, "COALESCE");
       return type;

@@ -138,7 +138,7 @@ std::string SqliteEmitter::OnlyText(const bound::Query& query, std::vector<Sqlit
                      bound::TakesColumnOf(*select.items[0].value, select);
   if (plain) {
     std::vector<SqliteText> items;
-    const std::string text = SelectText(select, Use::kOnly, false, items);
+    std::string text = SelectText(select, Use::kOnly, false, items);
     states.push_back(items[0].state);
     return text;
   }

@@ -73,7 +73,7 @@ SqliteText SqliteEmitter::SumText(const bound::Arithmetic& node, const ValueType
 
 SqliteText SqliteEmitter::QuotientText(const bound::Arithmetic& node, const ValueType& type) {
   const std::string* literal = LiteralDivisor(*node.right);
-  const SqliteText left = Settled(*node.left);
+  SqliteText left = Settled(*node.left);
   if (literal != nullptr && IsOne(*literal)) return left;
   if (IsWhole(type.type)) {
     if (literal != nullptr) {

@@ -189,9 +189,9 @@ SqliteText SqliteEmitter::DateComparisonText(const bound::Expr& column, CompareO
   const std::string stored = Value(column).text;
   const std::string day = date.substr(0, 10);
   const bool midnight = day == date;
-  const SqliteText exact{"pst_date(" + stored + ")" + std::string(SignOf(op)) + SqliteLiteral(date),
-                         SqliteBinding::kCompare,
-                         {}};
+  SqliteText exact{"pst_date(" + stored + ")" + std::string(SignOf(op)) + SqliteLiteral(date),
+                   SqliteBinding::kCompare,
+                   {}};
   const std::string from = stored + " >= " + SqliteLiteral(day);
   const std::string to = stored + " < " + SqliteLiteral(day + "~");
   const auto both = [&](const std::string& range) {

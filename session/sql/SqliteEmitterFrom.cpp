@@ -95,7 +95,7 @@ SqliteText SqliteEmitter::OnBesideFullJoin(const bound::Expr& on, const bound::F
     }
     return {ChainText(operands, " AND "), SqliteBinding::kAnd, {}};
   }
-  const SqliteText condition = Condition(on);
+  SqliteText condition = Condition(on);
   if (!bound::IsConstant(on)) return condition;
   std::string column;
   bound::ForEachSource(joined, [&](const bound::Source& source) {
