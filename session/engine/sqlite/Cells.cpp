@@ -7,143 +7,144 @@
 #include <string_view>
 
 #include "session/data/Error.h"
+#include "session/engine/sqlite/Errors.h"
 #include "session/engine/sqlite/Utf8.h"
 
 namespace pstolvane1::sqlite {
 namespace {
 
-using Statement = sqlite3_stmt*;
-
-std::size_t Index(int column) { return static_cast<std::size_t>(column); }
+// A cell is taken from the statement once, as a value: every question to the statement itself costs
+// the engine several times more than one to the value. The value lives until the next step, and the
+// connection has no mutex of its own that would have to protect it.
+using Value = sqlite3_value*;
 
 // The text of a cell that is not Null. Numbers are turned into text in place, so ask for a cell's
 // type before.
-std::string_view TextOf(Statement statement, int column) {
-  const unsigned char* text = sqlite3_column_text(statement, column);
-  const int size = sqlite3_column_bytes(statement, column);
-  if (text == nullptr) return {};
+std::string_view TextOf(Value value) {
+  const unsigned char* text = sqlite3_value_text(value);
+  const int size = sqlite3_value_bytes(value);
+  if (text == nullptr) {
+    throw Error(ErrorNumber::kQueryRefused, std::string(Meaning(Failure::kNoMemory)));
+  }
   return {static_cast<const char*>(static_cast<const void*>(text)), static_cast<std::size_t>(size)};
 }
 
 // How a cell stands in a message; long ones are cut.
-std::string Shown(Statement statement, int column) {
+std::string Shown(Value value) {
   constexpr std::size_t kLongest = 40;
-  if (sqlite3_column_type(statement, column) == SQLITE_BLOB) return "binary data";
-  const bool text = sqlite3_column_type(statement, column) == SQLITE_TEXT;
-  std::string shown = Repaired(TextOf(statement, column).substr(0, kLongest));
+  if (sqlite3_value_type(value) == SQLITE_BLOB) return "binary data";
+  const bool text = sqlite3_value_type(value) == SQLITE_TEXT;
+  std::string shown = Repaired(TextOf(value).substr(0, kLongest));
   return text ? "\"" + shown + "\"" : shown;
 }
 
-[[noreturn]] void ThrowNot(Statement statement, int column, std::string_view what) {
-  throw Error(ErrorNumber::kTypeMismatch,
-              fmt::format("{} is not {}", Shown(statement, column), what));
+[[noreturn]] void ThrowNot(Value value, std::string_view what) {
+  throw Error(ErrorNumber::kTypeMismatch, fmt::format("{} is not {}", Shown(value), what));
 }
 
-[[noreturn]] void ThrowOutOfRange(Statement statement, int column, std::string_view what) {
-  throw Error(ErrorNumber::kOverflow,
-              fmt::format("{} is out of range for {}", Shown(statement, column), what));
+[[noreturn]] void ThrowOutOfRange(Value value, std::string_view what) {
+  throw Error(ErrorNumber::kOverflow, fmt::format("{} is out of range for {}", Shown(value), what));
 }
 
 // A whole number of 64 bits, of a cell that is no integer.
-std::int64_t WholeOfOther(Statement statement, int column, std::string_view what) {
-  if (sqlite3_column_type(statement, column) != SQLITE_FLOAT) ThrowNot(statement, column, what);
+std::int64_t WholeOfOther(Value value, std::string_view what) {
+  if (sqlite3_value_type(value) != SQLITE_FLOAT) ThrowNot(value, what);
   constexpr double kLimit = 9223372036854775808.0;
-  const double number = sqlite3_column_double(statement, column);
-  if (number != std::trunc(number)) ThrowNot(statement, column, what);
-  if (number < -kLimit || number >= kLimit) ThrowOutOfRange(statement, column, what);
+  const double number = sqlite3_value_double(value);
+  if (number != std::trunc(number)) ThrowNot(value, what);
+  if (number < -kLimit || number >= kLimit) ThrowOutOfRange(value, what);
   return static_cast<std::int64_t>(number);
 }
 
 template <typename T>
-void WriteWhole(Statement statement, int column, Chunk& chunk, std::size_t row) {
+void WriteWhole(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
   constexpr std::string_view kWhat =
       sizeof(T) == 4 ? "a 32-bit whole number" : "a 64-bit whole number";
-  const int type = sqlite3_column_type(statement, column);
+  const int type = sqlite3_value_type(value);
   if (type == SQLITE_NULL) return;
-  const std::int64_t number = type == SQLITE_INTEGER ? sqlite3_column_int64(statement, column)
-                                                     : WholeOfOther(statement, column, kWhat);
+  const std::int64_t number =
+      type == SQLITE_INTEGER ? sqlite3_value_int64(value) : WholeOfOther(value, kWhat);
   if (number < std::numeric_limits<T>::min() || number > std::numeric_limits<T>::max()) {
-    ThrowOutOfRange(statement, column, kWhat);
+    ThrowOutOfRange(value, kWhat);
   }
-  chunk.Set<T>(Index(column), row, static_cast<T>(number));
+  chunk.Set<T>(column, row, static_cast<T>(number));
 }
 
-void WriteFlag(Statement statement, int column, Chunk& chunk, std::size_t row) {
-  const int type = sqlite3_column_type(statement, column);
+void WriteFlag(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
+  const int type = sqlite3_value_type(value);
   if (type == SQLITE_NULL) return;
-  const std::int64_t number = type == SQLITE_INTEGER ? sqlite3_column_int64(statement, column)
-                                                     : WholeOfOther(statement, column, "a flag");
-  chunk.Set<std::int16_t>(Index(column), row, number != 0 ? std::int16_t{-1} : std::int16_t{0});
+  const std::int64_t number =
+      type == SQLITE_INTEGER ? sqlite3_value_int64(value) : WholeOfOther(value, "a flag");
+  chunk.Set<std::int16_t>(column, row, number != 0 ? std::int16_t{-1} : std::int16_t{0});
 }
 
 // Null and what is no number aside, the engine gives every number as a double by itself.
-bool HasNumber(Statement statement, int column) {
-  const int type = sqlite3_column_type(statement, column);
+bool HasNumber(Value value) {
+  const int type = sqlite3_value_type(value);
   if (type == SQLITE_FLOAT || type == SQLITE_INTEGER) return true;
-  if (type != SQLITE_NULL) ThrowNot(statement, column, "a number");
+  if (type != SQLITE_NULL) ThrowNot(value, "a number");
   return false;
 }
 
-void WriteReal(Statement statement, int column, Chunk& chunk, std::size_t row) {
-  if (!HasNumber(statement, column)) return;
-  chunk.Set<double>(Index(column), row, sqlite3_column_double(statement, column));
+void WriteReal(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
+  if (!HasNumber(value)) return;
+  chunk.Set<double>(column, row, sqlite3_value_double(value));
 }
 
-void WriteSingle(Statement statement, int column, Chunk& chunk, std::size_t row) {
-  if (!HasNumber(statement, column)) return;
-  const double number = sqlite3_column_double(statement, column);
+void WriteSingle(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
+  if (!HasNumber(value)) return;
+  const double number = sqlite3_value_double(value);
   const auto single = static_cast<float>(number);
-  if (std::isinf(single)) ThrowOutOfRange(statement, column, "a single");
-  chunk.Set<float>(Index(column), row, single);
+  if (std::isinf(single)) ThrowOutOfRange(value, "a single");
+  chunk.Set<float>(column, row, single);
 }
 
-void WriteMoney(Statement statement, int column, Chunk& chunk, std::size_t row) {
+void WriteMoney(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
   std::int64_t units = 0;
-  switch (sqlite3_column_type(statement, column)) {
+  switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
       return;
     case SQLITE_INTEGER:
-      if (__builtin_mul_overflow(sqlite3_column_int64(statement, column), std::int64_t{10000},
-                                 &units)) {
-        ThrowOutOfRange(statement, column, "money");
+      if (__builtin_mul_overflow(sqlite3_value_int64(value), std::int64_t{10000}, &units)) {
+        ThrowOutOfRange(value, "money");
       }
       break;
     case SQLITE_FLOAT:
-      units = Currency::FromDouble(sqlite3_column_double(statement, column)).TenThousandths();
+      units = Currency::FromDouble(sqlite3_value_double(value)).TenThousandths();
       break;
     case SQLITE_TEXT:
-      units = Currency::FromText(TextOf(statement, column)).TenThousandths();
+      units = Currency::FromText(TextOf(value)).TenThousandths();
       break;
     default:
-      ThrowNot(statement, column, "an amount of money");
+      ThrowNot(value, "an amount of money");
   }
-  chunk.Set<std::int64_t>(Index(column), row, units);
+  chunk.Set<std::int64_t>(column, row, units);
 }
 
-void WriteDate(Statement statement, int column, Chunk& chunk, std::size_t row) {
-  const int type = sqlite3_column_type(statement, column);
+void WriteDate(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
+  const int type = sqlite3_value_type(value);
   if (type == SQLITE_NULL) return;
   const std::optional<Date> date =
-      type == SQLITE_TEXT ? Date::FromIso(TextOf(statement, column)) : std::nullopt;
-  if (!date) ThrowNot(statement, column, "a date");
-  chunk.Set<double>(Index(column), row, date->Serial());
+      type == SQLITE_TEXT ? Date::FromIso(TextOf(value)) : std::nullopt;
+  if (!date) ThrowNot(value, "a date");
+  chunk.Set<double>(column, row, date->Serial());
 }
 
-void WriteText(Statement statement, int column, Chunk& chunk, std::size_t row) {
-  const int type = sqlite3_column_type(statement, column);
+void WriteText(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
+  const int type = sqlite3_value_type(value);
   if (type == SQLITE_NULL) return;
-  if (type == SQLITE_BLOB) ThrowNot(statement, column, "a text");
-  const std::string_view text = TextOf(statement, column);
+  if (type == SQLITE_BLOB) ThrowNot(value, "a text");
+  const std::string_view text = TextOf(value);
   if (IsUtf8(text)) {
-    chunk.SetText(Index(column), row, text);
+    chunk.SetText(column, row, text);
   } else {
-    chunk.SetText(Index(column), row, Repaired(text));
+    chunk.SetText(column, row, Repaired(text));
   }
 }
 
 struct TypeMapping {
   DataType type;
-  void (*write)(Statement, int, Chunk&, std::size_t);
+  void (*write)(Value, Chunk&, std::size_t, std::size_t);
 };
 
 TypeMapping MappingOf(sql::Type type) {
@@ -198,7 +199,8 @@ void RowWriter::Write(Chunk& chunk, std::size_t row) const {
   std::size_t column = 0;
   try {
     for (; column < writers_.size(); ++column) {
-      writers_[column](statement_, static_cast<int>(column), chunk, row);
+      writers_[column](sqlite3_column_value(statement_, static_cast<int>(column)), chunk, column,
+                       row);
     }
   } catch (const Error& error) {
     for (std::size_t each = 0; each <= column; ++each) chunk.SetNull(each, row);

@@ -8,6 +8,7 @@
 #include "session/sql/Translate.h"
 
 struct sqlite3_stmt;
+struct sqlite3_value;
 
 namespace pstolvane1::sqlite {
 
@@ -34,7 +35,7 @@ class RowWriter {
   void Write(Chunk& chunk, std::size_t row) const;
 
  private:
-  using Writer = void (*)(sqlite3_stmt*, int column, Chunk&, std::size_t row);
+  using Writer = void (*)(sqlite3_value*, Chunk&, std::size_t column, std::size_t row);
 
   sqlite3_stmt* statement_;
   std::vector<Writer> writers_;
