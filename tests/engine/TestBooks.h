@@ -122,6 +122,7 @@ inline sql::Type TypeNamed(std::string_view name) {
 inline sql::Translation PlainText(std::string_view text, const sql::Catalog& /*catalog*/) {
   sql::Translation translation;
   const std::size_t colon = text.find(": ");
+  if (colon == text.npos) throw Error(ErrorNumber::kQueryRefused, "no columns are told");
   std::string_view columns = text.substr(0, colon);
   translation.text = text.substr(colon + 2);
   while (!columns.empty()) {

@@ -1,14 +1,27 @@
 // What the tables and views of an SQLite database look like to the front end.
 #pragma once
 
+#include <functional>
+#include <string_view>
+
 #include "session/engine/sqlite/Database.h"
 #include "session/sql/Catalog.h"
+#include "session/sql/Translate.h"
 
 namespace pstolvane1::sqlite {
 
+// Turns a SELECT of the dialect into the engine's text.
+using Translator = std::function<sql::Translation(std::string_view, const sql::Catalog&)>;
+
 // The tables and views of the books, the engine's own left out. A column's type is its declared
-// one, of a view's column that of the table's column behind it; a column whose declaration has no
-// meaning in the dialect (a blob, an expression of a view) is left out.
-[[nodiscard]] sql::Catalog ReadCatalog(Database& database, Watch& watch);
+// one, of a view's column that of the table's column behind it. A view's expression has none: where
+// the front end can read the view, the expression has the kind that it finds, every number as a
+// real, because the engine's own arithmetic does not keep to the narrower types. What has no type
+// after that (a blob, an expression that the front end cannot read) is left out.
+[[nodiscard]] sql::Catalog ReadCatalog(Database& database, const Translator& translate,
+                                       Watch& watch);
+
+// The SELECT of "CREATE VIEW name AS SELECT ..."; empty when there is none.
+[[nodiscard]] std::string_view BodyOfView(std::string_view create);
 
 }  // namespace pstolvane1::sqlite

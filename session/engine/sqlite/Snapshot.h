@@ -10,12 +10,9 @@
 #include "session/engine/FairMutex.h"
 #include "session/engine/Watch.h"
 #include "session/engine/sqlite/Database.h"
-#include "session/sql/Translate.h"
+#include "session/engine/sqlite/Schema.h"
 
 namespace pstolvane1::sqlite {
-
-// Turns a SELECT of the dialect into the engine's text.
-using Translator = std::function<sql::Translation(std::string_view, const sql::Catalog&)>;
 
 // What a snapshot and its cursors share. Shared because the state must be held until the last of
 // them is gone, whichever that is. Its connection steps one statement at a time: whoever touches it

@@ -115,7 +115,7 @@ SqliteProvider::SqliteProvider(const std::string& path, std::chrono::millisecond
   std::unique_ptr<Database> database = Open(path_, watch);
   try {
     const std::int64_t version = database->BeginState(watch);
-    pool_->Keep(std::make_shared<sql::Catalog>(ReadCatalog(*database, watch)), version);
+    pool_->Keep(std::make_shared<sql::Catalog>(ReadCatalog(*database, translate_, watch)), version);
   } catch (const Error& error) {
     throw Error(ErrorNumber::kConnection,
                 fmt::format("The books \"{}\" cannot be opened: {}.", path_, error.Description()));
@@ -131,7 +131,7 @@ std::shared_ptr<Snapshot> SqliteProvider::TakeSnapshot(std::chrono::milliseconds
     const std::int64_t version = database->BeginState(watch);
     std::shared_ptr<const sql::Catalog> catalog = pool_->Catalog(version);
     if (!catalog) {
-      catalog = std::make_shared<sql::Catalog>(ReadCatalog(*database, watch));
+      catalog = std::make_shared<sql::Catalog>(ReadCatalog(*database, translate_, watch));
       pool_->Keep(catalog, version);
     }
     auto state = std::make_shared<HeldState>(
