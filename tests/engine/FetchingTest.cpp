@@ -154,44 +154,5 @@ TEST(Fetching, EndsAtTheCommandTimeout) {
               AllOf(StartsWith("-2147217900 "), HasSubstr("the time limit of 1 s was reached")));
 }
 
-TEST(Fetching, WaitsForAWriterAndThenTellsThatTheBooksAreLocked) {
-  const TestBooks books(TwinTables("DELETE", 10));
-  const auto connection = Connect(books);
-  connection->CommandTimeout(1);
-  Writer writer(books.Path());
-  writer.Run("BEGIN EXCLUSIVE");
-  auto rowset = Recordset::New();
-  std::string told;
-  rowset->FetchComplete = [&](const Error* error, int, Recordset&) {
-    told = error != nullptr ? error->Description() : "no error";
-  };
-  OpenBeside(*rowset, kSelectA, connection);
-  PumpUntil([&] { return !told.empty(); });
-  EXPECT_THAT(told, HasSubstr("the books are locked by another program and were not let go within "
-                              "the time limit of 1 s"));
-  writer.Run("COMMIT");
-}
-
-TEST(Fetching, SeveralApartmentsReadTheSameBooksAtATime) {
-  const TestBooks books(TwinTables("WAL", 5000));
-  std::vector<std::thread> apartments;
-  for (int i = 0; i < 4; ++i) {
-    apartments.emplace_back([&] {
-      const auto connection = Connect(books);
-      for (int report = 0; report < 5; ++report) {
-        auto rowset = Recordset::New();
-        bool complete = false;
-        rowset->FetchComplete = [&](const Error*, int status, Recordset&) {
-          complete = status == adStatusOK;
-        };
-        OpenBeside(*rowset, kSelectA, connection);
-        PumpUntil([&] { return complete; });
-        EXPECT_EQ(rowset->RecordCount(), 5000);
-      }
-    });
-  }
-  for (std::thread& apartment : apartments) apartment.join();
-}
-
 }  // namespace
 }  // namespace pstolvane1::sqlite
