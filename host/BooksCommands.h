@@ -1,0 +1,15 @@
+// stolvane books: making, filling and checking books.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace pstolvane1::host {
+
+void CreateBooksFile(const std::string& path);
+void SampleBooksFile(const std::string& path, std::int64_t movements, std::uint64_t seed);
+void ImportBooksFile(const std::string& path, const std::string& folder);
+// Prints what it finds. False when something is missing or wrong.
+bool CheckBooksAt(const std::string& connection_string);
+
+}  // namespace pstolvane1::host
