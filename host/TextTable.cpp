@@ -89,9 +89,10 @@ class TableWriter {
 std::size_t DisplayWidth(std::string_view text) {
   std::size_t width = 0;
   const auto length = static_cast<int32_t>(text.size());
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
   for (int32_t i = 0; i < length;) {
     UChar32 c = 0;
-    U8_NEXT(text.data(), i, length, c);
+    U8_NEXT(bytes, i, length, c);
     if (c < 0) {
       ++width;  // a byte that is no UTF-8 shows as one replacement character
       continue;

@@ -1,5 +1,6 @@
 #include "session/ReportFrame.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "session/QueryText.h"
@@ -40,6 +41,12 @@ void ReportFrame::UseHostItems(RecordsetPtr items) {
   Slot& slot = SlotOf(Source::rsItems);
   slot.failure.reset();
   slot.rowset = std::move(items);
+}
+
+bool ReportFrame::Fetching() const {
+  return std::any_of(slots_.begin(), slots_.end(), [](const Slot& slot) {
+    return slot.rowset != nullptr && (slot.rowset->State() & adStateFetching) != 0;
+  });
 }
 
 RecordsetPtr ReportFrame::Rowset(Source source) const {

@@ -36,8 +36,6 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   ReportFrame(const ReportFrame&) = delete;
   ReportFrame& operator=(const ReportFrame&) = delete;
 
-  // --- State
-
   std::shared_ptr<Connection> MainCn;
   std::int32_t lngReportType = 0;  // of the report in hand
   Boolean blnCancelFetching;
@@ -50,8 +48,6 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   typAliases Aliases;
   modStolvane1& module;  // the thread's variables
 
-  // --- Connection
-
   void SetConnection(std::string_view saved_connection, std::string_view connection_string,
                      Boolean asynchronous, Date books_from, Date books_to,
                      std::string_view currency_prefix, std::string_view currency_suffix);
@@ -60,19 +56,17 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   // The query text in the form that is opened, with the session's aliases.
   [[nodiscard]] std::string Normalise(std::string_view query) const;
 
-  // --- Source rowsets
-
   // A new rowset in the source's place, with its events connected. What the old one still fetches
   // is dropped, and its events no longer count.
   const RecordsetPtr& Replace(Source source);
   // A rowset of the host's in the place of rsItems; it is read, not fetched.
   void UseHostItems(RecordsetPtr items);
+  // A source rowset still fetches, or its FetchComplete waits to be delivered.
+  [[nodiscard]] bool Fetching() const;
   // For row builders, who keep what they get: the source's rowset, whole. The error of its fetch if
   // that failed, and error 91 when there is none.
   [[nodiscard]] RecordsetPtr Rowset(Source source) const;
   [[nodiscard]] bool Seen(Source source) const;  // it has reported progress
-
-  // --- Fetch events and dispatch
 
   void SourceFetchProgress(Source source, std::int32_t rows, std::int32_t max_rows);
   // Counts the fetch as done, failed or not, and dispatches.
@@ -83,13 +77,9 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   void RaiseStepProgress(std::int32_t lngProgress, std::string_view strMessage,
                          std::int32_t lngCount, std::int32_t lngRange) noexcept;
 
-  // --- For row builders
-
   // Ends the pass of one source row: yields to the message loop, raises "manipulating", and says
   // whether the loop goes on. False once the report is cancelled or its session is gone.
   [[nodiscard]] bool EndPass(std::int32_t lngRange = 60);
-
-  // --- End
 
   // Errors are passed over; no event follows.
   void Class_Terminate() noexcept;

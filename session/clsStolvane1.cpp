@@ -52,6 +52,8 @@ Variant clsStolvane1::SetFilter(std::string_view strVouchertypeFilter,
 
 void clsStolvane1::CancelFetching(Boolean cancel) { frame_->blnCancelFetching = cancel; }
 
+bool clsStolvane1::Fetching() const { return frame_->Fetching(); }
+
 Variant clsStolvane1::UserPressedCancel() {
   frame_->blnUserPressedCancel = true;
   return {};

@@ -47,8 +47,6 @@ class clsStolvane1 : public clsStolvane1Events {
   clsStolvane1(const clsStolvane1&) = delete;
   clsStolvane1& operator=(const clsStolvane1&) = delete;
 
-  // --- Connect
-
   // Opens the books that strConnectionString1 names; strProvider and strConnectionString are
   // accepted and not used. With AsyncConnect exactly True it returns before they are open, and
   // OnConnect tells how it went. Otherwise they are open when it returns, OnConnect has been raised
@@ -66,8 +64,6 @@ class clsStolvane1 : public clsStolvane1Events {
   // first. Error 3001 for an unknown one.
   void SetLocale(std::string_view name);
 
-  // --- Choose what the reports show; each stays in force until it is set again
-
   void SetAliases(const typAliases& pAlias);
   // strVouchertypeFilter is a condition on Vouchertype1. btTypeOfentry 1 keeps the documents whose
   // ledger group has the code 2, 1 or 41, 2 keeps the others, and any other value applies
@@ -76,16 +72,15 @@ class clsStolvane1 : public clsStolvane1Events {
   Variant SetFilter(std::string_view strVouchertypeFilter, std::string_view strSubgroupFilter,
                     std::uint8_t btTypeOfentry, std::uint8_t OptNo);
 
-  // --- Stop
-
   // True ends a report early, also one that is asked for afterwards: the row in hand and the
   // closing lines are still written, and the rowset is delivered. Stays in force until False is
   // written.
   void CancelFetching(Boolean cancel);
+  // An asynchronous report still fetches: its FetchComplete is yet to come. Once it is False,
+  // nothing more comes from a report that has no FetchComplete.
+  [[nodiscard]] bool Fetching() const;
   // Has no effect; kept for hosts that call it. Returns Empty.
   Variant UserPressedCancel();
-
-  // --- Lists
 
   // The lines of documents as a plain rowset, by Date: ItemName, ItemPartNo, Desr_id, Item_id,
   // DesrRefno, Prefix, Suffix, Date, Qty (in minus out). strFilter is a condition on Desr1 and

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "session/data/ColumnInfo.h"
 #include "session/data/Currency.h"
 #include "session/data/DataType.h"
 #include "session/data/Date.h"
@@ -15,13 +16,6 @@
 #include "session/data/Variant.h"
 
 namespace pstolvane1 {
-
-struct ColumnInfo {
-  std::string name;
-  DataType type = adEmpty;
-  int defined_size = 0;  // characters of an adVarChar; 0 where there is no limit
-  int attributes = adFldDefault;
-};
 
 // Bytes of one cell of a type: Integer int32, Single float, Double double, Currency int64
 // ten-thousandths, Date double serial, Boolean int16, BigInt int64, text TextRef, chapter

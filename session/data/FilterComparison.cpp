@@ -14,9 +14,6 @@ namespace {
 using Op = FilterOperator;
 using Value = FilterValue;
 
-// --- Cells: how a row of each storage is met
-// ------------------------------------------------------
-
 template <typename Cell>
 struct WholeCells {
   static constexpr bool kCheap = true;
@@ -136,9 +133,6 @@ void ScanNull(const FilterComparison& c, const Chunk& chunk, std::size_t first, 
   }
 }
 
-// --- Bounds: which cells an operator and a value ask for
-// ------------------------------------------
-
 // Sets the bounds for whole numbers and counts of ten-thousandths. A value between two of them
 // counts as just above the lower.
 void SetWhole(FilterComparison& c, Op op, const DecimalText::Scaled& value) {
@@ -250,9 +244,6 @@ std::string OnlyEquality(const ColumnInfo& column, std::string_view what) {
   return "the column " + Quoted(column.name) + " can be compared with " + std::string(what) +
          " by = and <> only";
 }
-
-// --- Types
-// ----------------------------------------------------------------------------------------
 
 void UseNumberCells(FilterComparison& c, DataType type) {
   switch (type) {

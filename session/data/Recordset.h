@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "session/data/ColumnInfo.h"
 #include "session/data/Connection.h"
 #include "session/data/DataType.h"
 #include "session/data/Error.h"
@@ -115,7 +116,7 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  // --- Open and close ---
+  // --- Open and close
 
   // Before Open. nullptr on an open rowset disconnects it; its rows stay.
   void ActiveConnection(std::shared_ptr<Connection> connection);
@@ -153,8 +154,10 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   // The rowset then is open with all rows, or with those that were handed over before the error.
   std::function<void(const Error* error, int status, Recordset&)> FetchComplete;
 
-  // --- Columns and values ---
+  // --- Columns and values
 
+  // In order; the handle of a column is its place. Valid until the rowset is opened or closed.
+  [[nodiscard]] const std::vector<ColumnInfo>& Columns() const;
   [[nodiscard]] pstolvane1::Fields Fields();
   [[nodiscard]] Field Fields(std::string_view name);
   // Value of the current row by column name, without a Field object.
@@ -176,7 +179,7 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   [[nodiscard]] RecordsetPtr Chapter(ColumnHandle column) const;
   [[nodiscard]] Variant Value(ColumnHandle column) const;
 
-  // --- Rows of a fabricated rowset ---
+  // --- Rows of a fabricated rowset
 
   // Adds a row of Nulls and makes it current; visible, to clones too, after Update, or when the
   // position moves on, which updates as well. Error 3001 on a query's rowset, as for every write.
@@ -192,7 +195,7 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   void Set(ColumnHandle column, const Variant& value);
   void SetText(ColumnHandle column, std::string_view text);
 
-  // --- Position ---
+  // --- Position
 
   void MoveFirst();  // an empty rowset stays at both ends
   void MoveLast();
@@ -207,7 +210,7 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   void Bookmark(pstolvane1::Bookmark position);
   [[nodiscard]] std::int32_t RecordCount() const;  // of the visible rows; error 6 beyond 32 bits
 
-  // --- View ---
+  // --- View
 
   // Criteria: comparisons "column op value" with = <> < > <= >= LIKE, joined with And, Or and Not,
   // and parentheses; And binds closer than Or. Values: numbers, 'text' with '' for a quote,
@@ -232,7 +235,7 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   // writes, adds or deletes the others see.
   [[nodiscard]] RecordsetPtr Clone(int lock_type = adLockUnspecified);
 
-  // --- Iteration ---
+  // --- Iteration
 
   // A row of a rowset, whether it is the current one or not. Valid while the rowset or a clone of
   // it is open.

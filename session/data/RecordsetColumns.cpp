@@ -50,6 +50,8 @@ int Recordset::Impl::FindColumn(std::string_view name) const {
   return column;
 }
 
+const std::vector<ColumnInfo>& Recordset::Columns() const { return impl_->Columns(); }
+
 pstolvane1::Fields Recordset::Fields() { return pstolvane1::Fields(*this); }
 Field Recordset::Fields(std::string_view name) { return Fields()(name); }
 
@@ -103,9 +105,6 @@ void Field::Value(const Variant& value) { rowset_->Set(static_cast<ColumnHandle>
 
 pstolvane1::Properties Field::Properties() const { return {*rowset_, column_}; }
 pstolvane1::Properties Recordset::Properties() { return {*this, -1}; }
-
-// --- Settings
-// -------------------------------------------------------------------------------------
 
 Properties::Property Properties::operator()(std::string_view name) const {
   const bool of_rowset = column_ < 0;

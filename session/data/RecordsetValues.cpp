@@ -70,9 +70,6 @@ RecordsetPtr Recordset::Chapter(ColumnHandle column) const {
 }
 Variant Recordset::Value(ColumnHandle column) const { return impl_->Current()[column]; }
 
-// --- Writing
-// --------------------------------------------------------------------------------------
-
 RowStore& Recordset::Impl::Writable() {
   RowStore& store = Open().Store();
   if (store.KindOf() == RowStore::Kind::kQuery) {

@@ -36,9 +36,6 @@ void Recordset::Sort(std::string_view columns) {
 
 const std::string& Recordset::Sort() const { return impl_->Open().SortText(); }
 
-// --- Iteration
-// ------------------------------------------------------------------------------------
-
 namespace {
 
 constexpr std::size_t kEnd = std::numeric_limits<std::size_t>::max();

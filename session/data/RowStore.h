@@ -50,7 +50,6 @@ class RowStore {
   RowStore(const RowStore&) = delete;
   RowStore& operator=(const RowStore&) = delete;
 
-  // --- Columns -----------------------------------------------------------------------------------
   [[nodiscard]] const std::vector<ColumnInfo>& Columns() const { return columns_; }
   [[nodiscard]] const ColumnInfo& Column(int column) const {
     return columns_[static_cast<std::size_t>(column)];
@@ -63,7 +62,6 @@ class RowStore {
   void SetChapters(int column, std::shared_ptr<const ChapterRows> chapters);
   [[nodiscard]] const std::shared_ptr<const ChapterRows>& Chapters(int column) const;
 
-  // --- Rows --------------------------------------------------------------------------------------
   // Takes over rows that a source has filled, and tells the rowsets on the store: rows appear
   // behind the others, and a rowset that had no visible row goes to the first. All chunks hold as
   // many rows as fit (Chunk::kRows), but the first, whose capacity is free, and the last, which
@@ -92,8 +90,6 @@ class RowStore {
   // Tells the rowsets that cells of a visible row were written. changed has an entry per column.
   void Changed(std::uint32_t row, const std::vector<bool>& changed);
 
-  // --- Cells (nothing is checked; chapter columns have none)
-  // ---------------------------------------
   struct Place {
     Chunk* chunk;
     std::size_t row;
@@ -122,7 +118,6 @@ class RowStore {
   [[nodiscard]] const Chunk& ChunkAt(std::size_t number) const { return *chunks_[number]; }
   [[nodiscard]] std::uint32_t FirstRowOf(std::size_t chunk) const;
 
-  // --- Look-up -----------------------------------------------------------------------------------
   // Whether a look-up in the column goes through an index. It is made when it is first needed.
   [[nodiscard]] bool Optimized(int column) const {
     return optimized_[static_cast<std::size_t>(column)];

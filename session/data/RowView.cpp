@@ -39,9 +39,6 @@ RowView::RowView(const RowView& other, SameRows)
 
 RowView::~RowView() { store_->Detach(*this); }
 
-// --- The list
-// -------------------------------------------------------------------------------------
-
 void RowView::Use(std::span<const std::uint32_t> list) {
   all_ = false;
   list_ = list;
@@ -161,9 +158,6 @@ void RowView::Erase(std::size_t place) {
   }
 }
 
-// --- The position
-// ---------------------------------------------------------------------------------
-
 void RowView::StandAt(std::size_t place) {
   place = VisibleFrom(place);
   if (place == Places()) {
@@ -230,9 +224,6 @@ void RowView::Find(std::string_view criterion) {
   }
   StandAt(place);
 }
-
-// --- Rows that come, go and change
-// ----------------------------------------------------------------
 
 void RowView::Add(std::uint32_t row) {
   adding_ = row;

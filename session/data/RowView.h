@@ -39,7 +39,6 @@ class RowView {
   [[nodiscard]] RowStore& Store() const { return *store_; }
   [[nodiscard]] const std::shared_ptr<RowStore>& SharedStore() const { return store_; }
 
-  // --- The list ----------------------------------------------------------------------------------
   [[nodiscard]] std::uint32_t Count() const {  // visible rows
     return all_ ? store_->LiveRows() : visible_;
   }
@@ -61,7 +60,6 @@ class RowView {
   [[nodiscard]] const std::string& FilterText() const { return filter_text_; }
   [[nodiscard]] const std::string& SortText() const { return sort_text_; }
 
-  // --- The position ------------------------------------------------------------------------------
   // Without any visible row it is both, unless a row outside the view is the current one.
   [[nodiscard]] bool Bof() const { return stand_ == Stand::kBof || (Count() == 0 && !HasRow()); }
   [[nodiscard]] bool Eof() const { return stand_ == Stand::kEof || (Count() == 0 && !HasRow()); }
@@ -84,14 +82,12 @@ class RowView {
   // Whether the current row is one that was deleted.
   [[nodiscard]] bool StandsOnDeleted() const { return stand_ == Stand::kRow && !HasRow(); }
 
-  // --- Adding a row ------------------------------------------------------------------------------
   static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
   // A hidden row of the store becomes the current row of this rowset alone, until Added.
   void Add(std::uint32_t row);
   [[nodiscard]] std::uint32_t Adding() const { return adding_; }
   void Added() { adding_ = kNone; }
 
-  // --- Told by the store -------------------------------------------------------------------------
   void OnAppended(std::uint32_t first, std::uint32_t end);
   void OnShown(std::uint32_t row);
   void OnDeleted(std::uint32_t row);

@@ -29,8 +29,6 @@ struct Name {
   explicit operator bool() const { return !text.empty(); }
 };
 
-// --- Values -----------------------------------------------------------------------------------
-
 struct NumberLiteral {
   enum class Form {
     kWhole,    // digits only: 12
@@ -98,8 +96,6 @@ struct ScalarSubquery {
   QueryPtr query;
 };
 
-// --- Conditions -------------------------------------------------------------------------------
-
 enum class CompareOp { kEqual, kNotEqual, kLess, kLessOrEqual, kGreater, kGreaterOrEqual };
 struct Comparison {
   CompareOp op;
@@ -145,8 +141,6 @@ struct Exists {
   QueryPtr query;
 };
 
-// --- Expressions ------------------------------------------------------------------------------
-
 // Conditions and values are kept apart by the parser, as the dialect does: an operand, a selected
 // column, an argument is a value; WHERE, HAVING, ON, a searched WHEN, NOT, AND, OR take conditions.
 struct Expr {
@@ -165,8 +159,6 @@ struct Expr {
     return std::get_if<T>(&node);
   }
 };
-
-// --- Tables -----------------------------------------------------------------------------------
 
 struct NamedTable {
   Name table;
@@ -197,8 +189,6 @@ struct TableRef {
     return std::get_if<T>(&node);
   }
 };
-
-// --- Queries ----------------------------------------------------------------------------------
 
 struct SelectItem {
   ExprPtr value;  // null for a star

@@ -24,7 +24,6 @@ using ExprPtr = std::unique_ptr<Expr>;
 using QueryPtr = std::unique_ptr<Query>;
 using FromPtr = std::unique_ptr<From>;
 
-// --- Values -----------------------------------------------------------------------------------
 // Where two values meet, a Convert brings each to the common type before; a literal becomes a
 // literal of that type where it can.
 
@@ -94,7 +93,6 @@ struct ScalarSubquery {
   QueryPtr query;  // of one column
 };
 
-// --- Conditions; their type is kNull ------------------------------------------------------------
 // The values that they compare are of one type.
 
 struct Comparison {
@@ -147,8 +145,6 @@ struct Expr {
     return std::get_if<T>(&node);
   }
 };
-
-// --- Queries ----------------------------------------------------------------------------------
 
 struct SourceColumn {
   std::string name;

@@ -49,8 +49,6 @@ Statement Grammar::Read() && {
   return std::move(statement_);
 }
 
-// --- Tokens -----------------------------------------------------------------------------------
-
 const Token& Grammar::Peek(std::size_t ahead) const {
   return tokens_[std::min(at_ + ahead, tokens_.size() - 1)];
 }

@@ -10,7 +10,7 @@
 namespace pstolvane1 {
 namespace {
 
-// --- Ending early --------------------------------------------------------------------------------
+// --- Ending early
 
 class EndingTest : public FetchTest {
  protected:
@@ -140,7 +140,7 @@ TEST_F(EndingTest, ACloneHasTheRowsThatCameBeforeAndThoseThatFollow) {
   EXPECT_EQ(clone->RecordCount(), 10'000);
 }
 
-// --- Handlers ------------------------------------------------------------------------------------
+// --- Handlers
 
 TEST_F(FetchTest, AHandlerMayCloseItsRowset) {
   books_->AddNumbers("t", 10'000);

@@ -15,7 +15,7 @@
 namespace pstolvane1 {
 namespace {
 
-// --- At once -------------------------------------------------------------------------------------
+// --- At once
 
 TEST_F(FetchTest, AQueryIsOpenedWithAllItsRows) {
   books_->Add("t", "id:int name:text:20\n 1 Bolt\n 2 (null)\n");
@@ -122,7 +122,7 @@ TEST_F(FetchTest, TablesThatChangedBehindTheConnectionAreRefused) {
             "connect again");
 }
 
-// --- Beside the thread ---------------------------------------------------------------------------
+// --- Beside the thread
 
 TEST_F(FetchTest, TheFirstRowComesAloneAndTheRestInWholeChunks) {
   books_->AddNumbers("t", 10'000);
@@ -289,7 +289,6 @@ TEST_F(FetchTest, AHostWithALoopOfItsOwnWaitsOnTheDescriptor) {
 }
 
 // --- Shape commands beside the thread
-// -------------------------------------------------------------
 
 TEST_F(FetchTest, ParentsAreNeverSeenHalfJoined) {
   books_->AddNumbers("p", 6'000);
@@ -339,7 +338,7 @@ TEST_F(FetchTest, AFailedChapterCompletesWithoutRowsAndNamesTheChapter) {
   EXPECT_EQ(rowset->RecordCount(), 0);
 }
 
-// --- One state of the books ----------------------------------------------------------------------
+// --- One state of the books
 
 class OneStateTest : public FetchTest {
  protected:

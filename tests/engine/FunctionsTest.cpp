@@ -369,7 +369,7 @@ TEST_F(Functions, AnErrorIsOfItsStatementAlone) {
   EXPECT_EQ(Value("pst_div_real(1, 2)"), "real 0.5");
 }
 
-// --- Against slow and plain ways -----------------------------------------------------------------
+// --- Against slow and plain ways
 
 // Rounds the 15 digits that "%.15g" shows, as one does on paper.
 double RoundedOnPaper(double x, int n) {

@@ -204,7 +204,6 @@ TEST(Opening, NamesThatTheEngineWouldReadAsSomethingElseAreFiles) {
 }
 
 // --- Write-ahead books
-// ----------------------------------------------------------------------------
 
 TEST(WriteAheadBooks, AreReadWhileNobodyHasThemOpen) {
   const TestBooks books(std::string("PRAGMA journal_mode = WAL;") + kItems);

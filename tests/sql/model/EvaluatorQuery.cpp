@@ -97,8 +97,6 @@ const Table& Evaluator::TableOf(const Name& name) const {
   throw std::logic_error("model: no table " + name.text);
 }
 
-// --- Columns ----------------------------------------------------------------------------------
-
 std::vector<Column> Evaluator::ColumnsOf(const TableRef& ref, const Frame* outer) {
   std::vector<Column> columns;
   if (const auto* named = ref.As<NamedTable>()) {
@@ -160,8 +158,6 @@ std::vector<Column> Evaluator::ColumnsOf(const Query& query, const Frame* outer)
   return columns;
 }
 
-// --- FROM -------------------------------------------------------------------------------------
-
 Relation Evaluator::Rows(const TableRef& ref, const Frame* outer) {
   if (const auto* join = ref.As<Join>()) return Joined(*join, outer);
   const auto* derived = ref.As<DerivedTable>();
@@ -211,8 +207,6 @@ Relation Evaluator::RowsOfFrom(const Select& select, const Frame* outer) {
   }
   return all;
 }
-
-// --- SELECT -----------------------------------------------------------------------------------
 
 Evaluator::Keyed Evaluator::Selected(const Select& select, const std::vector<OrderItem>& order,
                                      const Frame& frame) {
@@ -312,8 +306,6 @@ Relation Evaluator::Rows(const Select& select, const std::vector<OrderItem>& ord
   for (Keyed& one : selected) result.rows.push_back(std::move(one.row));
   return result;
 }
-
-// --- UNION ------------------------------------------------------------------------------------
 
 Relation Evaluator::Unioned(const Query& query, const Frame* outer) {
   Relation all{ColumnsOf(query, outer), {}};

@@ -142,7 +142,7 @@ std::pair<const Evaluator::Frame*, std::size_t> Evaluator::Find(const ColumnRef&
   throw std::logic_error("model: no column " + column.table.text + "." + column.column.text);
 }
 
-// --- Kinds ------------------------------------------------------------------------------------
+// --- Kinds
 
 Kind Evaluator::KindOf(const Expr& expression, const Frame& frame) {
   std::optional<Kind>& known = kinds_.at(expression.id);
@@ -206,7 +206,7 @@ Kind Evaluator::KindOfPart(const Call& call, const Kind& text) {
   return part;
 }
 
-// --- Values -----------------------------------------------------------------------------------
+// --- Values
 
 Value Evaluator::ValueAs(const Expr& expression, const Kind& kind, const Frame& frame) {
   return Convert(ValueOf(expression, frame), KindOf(expression, frame), kind);
@@ -298,7 +298,7 @@ Value Evaluator::ValueOfCall(const Call& call, const Frame& frame) {
   return TextFunction(name, first.text, arguments);
 }
 
-// --- Aggregates -------------------------------------------------------------------------------
+// --- Aggregates
 
 // Null does not count; nothing at all gives Null, or 0 for COUNT.
 Value Evaluator::ValueOfAggregate(const Call& call, const Frame& frame) {

@@ -1,0 +1,179 @@
+#include "host/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+
+#include "host/BooksCommands.h"
+#include "host/Output.h"
+#include "host/ReportsCommand.h"
+#include "host/RunCommand.h"
+#include "host/SqlCommand.h"
+#include "host/WrongCall.h"
+#include "session/books/SampleBooks.h"
+#include "session/data/Error.h"
+
+namespace pstolvane1::host {
+namespace {
+
+constexpr int kSuccess = 0;
+constexpr int kFailure = 1;
+constexpr int kWrongCall = 2;
+
+struct BooksOptions {
+  std::string path;
+  std::string folder;
+  std::int64_t movements = books::kFewestMovements;
+  std::uint64_t seed = 1;
+};
+
+// The options that the line is read into, and what it asks for.
+struct Typed {
+  BooksOptions books;
+  SqlOptions sql;
+  RunOptions run;
+  bool reports_as_json = false;
+  std::function<int()> command;
+};
+
+void AddOutput(CLI::App& command, OutputOptions& output) {
+  static const std::map<std::string, Format> kFormats = {{"table", Format::kTable},
+                                                         {"csv", Format::kCsv},
+                                                         {"json", Format::kJson},
+                                                         {"html", Format::kHtml},
+                                                         {"xlsx", Format::kXlsx}};
+  command.add_option("--format", output.format, "table, csv, json, html or xlsx")
+      ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case))
+      ->option_text("FORMAT");
+  command.add_option("--out", output.path, "write into this file")->option_text("PATH");
+  command.add_option("--locale", output.locale, "locale of the texts, as en_IN")
+      ->option_text("LOCALE");
+}
+
+void AddBooks(CLI::App& app, Typed& typed) {
+  CLI::App* books = app.add_subcommand("books", "Make, fill and check books");
+  books->require_subcommand(1);
+
+  CLI::App* create = books->add_subcommand("create", "Empty books with the reference schema");
+  create->add_option("FILE", typed.books.path, "the new file")->required();
+  create->callback([&typed] {
+    typed.command = [&books = typed.books] { return CreateBooksFile(books.path), kSuccess; };
+  });
+
+  CLI::App* sample = books->add_subcommand("sample", "Invented books of a vehicle dealer");
+  sample->add_option("FILE", typed.books.path, "the new file")->required();
+  sample->add_option("--movements", typed.books.movements, "stock movements")
+      ->check(CLI::Range(books::kFewestMovements, books::kMostMovements))
+      ->option_text("N");
+  sample->add_option("--seed", typed.books.seed, "other books for another number")
+      ->option_text("S");
+  sample->callback([&typed] {
+    typed.command = [&books = typed.books] {
+      return SampleBooksFile(books.path, books.movements, books.seed), kSuccess;
+    };
+  });
+
+  CLI::App* import = books->add_subcommand("import", "Read TABLE.csv files, all or nothing");
+  import->add_option("FILE", typed.books.path, "the books; made where there are none")->required();
+  import->add_option("DIR", typed.books.folder, "the folder of the files")->required();
+  import->callback([&typed] {
+    typed.command = [&books = typed.books] {
+      return ImportBooksFile(books.path, books.folder), kSuccess;
+};
+}  // namespace
+);
+
+CLI::App* check = books->add_subcommand("check", "What is missing or odd");
+check->add_option("CONNECTION", typed.books.path, "the books")->required();
+check->callback([&typed] {
+  typed.command = [&books = typed.books] { return CheckBooksAt(books.path) ? kSuccess : kFailure; };
+});
+}  // namespace pstolvane1::host
+
+void AddSql(CLI::App& app, Typed& typed) {
+  SqlOptions& options = typed.sql;
+  CLI::App* sql = app.add_subcommand("sql", "One SELECT of the reports' dialect on any database");
+  sql->add_option("--books", options.books, "the database")->required()->option_text("CONNECTION");
+  sql->add_option("TEXT", options.text, "the SELECT")->required();
+  sql->add_flag("--translate", options.translate, "print the engine's text, do not run it");
+  AddOutput(*sql, options.output);
+  sql->callback([&typed] { typed.command = [&typed] { return Sql(typed.sql), kSuccess; }; });
+}
+
+void AddReports(CLI::App& app, Typed& typed) {
+  CLI::App* reports = app.add_subcommand("reports", "Every operation with its arguments");
+  reports->add_flag("--json", typed.reports_as_json, "as JSON, with types and defaults");
+  reports->callback([&typed] {
+    typed.command = [&typed] { return ListReports(typed.reports_as_json), kSuccess; };
+  });
+}
+
+void AddRun(CLI::App& app, Typed& typed) {
+  RunOptions& options = typed.run;
+  CLI::App* run = app.add_subcommand("run", "One report");
+  run->add_option("OPERATION", options.operation, "as \"stolvane reports\" lists it")->required();
+  run->add_option("ARGUMENTS", options.arguments, "the operation's own, as NAME=VALUE")
+      ->option_text("NAME=VALUE ...");
+  run->add_option("--books", options.books, "the books")->required()->option_text("CONNECTION");
+  run->add_flag("--async", options.asynchronous, "fetch in the background");
+  run->add_option("--alias", options.aliases, "what is shown in place of a name, as taItem=EXPR")
+      ->expected(1)
+      ->option_text("NAME=EXPR");
+  run->add_option("--filter", options.filters, "an argument of SetFilter")
+      ->expected(1)
+      ->option_text("NAME=VALUE");
+  run->add_option("--rowset", options.rowsets, "a rowset argument, from the same books")
+      ->expected(1)
+      ->option_text("NAME=SELECT");
+  run->add_flag("--cancel", options.cancel, "set CancelFetching before the call");
+  run->add_flag("--events", options.events, "with json: the events in order");
+  run->add_option("--books-from", options.books_from, "first day of the books")
+      ->option_text("DATE");
+  run->add_option("--books-to", options.books_to, "last day of the books")->option_text("DATE");
+  AddOutput(*run, options.output);
+  run->callback([&typed] { typed.command = [&typed] { return Run(typed.run), kSuccess; }; });
+}
+
+void Tell(const Error& error) {
+  std::cerr << "stolvane: error " << static_cast<int>(error.Number()) << ": "
+            << error.Description();
+  if (!error.Cause().empty()) std::cerr << ": " << error.Cause();
+  std::cerr << '\n';
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN);  // a pager or a pipe that closes early is no failure
+  CLI::App app("Finished stock and sales reports from the books of a company", "stolvane");
+  app.require_subcommand(1);
+  app.set_version_flag("--version", PST_VERSION);
+  Typed typed;
+  AddBooks(app, typed);
+  AddSql(app, typed);
+  AddReports(app, typed);
+  AddRun(app, typed);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kSuccess : kWrongCall;
+  }
+  try {
+    return typed.command();
+  } catch (const WrongCall& error) {
+    std::cerr << "stolvane: " << error.what() << '\n';
+    return kWrongCall;
+  } catch (const Error& error) {
+    Tell(error);
+  } catch (const std::exception& error) {
+    std::cerr << "stolvane: " << error.what() << '\n';
+  }
+  return kFailure;
+}
+
+}  // namespace pstolvane1::host
