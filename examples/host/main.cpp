@@ -7,7 +7,7 @@ int main(int argc, char** argv) try {
   clsStolvane1 session;
   session.SetConnection("", "", argc > 1 ? argv[1] : "books/sample.db", False);
   const RecordsetPtr sales =
-      session.Doc_Initial(1, 10, Date::FromYmd(2004, 4, 1), Date::FromYmd(2005, 3, 31));
+      session.Doc_Initial(2, 10, Date::FromYmd(2004, 4, 1), Date::FromYmd(2005, 3, 31));
   for (const Recordset::Row row : sales->Rows()) {
     std::cout << row["Ledger"].ToText() << '\t' << row["Amount"].ToText() << '\n';
   }
