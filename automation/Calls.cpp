@@ -54,6 +54,10 @@ constexpr Built kBuilt[] = {
     Member<&clsStolvane1::Doc_Initial>("Doc_Initial"),
     Member<&clsStolvane1::LedgersByCode>("LedgersByCode"),
     Member<&clsStolvane1::MultiplePriceList>("MultiplePriceList"),
+    Member<&clsStolvane1::StockDetails_Itemwise>("StockDetails_Itemwise"),
+    Member<&clsStolvane1::StockDetails_Categorywise>("StockDetails_Categorywise"),
+    Member<&clsStolvane1::StockDetails_Classwise>("StockDetails_Classwise"),
+    Member<&clsStolvane1::StockDetails_Godownwise>("StockDetails_Godownwise"),
 };
 
 const Built* FindBuilt(const Operation& operation) {

@@ -31,4 +31,21 @@ void ForEachSourceRow(ReportFrame& frame, Recordset& source, WriteRow&& write_ro
   }
 }
 
+// The same for rows that are not read by moving, such as those of a group; the caller has set
+// lngFetchTotal.
+template <typename Rows, typename WriteRow>
+void ForEachRow(ReportFrame& frame, const Rows& rows, WriteRow&& write_row,
+                std::int32_t lngRange = 60) {
+  std::int32_t number = 0;
+  for (const Recordset::Row row : rows) {
+    ++number;
+    try {
+      write_row(row);
+    } catch (const Error& error) {
+      throw WhileWritingRow(error, frame, number);
+    }
+    if (!frame.EndPass(lngRange)) return;
+  }
+}
+
 }  // namespace pstolvane1

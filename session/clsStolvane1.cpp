@@ -9,6 +9,7 @@
 #include "session/ReportFrame.h"
 #include "session/ReportTable.h"
 #include "session/engine/Engines.h"
+#include "stock/StockDetails.h"
 
 namespace pstolvane1 {
 namespace {
@@ -88,6 +89,94 @@ RecordsetPtr clsStolvane1::MultiplePriceList(std::uint8_t /*bytYearno*/, Date /*
   const FramePtr frame = frame_;
   return pstolvane1::MultiplePriceList(*frame, lngCategory_Id, lngClass_Id, blnReport, itemstate,
                                        cosiderforsih);
+}
+
+RecordsetPtr clsStolvane1::StockDetails_Itemwise(
+    std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, enmValuationMethod ValuationMethod,
+    std::int32_t lngAny_Id1, std::int32_t /*lngAny_Id2*/, Boolean blnReport, Boolean blnDetailed,
+    Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
+    Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
+    std::string_view strItemstate) {
+  const FramePtr frame = frame_;
+  return StockDetails(*frame,
+                      {.tree = StockTree::kItem,
+                       .bytYearno = bytYearno,
+                       .dtFromDate = dtFromDate,
+                       .dtToDate = dtToDate,
+                       .ValuationMethod = ValuationMethod,
+                       .lngAny_Id1 = lngAny_Id1,
+                       .blnReport = blnReport,
+                       .blnDetailed = blnDetailed.IsSet(),
+                       .blnAltUom = blnAltUom.IsSet(),
+                       .sngScale = sngScale,
+                       .blnOnlyItems = blnOnlyItems.IsSet()},
+                      strConsiderForSih, strItemstate);
+}
+
+RecordsetPtr clsStolvane1::StockDetails_Categorywise(
+    std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, enmValuationMethod ValuationMethod,
+    std::int32_t lngAny_Id1, std::int32_t /*lngAny_Id2*/, Boolean blnReport, Boolean blnDetailed,
+    Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
+    Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
+    std::string_view strItemstate) {
+  const FramePtr frame = frame_;
+  return StockDetails(*frame,
+                      {.tree = StockTree::kCategory,
+                       .bytYearno = bytYearno,
+                       .dtFromDate = dtFromDate,
+                       .dtToDate = dtToDate,
+                       .ValuationMethod = ValuationMethod,
+                       .lngAny_Id1 = lngAny_Id1,
+                       .blnReport = blnReport,
+                       .blnDetailed = blnDetailed.IsSet(),
+                       .blnAltUom = blnAltUom.IsSet(),
+                       .sngScale = sngScale,
+                       .blnOnlyItems = blnOnlyItems.IsSet()},
+                      strConsiderForSih, strItemstate);
+}
+
+RecordsetPtr clsStolvane1::StockDetails_Classwise(
+    std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, enmValuationMethod ValuationMethod,
+    std::int32_t lngAny_Id1, std::int32_t /*lngAny_Id2*/, Boolean blnReport, Boolean blnDetailed,
+    Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
+    Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
+    std::string_view strItemstate) {
+  const FramePtr frame = frame_;
+  return StockDetails(*frame,
+                      {.tree = StockTree::kClass,
+                       .bytYearno = bytYearno,
+                       .dtFromDate = dtFromDate,
+                       .dtToDate = dtToDate,
+                       .ValuationMethod = ValuationMethod,
+                       .lngAny_Id1 = lngAny_Id1,
+                       .blnReport = blnReport,
+                       .blnDetailed = blnDetailed.IsSet(),
+                       .blnAltUom = blnAltUom.IsSet(),
+                       .sngScale = sngScale,
+                       .blnOnlyItems = blnOnlyItems.IsSet()},
+                      strConsiderForSih, strItemstate);
+}
+
+RecordsetPtr clsStolvane1::StockDetails_Godownwise(
+    std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, enmValuationMethod ValuationMethod,
+    std::int32_t lngAny_Id1, std::int32_t /*lngAny_Id2*/, Boolean blnReport, Boolean blnDetailed,
+    Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
+    Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
+    std::string_view strItemstate) {
+  const FramePtr frame = frame_;
+  return StockDetails(*frame,
+                      {.tree = StockTree::kGodown,
+                       .bytYearno = bytYearno,
+                       .dtFromDate = dtFromDate,
+                       .dtToDate = dtToDate,
+                       .ValuationMethod = ValuationMethod,
+                       .lngAny_Id1 = lngAny_Id1,
+                       .blnReport = blnReport,
+                       .blnDetailed = blnDetailed.IsSet(),
+                       .blnAltUom = blnAltUom.IsSet(),
+                       .sngScale = sngScale,
+                       .blnOnlyItems = blnOnlyItems.IsSet()},
+                      strConsiderForSih, strItemstate);
 }
 
 }  // namespace pstolvane1

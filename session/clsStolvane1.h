@@ -112,6 +112,51 @@ class clsStolvane1 : public clsStolvane1Events {
                                  std::string_view itemstate = {},
                                  std::string_view cosiderforsih = {});
 
+  // Stock over a period of one year of the books: opening, inwards, outwards and closing with
+  // quantity, rate and value, consumption and gross profit, valued by ValuationMethod; see
+  // docs/valuation.md. Rows of all years up to bytYearno are read. With blnDetailed an item has a
+  // line for each godown and batch as well. blnAltUom fills the alternate unit's columns (error 11
+  // where an item's RelationFormula is 0). sngScale divides displayed money, not rates; 0 is error
+  // 11. strConsiderForSih is a condition on items, strItemstate item states with commas between.
+  // CurrentRate and what is no method return nullptr, and nothing happens. lngAny_Id1, lngAny_Id2,
+  // blnOnlyItems and the three show flags are not used here.
+  RecordsetPtr StockDetails_Itemwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                     enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                     std::int32_t lngAny_Id2, Boolean blnReport,
+                                     Boolean blnDetailed, Boolean blnAltUom, float sngScale,
+                                     Boolean blnOnlyItems, Boolean blnShowOpening,
+                                     Boolean blnShowInwards, Boolean blnShowOutwards,
+                                     std::string_view strConsiderForSih = {},
+                                     std::string_view strItemstate = {});
+  // The same under the tree of item categories: a line for each group with the sums of its own
+  // stock, level by level. lngAny_Id1 is the group whose tree is listed, -1 for all groups; with
+  // blnOnlyItems it is listed alone. With blnDetailed or blnOnlyItems the items stand below their
+  // group. A tree that runs in a circle is error 3001.
+  RecordsetPtr StockDetails_Categorywise(
+      std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, enmValuationMethod ValuationMethod,
+      std::int32_t lngAny_Id1, std::int32_t lngAny_Id2, Boolean blnReport, Boolean blnDetailed,
+      Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean blnShowOpening,
+      Boolean blnShowInwards, Boolean blnShowOutwards, std::string_view strConsiderForSih = {},
+      std::string_view strItemstate = {});
+  // Under the tree of item classes.
+  RecordsetPtr StockDetails_Classwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                      enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                      std::int32_t lngAny_Id2, Boolean blnReport,
+                                      Boolean blnDetailed, Boolean blnAltUom, float sngScale,
+                                      Boolean blnOnlyItems, Boolean blnShowOpening,
+                                      Boolean blnShowInwards, Boolean blnShowOutwards,
+                                      std::string_view strConsiderForSih = {},
+                                      std::string_view strItemstate = {});
+  // Under the tree of godowns. SimpleAvg is AverageRate here.
+  RecordsetPtr StockDetails_Godownwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                       enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                       std::int32_t lngAny_Id2, Boolean blnReport,
+                                       Boolean blnDetailed, Boolean blnAltUom, float sngScale,
+                                       Boolean blnOnlyItems, Boolean blnShowOpening,
+                                       Boolean blnShowInwards, Boolean blnShowOutwards,
+                                       std::string_view strConsiderForSih = {},
+                                       std::string_view strItemstate = {});
+
  private:
   std::shared_ptr<class ReportFrame> frame_;
 };

@@ -33,6 +33,8 @@ struct modStolvane1 {
   std::uint8_t bytFetchesDone = 0;  // source rowsets that have completed their fetch
   bool blnShowOpening = false, blnShowInwards = false, blnShowOutwards = false;
   bool blnAltUom = false;
+  std::int32_t lngAny_Id1 = 0;  // the group whose tree is listed
+  bool blnOnlyItems = false;    // the named group alone
   enmValuationMethod ValuationMethod{};
   std::string strCurrencyPrefix, strCurrencySuffix;
   DocumentFilter filter;  // SetFilter's values

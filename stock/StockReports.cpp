@@ -1,5 +1,10 @@
 #include "stock/StockReports.h"
 
+#include "stock/Average.h"
+#include "stock/FifoLifo.h"
+#include "stock/HuntedRate.h"
+#include "stock/SimpleAverage.h"
+
 namespace pstolvane1 {
 namespace {
 
@@ -13,28 +18,32 @@ constexpr ReportRow Yearly(ReportType first, ReportType last) {
 
 std::span<const ReportRow> StockReports() {
   static constexpr ReportRow kRows[] = {
-      Row(rtStockDetails_Itemwise_WithAvg, 2),
-      Rows(rtStockDetails_Categorywise_WithAvg, rtStockDetails_Godownwise_WithAvg, 3),
-      Row(rtStockDetails_Itemwise_WithFifoLifo, 2),
-      Rows(rtStockDetails_Categorywise_WithFifoLifo, rtStockDetails_Godownwise_WithFifoLifo, 2),
-      Row(rtStockDetails_Itemwise_WithLastPurchase, 3),
+      Row(rtStockDetails_Itemwise_WithAvg, 2, &mStock_Avg),
+      Rows(rtStockDetails_Categorywise_WithAvg, rtStockDetails_Godownwise_WithAvg, 3,
+           &mStockGroup_Avg),
+      Row(rtStockDetails_Itemwise_WithFifoLifo, 2, &mStock_FifoLifo),
+      Rows(rtStockDetails_Categorywise_WithFifoLifo, rtStockDetails_Godownwise_WithFifoLifo, 2,
+           &mStockGroup_FifoLifo),
+      Row(rtStockDetails_Itemwise_WithLastPurchase, 3, mStock_LastPurchase),
       Rows(rtStockDetails_Categorywise_WithLastPurchase, rtStockDetails_Godownwise_WithLastPurchase,
-           4),
-      Row(rtStockDetails_Itemwise_WithLastSale, 3),
-      Rows(rtStockDetails_Categorywise_WithLastSale, rtStockDetails_Godownwise_WithLastSale, 4),
+           4, mStockGroup_LastPurchase),
+      Row(rtStockDetails_Itemwise_WithLastSale, 3, mStock_LastSale),
+      Rows(rtStockDetails_Categorywise_WithLastSale, rtStockDetails_Godownwise_WithLastSale, 4,
+           mStockGroup_LastSale),
       Yearly(rtStockDetails_Categorywise_WithAvg_Yearly, rtStockDetails_Godownwise_WithAvg_Yearly),
       Yearly(rtStockDetails_Categorywise_WithLastPurchase_Yearly,
              rtStockDetails_Godownwise_WithLastPurchase_Yearly),
       Yearly(rtStockDetails_Categorywise_WithLastSale_Yearly,
              rtStockDetails_Godownwise_WithLastSale_Yearly),
-      Row(rtStockDetails_Itemwise_WithStandardCost, 3),
+      Row(rtStockDetails_Itemwise_WithStandardCost, 3, mStock_StdCost),
       Rows(rtStockDetails_Categorywise_WithStandardCost, rtStockDetails_Godownwise_WithStandardCost,
-           4),
-      Row(rtStockDetails_Itemwise_WithStandardPrice, 3),
+           4, mStockGroup_StdCost),
+      Row(rtStockDetails_Itemwise_WithStandardPrice, 3, mStock_StdPrice),
       Rows(rtStockDetails_Categorywise_WithStandardPrice,
-           rtStockDetails_Godownwise_WithStandardPrice, 4),
-      Row(rtStockDetails_Itemwise_WithSimpleAvg, 2),
-      Rows(rtStockDetails_Categorywise_WithSimpleAvg, rtStockDetails_Classwise_WithSimpleAvg, 3),
+           rtStockDetails_Godownwise_WithStandardPrice, 4, mStockGroup_StdPrice),
+      Row(rtStockDetails_Itemwise_WithSimpleAvg, 2, &mStock_SimpleAvg),
+      Rows(rtStockDetails_Categorywise_WithSimpleAvg, rtStockDetails_Classwise_WithSimpleAvg, 3,
+           &mStockGroup_SimpleAvg),
   };
   return kRows;
 }

@@ -45,6 +45,12 @@ void ReportWriter::AddSubLine() {
   for (std::size_t i = 0; i < twins_.size(); ++i) rowset_->Set(twins_[i], values[i]);
 }
 
+void ReportWriter::ReturnTo(Bookmark line) {
+  EndLine();
+  rowset_->Bookmark(line);
+  in_line_ = true;
+}
+
 void ReportWriter::EndLine() {
   if (in_line_) rowset_->Update();
   in_line_ = false;

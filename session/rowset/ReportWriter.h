@@ -27,6 +27,13 @@ class ReportWriter {
   // Begins such a line below the line before, with all of its twins, so that a sort keeps them
   // together.
   void AddSubLine();
+  // Leaves out the next DummySort.
+  void SkipNumber() { ++dummy_sort_value_; }
+  // The line in hand, for ReturnTo.
+  [[nodiscard]] Bookmark Line() const { return rowset_->Bookmark(); }
+  // Takes an earlier line in hand again, as the head of a block does whose sums are known at its
+  // end. The next line begins behind the last one all the same.
+  void ReturnTo(Bookmark line);
   // Ends the line; beginning another one and Finish do so as well.
   void EndLine();
 

@@ -1,0 +1,26 @@
+// Stock at a weighted average that is carried over the years.
+#pragma once
+
+#include <string>
+
+#include "session/ReportFrame.h"
+#include "stock/StockArguments.h"
+
+namespace pstolvane1 {
+
+// One row an item, godown, batch and year, ordered by item name, item, godown, batch and year:
+// names and units; QTYBAL, AVGRATE, TOTALVALUE at the end of the period, QTYOP, RATEOP, VALUEOP at
+// the day before it, what enters the average up to both days (qtyinforcalculation,
+// totalvalueinforcalculation and the same with "op" behind), and QTYIN, RATEIN, VALUEIN, QTYOUT,
+// RATEOUT, VALUEOUT of the period. Under a tree also ItemCategory_Id. Not normalised.
+[[nodiscard]] std::string ComposeAverage(const StockArguments& arguments,
+                                         const DocumentFilter& filter);
+
+[[nodiscard]] RecordsetPtr StockDetails_Item_Avg(ReportFrame& frame,
+                                                 const StockArguments& arguments);
+[[nodiscard]] RecordsetPtr StockDetails_Group_Avg(ReportFrame& frame,
+                                                  const StockArguments& arguments);
+[[nodiscard]] RecordsetPtr mStock_Avg(ReportFrame& frame);
+[[nodiscard]] RecordsetPtr mStockGroup_Avg(ReportFrame& frame);
+
+}  // namespace pstolvane1

@@ -1,0 +1,172 @@
+#include "stock/AverageYears.h"
+
+#include <optional>
+
+#include "stock/AverageColumns.h"
+#include "stock/AverageFold.h"
+#include "stock/RateRows.h"
+#include "stock/StockRows.h"
+
+namespace pstolvane1 {
+namespace {
+
+constexpr std::string_view kGroupId = "ItemCategory_Id";
+
+// The columns of the folded rows that are carried over as they stand.
+constexpr std::string_view kTexts[] = {"Itemname", "Godown", "BatchCode", "Uom", "AltUom"};
+constexpr std::string_view kKeys[] = {"Item_Id", "Godown_Id", "Batch_Id"};
+
+RecordsetPtr NewFoldedRows(bool with_group) {
+  RecordsetPtr rows = Recordset::New();
+  const auto append = [&](std::string_view name, DataType type) {
+    rows->Fields().Append(name, type, 0, adFldIsNullable);
+  };
+  for (const std::string_view name : kTexts) append(name, adBSTR);
+  append("MaintainBatches", adBoolean);
+  append("RelFormula", adSingle);
+  for (const std::string_view name : kKeys) append(name, adBigInt);
+  if (with_group) append(kGroupId, adBigInt);
+  for (const std::string_view name : {"QtyBal", "QtyOp", "QtyIn", "QtyOut"}) append(name, adSingle);
+  for (const std::string_view name :
+       {"AvgRate", "TotalValue", "RateOP", "ValueOp", "RateIn", "ValueIn", "RateOut", "ValueOut"}) {
+    append(name, adCurrency);
+  }
+  rows->Open();
+  return rows;
+}
+
+// A column of the source and the one of the folded rows that takes its values.
+struct Carried {
+  ColumnHandle from, to;
+};
+
+class YearFolding {
+ public:
+  YearFolding(ReportFrame& frame, const RecordsetPtr& source)
+      : source_(source),
+        standards_(*frame.Rowset(Source::Rs1)),
+        from_(DayOf(frame.module.dtFromDate)),
+        to_(DayOf(frame.module.dtToDate)),
+        folded_(NewFoldedRows(source->HasColumn(kGroupId))),
+        figures_(*source),
+        year_(source->Column("YearNo")),
+        entering_(source->Column("QtyInForCalculation")),
+        entering_value_(source->Column("TotalValueInForCalculation")),
+        entering_op_(source->Column("QtyInForCalculationOp")),
+        entering_value_op_(source->Column("TotalValueInForCalculationOp")),
+        to_figures_(*folded_) {
+    for (const std::string_view name : kKeys) key_.push_back(Both(name));
+    for (const std::string_view name : kTexts) carried_.push_back(Both(name));
+    for (const std::string_view name : {"MaintainBatches", "RelFormula"}) {
+      carried_.push_back(Both(name));
+    }
+    carried_.insert(carried_.end(), key_.begin(), key_.end());
+    if (source->HasColumn(kGroupId)) carried_.push_back(Both(kGroupId));
+    for (const std::string_view name :
+         {"QtyIn", "RateIn", "ValueIn", "QtyOut", "RateOut", "ValueOut"}) {
+      period_.push_back(Both(name));
+    }
+  }
+
+  RecordsetPtr Fold() {
+    std::optional<Recordset::Row> last;
+    for (const Recordset::Row row : source_->Rows()) {
+      if (last && SameKey(*last, row)) {
+        AddYear(row);
+      } else {
+        EndKey();
+        BeginKey(row);
+      }
+      last = row;
+    }
+    EndKey();
+    if (last) folded_->MoveFirst();
+    return folded_;
+  }
+
+ private:
+  [[nodiscard]] Carried Both(std::string_view name) const {
+    return {source_->Column(name), folded_->Column(name)};
+  }
+  [[nodiscard]] bool SameKey(const Recordset::Row& a, const Recordset::Row& b) const {
+    for (const Carried& part : key_) {
+      if (a.Int64(part.from) != b.Int64(part.from)) return false;
+    }
+    return true;
+  }
+
+  void BeginKey(const Recordset::Row& row) {
+    folded_->AddNew();
+    Carry(carried_, row);
+    Carry(period_, row);
+    StockFigures year = figures_.Read(row);
+    if (row.Single(entering_) == 0) ValueUnpriced(row, year);
+    opening_.emplace(year.opening, AverageBase::kSumsAllYears);
+    closing_.emplace(year.closing, AverageBase::kRestartsEachYear);
+  }
+
+  // What has stock and no value takes the last standard cost that was in force by then.
+  void ValueUnpriced(const Recordset::Row& row, StockFigures& year) {
+    const std::span<const StandardRate> rates = standards_.Of(row.Int64(key_[0].from));
+    const std::int32_t year_no = row.Int32(year_);
+    const auto value = [&](StockFigure& figure, auto&& started) {
+      if (figure.value != Currency() || figure.quantity == 0) return;
+      const StandardRate* found = LastRate(
+          rates, [&](const StandardRate& rate) { return rate.year <= year_no && started(rate); });
+      if (found) figure.value = ValueAt(static_cast<double>(figure.quantity), found->rate);
+    };
+    value(year.opening, [this](const StandardRate& rate) { return rate.from < from_; });
+    value(year.closing, [this](const StandardRate& rate) { return rate.from <= to_; });
+  }
+
+  void AddYear(const Recordset::Row& row) {
+    const StockFigures year = figures_.Read(row);
+    closing_->AddYear({.quantity = year.closing.quantity,
+                       .value = year.closing.value,
+                       .entering_quantity = row.Single(entering_),
+                       .entering_value = row.Money(entering_value_)});
+    opening_->AddYear({.quantity = year.opening.quantity,
+                       .value = year.opening.value,
+                       .entering_quantity = row.Single(entering_op_),
+                       .entering_value = row.Money(entering_value_op_)});
+    Carry(period_, row);  // only the last year's stands
+  }
+
+  void EndKey() {
+    if (!closing_) return;
+    WritePosition(closing_->Position(), to_figures_.qtybal, to_figures_.total_value, "AvgRate");
+    WritePosition(opening_->Position(), to_figures_.qtyop, to_figures_.value_op, "RateOp");
+    folded_->Update();
+  }
+
+  void WritePosition(const StockFigure& position, ColumnHandle quantity, ColumnHandle value,
+                     std::string_view rate) {
+    folded_->Set(quantity, position.quantity);
+    folded_->Set(value, position.value);
+    if (position.quantity != 0) {
+      folded_->Set(folded_->Column(rate), Currency::FromDouble(RateOf(position)));
+    }
+  }
+
+  void Carry(const std::vector<Carried>& columns, const Recordset::Row& row) {
+    for (const Carried& column : columns) folded_->Set(column.to, row[column.from]);
+  }
+
+  RecordsetPtr source_;
+  StandardRateRows standards_;
+  Date from_, to_;
+  RecordsetPtr folded_;
+  AverageColumns figures_;
+  ColumnHandle year_, entering_, entering_value_, entering_op_, entering_value_op_;
+  AverageColumns to_figures_;
+  std::vector<Carried> key_, carried_, period_;
+  std::optional<AverageFold> opening_, closing_;
+};
+
+}  // namespace
+
+RecordsetPtr mStock_MergeYears(ReportFrame& frame) {
+  return YearFolding(frame, frame.Rowset(Source::rsReport)).Fold();
+}
+
+}  // namespace pstolvane1

@@ -1,0 +1,115 @@
+#include "stock/FifoLifo.h"
+
+#include <algorithm>
+
+#include "session/Launch.h"
+#include "stock/GroupStatement.h"
+#include "stock/ItemStatement.h"
+#include "stock/Layers.h"
+#include "stock/StockQueries.h"
+
+namespace pstolvane1 {
+namespace {
+
+constexpr std::int32_t kPeriodBook = 2;
+
+// The lines, sales and years of one stock key at a time.
+class Layers {
+ public:
+  Layers(const Recordset& keys, enmValuationMethod method)
+      : lines_(keys.Column("CHPTRANS")),
+        sales_(keys.Column("CHPSALES")),
+        years_(keys.Column("CHPYEARLYAVG")),
+        method_(method) {}
+
+  StockFigures Value(const Recordset::Row& key) {
+    ReadLines(*key.Chapter(lines_));
+    const LayerSales sales = ReadSales(*key.Chapter(sales_));
+    return WalkLayers(read_lines_, sales, method_, [&] { return ReadYears(*key.Chapter(years_)); });
+  }
+
+ private:
+  void ReadLines(const Recordset& chapter) {
+    const ColumnHandle in = chapter.Column("QTYIN"), out = chapter.Column("QTYOUT");
+    const ColumnHandle value_in = chapter.Column("VALUEIN"), value_out = chapter.Column("VALUEOUT");
+    const ColumnHandle rate = chapter.Column("RATE"), book = chapter.Column("BOOK_ID");
+    read_lines_.clear();
+    for (const Recordset::Row line : chapter.Rows()) {
+      read_lines_.push_back({.in = line.Single(in),
+                             .out = line.Single(out),
+                             .value_in = line.Money(value_in),
+                             .value_out = line.Money(value_out),
+                             .rate = line.Double(rate),
+                             .in_period = line.Int32(book) == kPeriodBook});
+    }
+  }
+
+  // A key without sales has no row.
+  static LayerSales ReadSales(const Recordset& chapter) {
+    if (chapter.Eof()) return {};
+    return {.before = chapter.Single(chapter.Column("TOTALSALESBEFOREDATE")),
+            .within = chapter.Single(chapter.Column("TOTALSALESBETWEENDATE"))};
+  }
+
+  std::span<const LayerYear> ReadYears(Recordset& chapter) {
+    chapter.Sort("YearNo, Book_Id");
+    const ColumnHandle in = chapter.Column("QTYIN"), out = chapter.Column("QTYOUT");
+    const ColumnHandle value_in = chapter.Column("VALUEIN"), book = chapter.Column("BOOK_ID");
+    read_years_.clear();
+    for (const Recordset::Row year : chapter.Rows()) {
+      read_years_.push_back({.in = year.Single(in),
+                             .out = year.Single(out),
+                             .value_in = year.Money(value_in),
+                             .in_period = year.Int32(book) == kPeriodBook});
+    }
+    return read_years_;
+  }
+
+  ColumnHandle lines_, sales_, years_;
+  enmValuationMethod method_;
+  std::vector<LayerLine> read_lines_;
+  std::vector<LayerYear> read_years_;
+};
+
+void Compose(ReportFrame& frame, const StockArguments& arguments) {
+  modStolvane1& module = frame.module;
+  module.strSQL =
+      ForTree(frame.Normalise(ComposeFifoLifo(arguments, module.filter)), arguments.tree);
+}
+
+StockRows Rows(ReportFrame& frame) {
+  const RecordsetPtr keys = frame.Rowset(Source::rsReport);
+  const auto layers = std::make_shared<Layers>(*keys, frame.module.ValuationMethod);
+  return {.keys = keys,
+          .value = [layers](const Recordset::Row& key) { return layers->Value(key); },
+          .block_end = BlockEnd::kRuleLine};
+}
+
+}  // namespace
+
+RecordsetPtr StockDetails_Item_FifoLifo(ReportFrame& frame, const StockArguments& arguments) {
+  Compose(frame, arguments);
+  // The row awaits two fetches: the standard costs are opened as well, and not read.
+  frame.module.strSQL2 = frame.Normalise(
+      ComposeStandardRates(StandardRates::kCosts, frame.module.strToDateText, arguments.bytYearno));
+  return Launch(frame, arguments.blnReport, kFetch,
+                {{Source::rsReport, frame.module.strSQL}, {Source::Rs1, frame.module.strSQL2}},
+                &mStock_FifoLifo);
+}
+
+RecordsetPtr StockDetails_Group_FifoLifo(ReportFrame& frame, const StockArguments& arguments) {
+  Compose(frame, arguments);
+  frame.module.strSQL3 = frame.Normalise(ComposeGroupQuery(arguments.tree));
+  return Launch(
+      frame, arguments.blnReport, kFetch,
+      {{Source::rsReport, frame.module.strSQL}, {Source::RsCategory, frame.module.strSQL3}},
+      &mStockGroup_FifoLifo);
+}
+
+RecordsetPtr mStock_FifoLifo(ReportFrame& frame) { return WriteItemStatement(frame, Rows(frame)); }
+
+RecordsetPtr mStockGroup_FifoLifo(ReportFrame& frame) {
+  return WriteGroupStatement(frame, Rows(frame));
+}
+
+}  // namespace pstolvane1

@@ -1,0 +1,119 @@
+#include "stock/GroupStatement.h"
+
+#include "session/RowLoop.h"
+#include "session/data/RowGroups.h"
+#include "stock/GroupTree.h"
+
+namespace pstolvane1 {
+namespace {
+
+constexpr std::string_view kGroupId = "ItemCategory_Id";
+
+std::vector<StockGroup> ReadGroups(const Recordset& source) {
+  const ColumnHandle id = source.Column(kGroupId);
+  const ColumnHandle related_to = source.Column("RelatedTo");
+  const ColumnHandle name = source.Column("Categoryname");
+  std::vector<StockGroup> groups;
+  for (const Recordset::Row row : source.Rows()) {
+    groups.push_back({.id = row.Int64(id),
+                      .related_to = row.IsNull(related_to) ? 0 : row.Int64(related_to),
+                      .name = std::string(row.Text(name))});
+  }
+  return groups;
+}
+
+class GroupStatement {
+ public:
+  GroupStatement(ReportFrame& frame, const StockRows& rows)
+      : frame_(frame),
+        rows_(rows),
+        detailed_(frame.module.blnDetailed),
+        item_lines_(detailed_ || frame.module.blnOnlyItems),
+        keys_(*rows.keys),
+        by_group_(rows.keys->GroupBy({kGroupId})),
+        writer_(frame, false) {}
+
+  RecordsetPtr Write() {
+    const std::vector<StockGroup> groups = ReadGroups(*frame_.Rowset(Source::RsCategory));
+    frame_.lngFetchTotal = rows_.keys->RecordCount();
+    for (const std::size_t place :
+         ListGroups(groups, frame_.module.lngAny_Id1, frame_.module.blnOnlyItems)) {
+      WriteGroup(groups[place]);
+    }
+    writer_.AddRuleLine();
+    writer_.AddTotalLine(totals_);
+    return writer_.Finish();
+  }
+
+ private:
+  void WriteGroup(const StockGroup& group) {
+    Lines().AddNextLine();
+    Lines().Text(Columns().category_name, group.name);
+    Lines().Text(Columns().first, group.name);
+    Lines().Value(Columns().category_id, group.id);
+    const Bookmark head = Lines().Line();
+    sums_ = {};
+    bool has_stock = false;
+    ForEachRow(frame_, by_group_.Find({group.id}), [&](const Recordset::Row& row) {
+      const std::optional<StockFigures> figures = rows_.value(row);
+      if (!figures) return;
+      has_stock = true;
+      if (!in_item_ || keys_.ItemId(row) != item_id_) {
+        CloseItem(group);
+        OpenItem(group, row);
+      }
+      item_sums_ += *figures;
+    });
+    CloseItem(group);
+    if (!has_stock) return;
+    Lines().ReturnTo(head);
+    // The items under a group differ in their units, so that its line has none.
+    writer_.WriteFigures(sums_, nullptr, group.name);
+    totals_ += sums_;
+    if (detailed_) {
+      writer_.WriteRule(Columns().group_line);
+      writer_.AddSpacer();
+    }
+  }
+
+  void OpenItem(const StockGroup& group, const Recordset::Row& row) {
+    in_item_ = true;
+    item_id_ = keys_.ItemId(row);
+    item_sums_ = {};
+    if (!item_lines_) return;
+    units_ = keys_.Units(row);
+    Lines().AddNextLine();
+    Lines().Text(Columns().item_name, keys_.ItemName(row));
+    Lines().Value(Columns().item_id, item_id_);
+    Lines().Value(Columns().category_id, group.id);
+  }
+
+  void CloseItem(const StockGroup& group) {
+    if (!in_item_) return;
+    in_item_ = false;
+    sums_ += item_sums_;
+    if (item_lines_) writer_.WriteFigures(item_sums_, &units_, group.name);
+  }
+
+  ReportWriter& Lines() { return writer_.Lines(); }
+  const StockColumns& Columns() const { return writer_.Columns(); }
+
+  ReportFrame& frame_;
+  const StockRows& rows_;
+  bool detailed_, item_lines_;
+  StockKeyColumns keys_;
+  RowGroups by_group_;
+  StockWriter writer_;
+  bool in_item_ = false;
+  std::int64_t item_id_ = 0;
+  StockUnits units_;
+  StockFigures item_sums_, sums_, totals_;
+};
+
+}  // namespace
+
+RecordsetPtr WriteGroupStatement(ReportFrame& frame, const StockRows& rows) {
+  return GroupStatement(frame, rows).Write();
+}
+
+}  // namespace pstolvane1

@@ -1,0 +1,30 @@
+#include "stock/HuntedValues.h"
+
+namespace pstolvane1 {
+
+HuntedValues::HuntedValues(const ReportFrame& frame)
+    : method_(frame.module.ValuationMethod),
+      period_{DayOf(frame.module.dtFromDate), DayOf(frame.module.dtToDate)},
+      standard_(*frame.Rowset(Source::Rs1)),
+      actual_(*frame.Rowset(Source::Rs2)) {}
+
+StockFigures HuntedValues::Value(const KeyQuantities& quantities, std::int64_t item_id,
+                                 const GodownBatch& key) {
+  if (!item_ || item_id != item_id_) {
+    item_.emplace(actual_.Of(item_id), standard_.Of(item_id), period_);
+    item_id_ = item_id;
+  }
+  const StockRates rates = HuntRates(method_, *item_, key);
+  const float closing = ToSingle(static_cast<double>(quantities.opening) +
+                                 static_cast<double>(quantities.inwards.quantity) -
+                                 static_cast<double>(quantities.outwards.quantity));
+  const auto at = [](float quantity, double rate) {
+    return StockFigure{quantity, ValueAt(static_cast<double>(quantity), rate)};
+  };
+  return {.opening = at(quantities.opening, rates.opening),
+          .inwards = quantities.inwards,
+          .outwards = quantities.outwards,
+          .closing = at(closing, rates.closing)};
+}
+
+}  // namespace pstolvane1

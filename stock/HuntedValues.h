@@ -1,0 +1,39 @@
+// Stock keys valued at a rate that is hunted for.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "session/ReportFrame.h"
+#include "stock/ItemRates.h"
+#include "stock/RateHunt.h"
+#include "stock/StockFigures.h"
+
+namespace pstolvane1 {
+
+// What the books tell of a key: quantities, and the values of what came and went.
+struct KeyQuantities {
+  float opening = 0;
+  StockFigure inwards, outwards;
+};
+
+// Reads the standard rates from Rs1, the actual ones from Rs2, and the period and the method from
+// the module.
+class HuntedValues {
+ public:
+  explicit HuntedValues(const ReportFrame& frame);
+
+  // Opening and closing quantities at their rates. Keys of an item are best asked for together.
+  [[nodiscard]] StockFigures Value(const KeyQuantities& quantities, std::int64_t item_id,
+                                   const GodownBatch& key);
+
+ private:
+  enmValuationMethod method_;
+  StockPeriod period_;
+  StandardRateRows standard_;
+  ActualRateRows actual_;
+  std::int64_t item_id_ = 0;
+  std::optional<ItemRates> item_;
+};
+
+}  // namespace pstolvane1

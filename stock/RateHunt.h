@@ -1,0 +1,26 @@
+// The hunts for the rate that a stock key is valued at. Pure.
+#pragma once
+
+#include "session/enmValuationMethod.h"
+#include "stock/ItemRates.h"
+
+namespace pstolvane1 {
+
+// Opening and closing rate, 0 where no rate reaches the key.
+struct StockRates {
+  double opening = 0, closing = 0;
+};
+
+// LastPurchaseRate: the item's last movement by the day, else the key's last opening line; where
+// that is none or 0 the last standard cost; and for a closing that still has none the opening rate.
+// LastSaleRate: the last outward movement, else the key's last opening line; where that is none or
+// 0 the first found of the last standard price, the last standard cost and the last inward
+// movement, all three strictly before the day; and where none is found the opening rate.
+// standardrate: the last standard cost; else the last movement, and in the place of an opening line
+// that of the key.
+// StandardPrice: the last standard price; else the last outward movement, and in the place of an
+// opening line that of the key; else the last standard cost; else the last inward movement.
+[[nodiscard]] StockRates HuntRates(enmValuationMethod method, ItemRates& item,
+                                   const GodownBatch& key);
+
+}  // namespace pstolvane1

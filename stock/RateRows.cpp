@@ -1,0 +1,69 @@
+#include "stock/RateRows.h"
+
+namespace pstolvane1 {
+namespace {
+
+// Null counts as 0 and as not set.
+double RateAt(const Recordset::Row& row, ColumnHandle column) {
+  return row.IsNull(column) ? 0 : row.Double(column);
+}
+bool FlagAt(const Recordset::Row& row, ColumnHandle column) {
+  return !row.IsNull(column) && row.Flag(column);
+}
+
+}  // namespace
+
+StandardRateRows::StandardRateRows(const Recordset& rows)
+    : by_item_(rows.GroupBy({"Item_Id"})),
+      rate_(rows.Column("Rate")),
+      from_(rows.Column("DateFrom")),
+      to_(rows.Column("DateTo")),
+      year_(rows.Column("YearNo")),
+      sale_(rows.Column("SaleOrPurchase")) {}
+
+std::span<const StandardRate> StandardRateRows::Of(std::int64_t item_id) {
+  if (item_id_ == item_id) return rates_;
+  rates_.clear();
+  for (const Recordset::Row row : by_item_.Find({item_id})) {
+    if (row.IsNull(from_) || row.IsNull(to_)) continue;  // in force on no day
+    rates_.push_back({.rate = RateAt(row, rate_),
+                      .from = row.DateOf(from_),
+                      .to = row.DateOf(to_),
+                      .year = row.IsNull(year_) ? 0 : row.Int32(year_),
+                      .sale = FlagAt(row, sale_)});
+  }
+  item_id_ = item_id;
+  return rates_;
+}
+
+ActualRateRows::ActualRateRows(const Recordset& rows)
+    : by_item_(rows.GroupBy({"Item_Id"})),
+      rate_(rows.Column("Rate")),
+      date_(rows.Column("Date")),
+      opening_(rows.Column("IsOpeningBal")),
+      godown_id_(rows.Column("Godown_Id")),
+      batch_id_(rows.Column("Batch_Id")) {
+  if (rows.HasColumn("IsAdded")) added_ = rows.Column("IsAdded");
+}
+
+std::span<const ActualRate> ActualRateRows::Of(std::int64_t item_id) {
+  if (item_id_ == item_id) return rates_;
+  rates_.clear();
+  for (const Recordset::Row row : by_item_.Find({item_id})) {
+    rates_.push_back({.rate = RateAt(row, rate_),
+                      .date = row.IsNull(date_) ? std::nullopt : std::optional(row.DateOf(date_)),
+                      .opening = FlagAt(row, opening_),
+                      .added = !added_ || FlagAt(row, *added_),
+                      .godown_id = row.IsNull(godown_id_) ? 0 : row.Int64(godown_id_),
+                      .batch_id = row.IsNull(batch_id_) ? 0 : row.Int64(batch_id_)});
+  }
+  item_id_ = item_id;
+  return rates_;
+}
+
+Date DayOf(Date date) {
+  const Date::Parts parts = date.ToParts();
+  return Date::FromYmd(parts.year, parts.month, parts.day);
+}
+
+}  // namespace pstolvane1

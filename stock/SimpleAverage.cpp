@@ -1,0 +1,106 @@
+#include "stock/SimpleAverage.h"
+
+#include "session/Launch.h"
+#include "session/data/RowGroups.h"
+#include "stock/GroupStatement.h"
+#include "stock/ItemStatement.h"
+#include "stock/RateRows.h"
+#include "stock/StockQueries.h"
+
+namespace pstolvane1 {
+namespace {
+
+// The yearly totals know nothing of documents, so that any filter of them needs the lines.
+bool IsWholeYear(const modStolvane1& module) {
+  const DocumentFilter& filter = module.filter;
+  return filter.strVouchertypeFilter.empty() && filter.strSubgroupFilter.empty() &&
+         filter.OptNo <= 1 && DayOf(module.dtFromDate) == DayOf(module.dtBooksFrom) &&
+         DayOf(module.dtToDate) == DayOf(module.dtBooksTo);
+}
+
+// rsItems takes strSQL and rsReport strSQL2.
+void Compose(ReportFrame& frame, const StockArguments& arguments) {
+  modStolvane1& module = frame.module;
+  module.strSQL = ForTree(frame.Normalise(ComposeSimpleAverageItems(arguments)), arguments.tree);
+  module.strSQL2 =
+      frame.Normalise(IsWholeYear(module) ? ComposeSimpleAverageYear(arguments.bytYearno)
+                                          : ComposeSimpleAveragePeriod(
+                                                arguments, module.dtBooksFrom, module.filter));
+}
+
+// The totals of the year or period, by item.
+class Totals {
+ public:
+  explicit Totals(const Recordset& totals)
+      : by_item_(totals.GroupBy({"Item_Id"})),
+        opening_(totals, "Opening"),
+        inwards_(totals, "Inwards"),
+        outwards_(totals, "Outwards"),
+        closing_(totals, "Closing") {}
+
+  // Nothing for an item that nothing is told of.
+  std::optional<StockFigures> Value(std::int64_t item_id) const {
+    const RowGroups::Group found = by_item_.Find({item_id});
+    if (found.Empty()) return std::nullopt;
+    const Recordset::Row row = found.First();
+    const StockFigures figures{.opening = opening_.Read(row),
+                               .inwards = inwards_.Read(row),
+                               .outwards = outwards_.Read(row),
+                               .closing = closing_.Read(row)};
+    return figures == StockFigures() ? std::nullopt : std::optional(figures);
+  }
+
+ private:
+  struct Side {
+    Side(const Recordset& totals, const std::string& name)
+        : quantity(totals.Column("Qty_" + name)), value(totals.Column("Value_" + name)) {}
+    [[nodiscard]] StockFigure Read(const Recordset::Row& row) const {
+      return {row.Single(quantity), row.Money(value)};
+    }
+    ColumnHandle quantity, value;
+  };
+  RowGroups by_item_;
+  Side opening_, inwards_, outwards_, closing_;
+};
+
+StockRows Rows(ReportFrame& frame) {
+  const RecordsetPtr items = frame.Rowset(Source::rsItems);
+  const auto totals = std::make_shared<Totals>(*frame.Rowset(Source::rsReport));
+  return {.keys = items,
+          .value = [totals, id = items->Column("Item_Id")](const Recordset::Row& item) {
+            return totals->Value(item.Int64(id));
+          }};
+}
+
+}  // namespace
+
+RecordsetPtr StockDetails_Item_SimpleAvg(ReportFrame& frame, const StockArguments& arguments) {
+  Compose(frame, arguments);
+  frame.module.blnDetailed = false;  // there is nothing below an item
+  return Launch(frame, arguments.blnReport, kFetch,
+                {{Source::rsReport, frame.module.strSQL2}, {Source::rsItems, frame.module.strSQL}},
+                &mStock_SimpleAvg);
+}
+
+RecordsetPtr StockDetails_Group_SimpleAvg(ReportFrame& frame, const StockArguments& arguments) {
+  Compose(frame, arguments);
+  frame.module.strSQL3 = frame.Normalise(ComposeGroupQuery(arguments.tree));
+  return Launch(frame, arguments.blnReport, kFetch,
+                {{Source::rsReport, frame.module.strSQL2},
+                 {Source::rsItems, frame.module.strSQL},
+                 {Source::RsCategory, frame.module.strSQL3}},
+                &mStockGroup_SimpleAvg);
+}
+
+RecordsetPtr mStock_SimpleAvg(ReportFrame& frame) {
+  RecordsetPtr report = WriteItemStatement(frame, Rows(frame));
+  frame.Rowset(Source::rsItems)->Close();
+  frame.Rowset(Source::rsReport)->Close();
+  return report;
+}
+
+RecordsetPtr mStockGroup_SimpleAvg(ReportFrame& frame) {
+  return WriteGroupStatement(frame, Rows(frame));
+}
+
+}  // namespace pstolvane1

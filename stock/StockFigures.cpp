@@ -1,0 +1,57 @@
+#include "stock/StockFigures.h"
+
+#include <cmath>
+#include <limits>
+
+#include "session/data/Error.h"
+
+namespace pstolvane1 {
+
+float ToSingle(double value) {
+  const auto single = static_cast<float>(value);
+  if (!std::isfinite(single)) throw Error(ErrorNumber::kOverflow, "a quantity is out of range");
+  return single;
+}
+
+double Quotient(double a, double b) {
+  if (b == 0) throw Error(ErrorNumber::kDivisionByZero, "division by zero");
+  return a / b;
+}
+
+Currency ValueAt(double quantity, double rate) { return Currency::FromDouble(quantity * rate); }
+
+StockFigure& StockFigure::operator+=(const StockFigure& other) {
+  quantity = ToSingle(static_cast<double>(quantity) + static_cast<double>(other.quantity));
+  value += other.value;
+  return *this;
+}
+
+double RateOf(const StockFigure& figure) {
+  return std::fabs(Quotient(figure.value.ToDouble(), static_cast<double>(figure.quantity)));
+}
+
+StockFigures& StockFigures::operator+=(const StockFigures& other) {
+  opening += other.opening;
+  inwards += other.inwards;
+  outwards += other.outwards;
+  closing += other.closing;
+  return *this;
+}
+
+StockProfit ReckonStockProfit(const StockFigures& figures) {
+  constexpr Currency kZero;
+  StockProfit profit;
+  profit.balance = figures.opening.value + figures.inwards.value - figures.outwards.value -
+                   figures.closing.value;
+  profit.consumption = figures.outwards.value - profit.GrossProfit();
+  profit.percent =
+      profit.consumption == kZero
+          ? Currency::FromDouble(100)
+          : Currency::FromDouble(profit.balance.ToDouble() / profit.consumption.ToDouble() * 100);
+  if (profit.balance != kZero && profit.consumption < kZero) {
+    profit.consumption = -profit.consumption;
+  }
+  return profit;
+}
+
+}  // namespace pstolvane1

@@ -1,0 +1,57 @@
+#include "stock/StockRows.h"
+
+#include <initializer_list>
+
+namespace pstolvane1 {
+namespace {
+
+std::optional<ColumnHandle> FirstOf(const Recordset& keys,
+                                    std::initializer_list<std::string_view> names) {
+  for (const std::string_view name : names) {
+    if (keys.HasColumn(name)) return keys.Column(name);
+  }
+  return std::nullopt;
+}
+
+ColumnHandle OneOf(const Recordset& keys, std::string_view name, std::string_view other) {
+  return keys.Column(keys.HasColumn(name) ? name : other);
+}
+
+}  // namespace
+
+StockKeyColumns::StockKeyColumns(const Recordset& keys)
+    : item_id_(keys.Column("Item_Id")),
+      item_name_(keys.Column("ItemName")),
+      unit_(OneOf(keys, "Uom", "UomName")),
+      alt_unit_(OneOf(keys, "AltUom", "AltUomName")),
+      relation_formula_(OneOf(keys, "RelFormula", "RelationFormula")),
+      godown_(FirstOf(keys, {"Godown", "GodownName"})),
+      godown_id_(FirstOf(keys, {"Godown_Id"})),
+      batch_(FirstOf(keys, {"BatchCode"})),
+      batch_id_(FirstOf(keys, {"Batch_Id"})),
+      maintain_batches_(FirstOf(keys, {"MaintainBatches"})) {}
+
+StockUnits StockKeyColumns::Units(const Recordset::Row& row) const {
+  return {.unit = std::string(row.Text(unit_)),
+          .alt_unit = std::string(row.Text(alt_unit_)),
+          .relation_formula = row.IsNull(relation_formula_) ? 0 : row.Single(relation_formula_)};
+}
+
+std::string StockKeyColumns::GodownText(const Recordset::Row& row) const {
+  std::string text;
+  if (godown_) text = row.Text(*godown_);
+  const bool has_batches =
+      maintain_batches_ && !row.IsNull(*maintain_batches_) && row.Flag(*maintain_batches_);
+  if (has_batches && batch_) text.append("    ").append(row.Text(*batch_));
+  return text;
+}
+
+std::int64_t StockKeyColumns::GodownId(const Recordset::Row& row) const {
+  return godown_id_ ? row.Int64(*godown_id_) : 0;
+}
+
+std::int64_t StockKeyColumns::BatchId(const Recordset::Row& row) const {
+  return batch_id_ ? row.Int64(*batch_id_) : 0;
+}
+
+}  // namespace pstolvane1
