@@ -13,7 +13,7 @@ namespace pstolvane1 {
 // A line of a stock key. An outward opening line is a negative layer.
 struct LayerLine {
   float in = 0, out = 0;
-  Currency value_in, value_out;
+  Currency value_in = {}, value_out = {};
   double rate = 0;
   bool in_period = false;  // otherwise before it, as opening lines are
 };
@@ -26,7 +26,7 @@ struct LayerSales {
 // A year's lines of a stock key, those before the period and those in it apart.
 struct LayerYear {
   float in = 0, out = 0;
-  Currency value_in;
+  Currency value_in = {};
   bool in_period = false;
 };
 

@@ -21,7 +21,7 @@ struct StandardRate {
 // A movement that can give a rate.
 struct ActualRate {
   double rate = 0;
-  std::optional<Date> date;  // opening lines may have none, and then no test of a day holds
+  std::optional<Date> date = {};  // opening lines may have none, and then no test of a day holds
   bool opening = false;
   bool added = false;
   std::int64_t godown_id = 0, batch_id = 0;

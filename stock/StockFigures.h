@@ -27,7 +27,7 @@ struct StockFigure {
 
 // What a stock line tells of a key, an item or a group.
 struct StockFigures {
-  StockFigure opening, inwards, outwards, closing;
+  StockFigure opening = {}, inwards = {}, outwards = {}, closing = {};
 
   StockFigures& operator+=(const StockFigures& other);
   friend bool operator==(const StockFigures&, const StockFigures&) = default;

@@ -1,0 +1,10 @@
+// Money in a test's own words.
+#pragma once
+
+#include "stock/StockFigures.h"
+
+namespace pstolvane1 {
+
+inline Currency Rupees(double amount) { return Currency::FromDouble(amount); }
+
+}  // namespace pstolvane1
