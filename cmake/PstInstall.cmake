@@ -24,12 +24,12 @@ set(PST_PUBLIC_HEADERS
   session/clsStolvane1.h
   session/clsStolvane1Events.h
   session/data/Chunk.h
+  session/data/ColumnInfo.h
   session/data/Connection.h
   session/data/Currency.h
   session/data/DataType.h
   session/data/Date.h
   session/data/Error.h
-  session/data/Export.h
   session/data/MessageLoop.h
   session/data/Provider.h
   session/data/Recordset.h
@@ -38,6 +38,8 @@ set(PST_PUBLIC_HEADERS
   session/data/Variant.h
   session/engine/Engines.h
   session/enmValuationMethod.h
+  session/rowset/Export.h
+  session/rowset/Locale.h
   session/typAliases.h
   session/typCompanyInfoInv.h)
 

@@ -12,8 +12,6 @@
 #include "host/Terminal.h"
 
 namespace pstolvane1::host {
-namespace {
-
 std::string Describe(const automation::Operation& operation) {
   std::string text =
       fmt::format("  {}{}\n      {}\n", automation::UsageOf(operation),
@@ -24,8 +22,6 @@ std::string Describe(const automation::Operation& operation) {
   }
   return text;
 }
-
-}  // namespace
 
 void ListReports(bool json) {
   if (json) {

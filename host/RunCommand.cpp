@@ -12,6 +12,7 @@
 #include "automation/Calls.h"
 #include "automation/Operations.h"
 #include "host/ProgressBar.h"
+#include "host/ReportsCommand.h"
 #include "host/WrongCall.h"
 #include "session/clsStolvane1.h"
 #include "session/data/TextFold.h"
@@ -48,7 +49,11 @@ automation::BoundValues Checked(const Operation& operation, const std::vector<Na
   try {
     return automation::Bind(operation, values);
   } catch (const Error& error) {
-    throw WrongCall(error.Description());
+    const std::string usage = "; " + automation::UsageOf(operation);
+    std::string problem = error.Description();
+    if (problem.ends_with(usage)) problem.resize(problem.size() - usage.size());
+    throw WrongCall(problem + "\n\nstolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n" +
+                    Describe(operation));
   }
 }
 

@@ -19,7 +19,7 @@ using FramePtr = std::shared_ptr<ReportFrame>;
 
 }  // namespace
 
-clsStolvane1::clsStolvane1() : clsStolvane1(&NewConnection) {}
+clsStolvane1::clsStolvane1() : clsStolvane1(&NewBooksConnection) {}
 
 clsStolvane1::clsStolvane1(ConnectionMaker make_connection)
     : frame_(std::make_shared<ReportFrame>(AllReports(), std::move(make_connection), *this)) {}

@@ -18,7 +18,35 @@ std::string FileOf(const ConnectionTarget& target) {
   return std::filesystem::exists(target.other_path, unreadable) ? target.other_path : target.path;
 }
 
+// One of them is enough: books need not have what no report is asked for.
+constexpr std::string_view kChiefTables[] = {"Items1", "Desr1", "GodownItem1", "LedgerNames1",
+                                             "Voucher1"};
+
+bool HasTable(Provider& database, std::string_view table) {
+  try {
+    (void)database.Describe("select * from " + std::string(table));
+    return true;
+  } catch (const Error& refused) {
+    if (refused.Number() != ErrorNumber::kQueryRefused) throw;
+    return false;
+  }
+}
+
+std::shared_ptr<Provider> OpenBooks(const std::string& connection_string,
+                                    std::chrono::milliseconds time_limit) {
+  std::shared_ptr<Provider> database = OpenDatabase(connection_string, time_limit);
+  for (const std::string_view table : kChiefTables) {
+    if (HasTable(*database, table)) return database;
+  }
+  throw Error(ErrorNumber::kConnection,
+              "The database \"" + connection_string +
+                  "\" holds no books: it has none of the tables Items1, Desr1, GodownItem1, "
+                  "LedgerNames1 and Voucher1.");
+}
+
 }  // namespace
+
+std::shared_ptr<Connection> NewBooksConnection() { return Connection::New(OpenBooks); }
 
 std::shared_ptr<Connection> NewConnection() { return Connection::New(OpenDatabase); }
 

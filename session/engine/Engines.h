@@ -14,6 +14,10 @@ namespace pstolvane1 {
 // session/engine/ConnectionString.h has all forms.
 [[nodiscard]] std::shared_ptr<Connection> NewConnection();
 
+// The same for books alone: a database that holds none of the books' chief tables is error 501,
+// with a sentence that says so. A session's connection.
+[[nodiscard]] std::shared_ptr<Connection> NewBooksConnection();
+
 // Opens the database that a connection string names; what NewConnection's connections call. Error
 // 501 for a wrong connection string, an engine that this build does not have, and a database that
 // cannot be opened.

@@ -12,7 +12,11 @@ namespace pstolvane1::sql {
 // is the end.
 [[nodiscard]] std::string PlaceText(std::string_view text, Place place);
 
-// Throws the error "line L, column C: " + why.
+// What stands around a place, for readers who do not see the whole text: "near ...and (where
+// desr1.desr_id < 8..."; on one line.
+[[nodiscard]] std::string Excerpt(std::string_view text, Place place);
+
+// Throws the error "line L, column C: " + why, with the excerpt as its cause.
 [[noreturn]] void Refuse(std::string_view text, Place place, std::string_view why);
 
 }  // namespace pstolvane1::sql

@@ -1,0 +1,32 @@
+// The command line host as a program that a test runs.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "../books/BooksOnDisk.h"
+
+namespace pstolvane1::host::test {
+
+struct Finished {
+  int status = -1;  // the exit status, or 128 and the number of the signal that ended it
+  std::string out, err;
+};
+
+using Words = std::vector<std::string>;
+
+// Runs the program to its end, neither input nor output being a terminal.
+[[nodiscard]] Finished Stolvane(const Words& words);
+// Runs it and sends it a signal once it has been at work for a while.
+[[nodiscard]] Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds);
+
+// Sample books for all tests of a program, and a folder for each.
+class SampleHost : public testing::Test {
+ protected:
+  static const std::string& Books();
+  books::test::Folder folder;
+};
+
+}  // namespace pstolvane1::host::test

@@ -1,0 +1,261 @@
+// stolvane run and stolvane reports.
+#include <csignal>
+#include <nlohmann/json.hpp>
+
+#include "HostProgram.h"
+
+namespace pstolvane1::host::test {
+namespace {
+
+using nlohmann::json;
+
+class Run : public SampleHost {
+ protected:
+  static Words Sales(const Words& more = {}) {
+    Words words = {"run",
+                   "Doc_Initial",
+                   "--books",
+                   Books(),
+                   "bytYearno=2",
+                   "lngVouchertype_id=10",
+                   "dtFromDate=2004-04-01",
+                   "dtToDate=2004-04-30"};
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+  }
+  static json SalesAsJson(Words more = {}) {
+    more.insert(more.end(), {"--format", "json"});
+    const Finished finished = Stolvane(Sales(more));
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    return json::parse(finished.out);
+  }
+};
+
+TEST_F(Run, PrintsTheReportAsATable) {
+  const Finished finished = Stolvane(Sales());
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_EQ(finished.err, "");
+  EXPECT_EQ(finished.out,
+            "Ledger                           Amount\n"
+            "───────────────────────────────────────\n"
+            "Jayant Hegde                 ₹44,489.25\n"
+            "Prabhat Garage, Nizamabad    ₹59,126.29\n"
+            "Sanjay Das                   ₹43,599.38\n"
+            "Vinod Agashe                 ₹23,828.96\n"
+            "───────────────────────────────────────\n"
+            "Total                      ₹1,71,043.88\n"
+            "═══════════════════════════════════════\n");
+}
+
+TEST_F(Run, JsonGivesEveryColumnTwinsIncluded) {
+  const json report = SalesAsJson();
+  EXPECT_TRUE(Stolvane(Sales({"--format", "json"}))
+                  .out.starts_with(R"({"operation":"Doc_Initial","reportType":8,"anyCount":null,)"
+                                   R"("columns":[{"name":"Ledger","type":8,"attributes":-1},)"));
+  EXPECT_FALSE(report.contains("events"));
+  EXPECT_EQ(report.at("columns"), json::parse(R"([
+    {"name":"Ledger","type":8,"attributes":-1},
+    {"name":"Amount","type":8,"attributes":-1},
+    {"name":"Ledger_Id","type":3,"attributes":-1},
+    {"name":"TotalLine","type":8,"attributes":-1},
+    {"name":"LedgerSort","type":200,"attributes":32},
+    {"name":"AmountSort","type":200,"attributes":6},
+    {"name":"DummySort","type":20,"attributes":32}])"));
+  ASSERT_EQ(report.at("rows").size(), 6U);
+  const json first = report.at("rows").at(0);
+  EXPECT_EQ(first.at(0), "Jayant Hegde");
+  EXPECT_EQ(first.at(1), "₹44,489.25");
+  EXPECT_TRUE(first.at(2).is_number_integer());
+  EXPECT_EQ(first.at(3), nullptr);
+  EXPECT_EQ(first.at(6), 1);
+  EXPECT_EQ(report.at("rows").at(4).at(3), std::string(90, '_'));
+}
+
+TEST_F(Run, BothPathsGiveTheSameRowsAndTheAsynchronousOneItsCount) {
+  const json at_once = SalesAsJson();
+  const json fetched = SalesAsJson({"--async"});
+  EXPECT_EQ(fetched.at("anyCount"), 0);
+  EXPECT_EQ(fetched.at("rows"), at_once.at("rows"));
+  EXPECT_EQ(fetched.at("columns"), at_once.at("columns"));
+}
+
+TEST_F(Run, EventsComeInTheirOrder) {
+  const json events = SalesAsJson({"--async", "--events"}).at("events");
+  EXPECT_EQ(events.at(0), json::parse(R"({"name":"OnConnect","ErrString":""})"));
+  EXPECT_EQ(events.back(), json::parse(R"({"name":"FetchComplete","anyCount":0})"));
+  std::vector<std::string> messages;
+  for (const json& event : events) {
+    if (event.at("name") != "FetchProgress") continue;
+    EXPECT_LE(event.at("bytFetchPercent"), 60);
+    const std::string message = event.at("strmessage");
+    if (messages.empty() || messages.back() != message) messages.push_back(message);
+  }
+  EXPECT_EQ(messages, (std::vector<std::string>{"FetchingData", "Manipulating", "manipulating"}));
+}
+
+TEST_F(Run, ACancelledReportHasOneLineAndItsClosingLines) {
+  EXPECT_EQ(SalesAsJson({"--cancel"}).at("rows").size(), 3U);
+}
+
+TEST_F(Run, TheLocaleShapesTheTexts) {
+  EXPECT_EQ(SalesAsJson({"--locale", "de_DE"}).at("rows").at(0).at(1), "44.489,25\u00A0€");
+}
+
+TEST_F(Run, AnAliasShowsAnotherColumn) {
+  const json rows = SalesAsJson({"--alias", "taLedger=LedgerNames1.LedgerName + ' !'"}).at("rows");
+  EXPECT_EQ(rows.at(0).at(0), "Jayant Hegde !");
+}
+
+TEST_F(Run, AFilterReachesTheStockStatements) {
+  const auto inwards = [](const Words& filter) {
+    Words words = {"run",
+                   "StockDetails_Itemwise",
+                   "--books",
+                   Books(),
+                   "--format",
+                   "json",
+                   "bytYearno=2",
+                   "dtFromDate=2004-04-01",
+                   "dtToDate=2005-03-31",
+                   "ValuationMethod=AverageRate",
+                   "lngAny_Id1=-1",
+                   "lngAny_Id2=0",
+                   "blnDetailed=false",
+                   "blnAltUom=false",
+                   "sngScale=1",
+                   "blnOnlyItems=false",
+                   "blnShowOpening=true",
+                   "blnShowInwards=true",
+                   "blnShowOutwards=true"};
+    words.insert(words.end(), filter.begin(), filter.end());
+    const Finished finished = Stolvane(words);
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    return json::parse(finished.out);
+  };
+  const json all = inwards({});
+  const json sales = inwards({"--filter", "strVouchertypeFilter=Vouchertype1.Vouchertype_id = 10"});
+  EXPECT_EQ(all.at("reportType"), 110001);
+  EXPECT_NE(all.at("rows").back(), sales.at("rows").back());
+}
+
+TEST_F(Run, ARowsetArgumentIsReadFromTheSameBooks) {
+  // Nothing that is built takes one yet; the argument is refused by its name.
+  const Finished finished = Stolvane(Sales({"--rowset", "recitem=select * from items1"}));
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_NE(finished.err.find("there is no argument \"recitem\""), std::string::npos);
+}
+
+TEST_F(Run, AnEnumerationTakesItsNamesAndNumbers) {
+  const auto status = [](const std::string& method) {
+    return Stolvane({"run", "StockDetails_Classwise", "--books", Books(), "bytYearno=1",
+                     "dtFromDate=2003-04-01", "dtToDate=2004-03-31", "ValuationMethod=" + method,
+                     "lngAny_Id1=-1", "lngAny_Id2=0", "blnDetailed=false", "blnAltUom=false",
+                     "sngScale=1", "blnOnlyItems=false", "blnShowOpening=true",
+                     "blnShowInwards=true", "blnShowOutwards=true"});
+  };
+  const Finished by_name = status("LifoRate"), by_number = status("2");
+  EXPECT_EQ(by_name.status, 0) << by_name.err;
+  EXPECT_EQ(by_name.out, by_number.out);
+}
+
+TEST_F(Run, WhatReturnsNothingHasNoColumnsAndNoRows) {
+  const Finished finished =
+      Stolvane({"run", "UserPressedCancel", "--books", Books(), "--format", "json"});
+  EXPECT_EQ(finished.status, 0) << finished.err;
+  EXPECT_EQ(json::parse(finished.out), json::parse(R"({"operation":"UserPressedCancel",
+      "reportType":null,"anyCount":null,"columns":null,"rows":null})"));
+}
+
+TEST_F(Run, WritesFilesWholeAndInEveryFormat) {
+  for (const std::string format : {"table", "csv", "json", "html", "xlsx"}) {
+    const std::string file = folder.File("report." + format);
+    const Finished finished = Stolvane(Sales({"--format", format, "--out", file}));
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    EXPECT_EQ(finished.out, "");
+    const std::string content = books::test::Content(file);
+    EXPECT_GT(content.size(), 200U) << format;
+    if (format != "xlsx") {
+      EXPECT_NE(content.find("Jayant Hegde"), std::string::npos) << format;
+    }
+    if (format == "csv") {
+      EXPECT_EQ(content.substr(0, content.find('\r')),
+                "Ledger,Amount,Ledger_Id,TotalLine,LedgerSort,AmountSort,DummySort");
+    }
+  }
+  EXPECT_EQ(folder.Names().size(), 5U);  // no file in the making is left
+}
+
+TEST_F(Run, AWorkbookNeedsAFile) {
+  const Finished finished = Stolvane(Sales({"--format", "xlsx"}));
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.err,
+            "stolvane: error 3001: a workbook goes into a file: name it with --out\n");
+}
+
+TEST_F(Run, WhatCannotBeWrittenIsAnError) {
+  const Finished finished = Stolvane(Sales({"--out", folder.File("none/report.txt")}));
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.err, "stolvane: error 3001: cannot write \"" + folder.File("none/report.txt") +
+                              "\": No such file or directory\n");
+}
+
+TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
+  for (const Words& wrong : std::vector<Words>{{"bytYearno=abc"}, {"nothing=1"}, {"blnReport"}}) {
+    Words words = {"run", "LedgersByCode", "--books", Books()};
+    words.insert(words.end(), wrong.begin(), wrong.end());
+    const Finished finished = Stolvane(words);
+    EXPECT_EQ(finished.status, 2) << wrong.at(0);
+    EXPECT_EQ(finished.out, "");
+  }
+  const Finished missing = Stolvane({"run", "LedgersByCode", "--books", Books()});
+  EXPECT_EQ(missing.status, 2);
+  EXPECT_EQ(missing.err,
+            "stolvane: LedgersByCode: bytYearno is missing, a whole number from 0 to 255\n\n"
+            "stolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n"
+            "  LedgersByCode bytYearno sCode blnReport\n"
+            "      The ledgers of some subgroups.\n"
+            "      bytYearno                whole number from 0 to 255. The number of the "
+            "accounting year.\n"
+            "      sCode                    text. Subgroup codes with commas between, or nothing; "
+            "comes back as a condition.\n"
+            "      blnReport                flag, true or false. True returns the report; anything "
+            "else fetches it in the background and delivers it by FetchComplete.\n\n");
+}
+
+TEST_F(Run, UnknownAndUnbuiltOperationsAreTold) {
+  const Finished unknown = Stolvane({"run", "Nope", "--books", Books()});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_EQ(unknown.err,
+            "stolvane: there is no operation \"Nope\"; \"stolvane reports\" lists them\n");
+  const Finished unbuilt = Stolvane({"run", "RtoSalesDetails", "--books", Books(),
+                                     "strFilter=1 = 1", "blnReport=true", "reptype=210"});
+  EXPECT_NE(unbuilt.status, 0);
+  EXPECT_EQ(Stolvane({"nothing"}).status, 2);
+  EXPECT_EQ(Stolvane({}).status, 2);
+  EXPECT_EQ(Stolvane({"--help"}).status, 0);
+}
+
+TEST_F(Run, ReportsListsEveryOperation) {
+  const Finished listed = Stolvane({"reports"});
+  EXPECT_EQ(listed.status, 0);
+  EXPECT_NE(listed.out.find("\n  Doc_Initial bytYearno lngVouchertype_id dtFromDate dtToDate"),
+            std::string::npos);
+  EXPECT_NE(listed.out.find("(not in this version)"), std::string::npos);
+  const Finished as_json = Stolvane({"reports", "--json"});
+  EXPECT_EQ(as_json.status, 0);
+  EXPECT_TRUE(json::parse(as_json.out).is_array() || json::parse(as_json.out).is_object());
+}
+
+TEST_F(Run, ASignalEndsItWithoutAFile) {
+  const std::string file = folder.File("never.csv");
+  const Finished finished = StolvaneWithSignal(
+      {"sql", "--books", Books(), "--format", "csv", "--out", file,
+       "select count(*) as n from godownitem1 as a inner join godownitem1 as b on a.qty <> b.rate "
+       "inner join godownitem1 as c on c.qty <> b.rate"},
+      SIGINT, 300);
+  EXPECT_NE(finished.status, 0);
+  EXPECT_EQ(folder.Names(), std::vector<std::string>());
+}
+
+}  // namespace
+}  // namespace pstolvane1::host::test

@@ -1,0 +1,76 @@
+// stolvane sql: one SELECT on any database.
+#include <nlohmann/json.hpp>
+
+#include "HostProgram.h"
+
+namespace pstolvane1::host::test {
+namespace {
+
+using nlohmann::json;
+
+class Sql : public SampleHost {
+ protected:
+  Sql() {
+    books::test::Database other(Other());
+    other.Execute(
+        "create table thing (id integer primary key, name varchar(20), flag bit, price "
+        "decimal(19,4), made date, weight real, big bigint, share double);"
+        "insert into thing values (1, 'A \"b\"', 1, 12.5, '2004-03-31', 0.1, 9007199254740993, "
+        "0.1), (2, '', 0, -0.05, null, null, null, null)");
+  }
+  [[nodiscard]] std::string Other() const { return folder.File("other.db"); }
+};
+
+TEST_F(Sql, ReadsADatabaseThatHoldsNoBooks) {
+  const Finished finished =
+      Stolvane({"sql", "--books", Other(), "--format", "json", "select * from thing order by id"});
+  EXPECT_EQ(finished.status, 0) << finished.err;
+  const json rowset = json::parse(finished.out);
+  std::vector<int> types;
+  for (const json& column : rowset.at("columns")) types.push_back(column.at("type"));
+  EXPECT_EQ(types, (std::vector<int>{3, 200, 11, 6, 7, 4, 20, 5}));
+  EXPECT_EQ(rowset.at("rows"), json::parse(R"([
+    [1, "A \"b\"", true, "12.5000", "2004-03-31", 0.1, 9007199254740993, 0.1],
+    [2, "", false, "-0.0500", null, null, null, null]])"));
+}
+
+TEST_F(Sql, CsvKeepsNullAndEmptyApart) {
+  const Finished finished = Stolvane({"sql", "--books", Other(), "--format", "csv",
+                                      "select name, flag, price, made from thing order by id"});
+  EXPECT_EQ(finished.out,
+            "name,flag,price,made\r\n\"A \"\"b\"\"\",-1,12.5000,2004-03-31\r\n\"\",0,-0.0500,\r\n");
+}
+
+TEST_F(Sql, TranslateShowsTheEnginesTextAndRunsNothing) {
+  const Finished finished = Stolvane({"sql", "--books", Other(), "--translate",
+                                      "select top 1 name from thing where made < #01/01/2005#"});
+  EXPECT_EQ(finished.status, 1);  // a date between "#" is the reports' own way of writing
+  const Finished translated = Stolvane({"sql", "--books", Other(), "--translate",
+                                        "select top 1 name from thing where made < '01/01/2005'"});
+  EXPECT_EQ(translated.status, 0) << translated.err;
+  EXPECT_NE(translated.out.find("'2005-01-01'"), std::string::npos);
+  EXPECT_NE(translated.out.find("LIMIT 1"), std::string::npos);
+}
+
+TEST_F(Sql, NothingButOneSelectIsRead) {
+  for (const std::string text :
+       {"delete from thing", "select 1 as one; delete from thing", "update thing set name = 'x'",
+        "attach 'x' as y", "pragma user_version = 3", "select * from sqlite_master", ""}) {
+    const std::string before = books::test::Content(Other());
+    const Finished finished = Stolvane({"sql", "--books", Other(), text});
+    EXPECT_EQ(finished.status, 1) << text;
+    EXPECT_TRUE(finished.err.starts_with("stolvane: error -2147217900: line 1, column "))
+        << finished.err;
+    EXPECT_EQ(books::test::Content(Other()), before);
+  }
+}
+
+TEST_F(Sql, ShowsAnEmptyResult) {
+  const Finished finished =
+      Stolvane({"sql", "--books", Other(), "select id from thing where id > 5"});
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_EQ(finished.out, "(no lines)\n");
+}
+
+}  // namespace
+}  // namespace pstolvane1::host::test
