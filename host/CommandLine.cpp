@@ -78,22 +78,24 @@ void AddBooks(CLI::App& app, Typed& typed) {
     };
   });
 
-  CLI::App* import = books->add_subcommand("import", "Read TABLE.csv files, all or nothing");
-  import->add_option("FILE", typed.books.path, "the books; made where there are none")->required();
-  import->add_option("DIR", typed.books.folder, "the folder of the files")->required();
-  import->callback([&typed] {
+  CLI::App* from_csv = books->add_subcommand("import", "Read TABLE.csv files, all or nothing");
+  from_csv->add_option("FILE", typed.books.path, "the books; made where there are none")
+      ->required();
+  from_csv->add_option("DIR", typed.books.folder, "the folder of the files")->required();
+  from_csv->callback([&typed] {
     typed.command = [&books = typed.books] {
       return ImportBooksFile(books.path, books.folder), kSuccess;
-};
-}  // namespace
-);
+    };
+  });
 
-CLI::App* check = books->add_subcommand("check", "What is missing or odd");
-check->add_option("CONNECTION", typed.books.path, "the books")->required();
-check->callback([&typed] {
-  typed.command = [&books = typed.books] { return CheckBooksAt(books.path) ? kSuccess : kFailure; };
-});
-}  // namespace pstolvane1::host
+  CLI::App* check = books->add_subcommand("check", "What is missing or odd");
+  check->add_option("CONNECTION", typed.books.path, "the books")->required();
+  check->callback([&typed] {
+    typed.command = [&books = typed.books] {
+      return CheckBooksAt(books.path) ? kSuccess : kFailure;
+    };
+  });
+}
 
 void AddSql(CLI::App& app, Typed& typed) {
   SqlOptions& options = typed.sql;
@@ -122,13 +124,13 @@ void AddRun(CLI::App& app, Typed& typed) {
   run->add_option("--books", options.books, "the books")->required()->option_text("CONNECTION");
   run->add_flag("--async", options.asynchronous, "fetch in the background");
   run->add_option("--alias", options.aliases, "what is shown in place of a name, as taItem=EXPR")
-      ->expected(1)
+      ->allow_extra_args(false)
       ->option_text("NAME=EXPR");
   run->add_option("--filter", options.filters, "an argument of SetFilter")
-      ->expected(1)
+      ->allow_extra_args(false)
       ->option_text("NAME=VALUE");
   run->add_option("--rowset", options.rowsets, "a rowset argument, from the same books")
-      ->expected(1)
+      ->allow_extra_args(false)
       ->option_text("NAME=SELECT");
   run->add_flag("--cancel", options.cancel, "set CancelFetching before the call");
   run->add_flag("--events", options.events, "with json: the events in order");

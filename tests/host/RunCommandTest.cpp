@@ -106,6 +106,15 @@ TEST_F(Run, AnAliasShowsAnotherColumn) {
   EXPECT_EQ(rows.at(0).at(0), "Jayant Hegde !");
 }
 
+TEST_F(Run, SettingsAreRepeatedAndStandBeforeTheArguments) {
+  const Finished finished =
+      Stolvane({"run", "--books", Books(), "--alias", "taLedger=LedgerNames1.Ledger_id", "--alias",
+                "taItem=Items1.PartNo", "--filter", "OptNo=1", "--filter", "btTypeOfentry=1",
+                "LedgersByCode", "bytYearno=1", "sCode=41", "--format", "json"});
+  ASSERT_EQ(finished.status, 0) << finished.err;
+  EXPECT_EQ(json::parse(finished.out).at("rows"), json::parse("[[3, 3]]"));
+}
+
 TEST_F(Run, AFilterReachesTheStockStatements) {
   const auto inwards = [](const Words& filter) {
     Words words = {"run",
