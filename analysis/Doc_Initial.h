@@ -9,7 +9,7 @@
 
 namespace pstolvane1 {
 
-struct Doc_InitialArguments {
+struct DocumentListArguments {
   std::int32_t lngVouchertype_id = 0;
   std::string_view from, to;  // as SqlDateText
   float gScale = 1;
@@ -18,7 +18,7 @@ struct Doc_InitialArguments {
 };
 
 // One row a ledger, by name: amount (already divided by the scale), ledger_id, ledgername.
-[[nodiscard]] std::string ComposeDoc_Initial(const Doc_InitialArguments& arguments);
+[[nodiscard]] std::string ComposeDoc_Initial(const DocumentListArguments& arguments);
 
 // The ledgers of rsReport, a rule and a total.
 [[nodiscard]] RecordsetPtr mDoc_Initial(ReportFrame& frame);

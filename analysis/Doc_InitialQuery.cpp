@@ -21,7 +21,7 @@ constexpr std::string_view kTypeOfLine =
     "INNER JOIN VOUCHER1 ON VOUCHER1.VOUCHER_ID = VOUCHERDETAILS1.VOUCHER_ID "
     "INNER JOIN VOUCHERTYPE1 ON VOUCHERTYPE1.VOUCHERTYPE_ID = VOUCHER1.VOUCHERTYPE_ID ";
 
-std::string TypeClause(const Doc_InitialArguments& arguments) {
+std::string TypeClause(const DocumentListArguments& arguments) {
   const std::int32_t id = arguments.lngVouchertype_id;
   std::string clause;
   if (id == kJobCard) {
@@ -38,7 +38,7 @@ std::string TypeClause(const Doc_InitialArguments& arguments) {
 }
 
 // Uncleared items of the bank ledgers.
-std::string ComposeUncleared(const Doc_InitialArguments& arguments, const std::string& scale) {
+std::string ComposeUncleared(const DocumentListArguments& arguments, const std::string& scale) {
   return fmt::format(
       "SELECT SUM(CREDITAMT+DEBITAMT)/{}  as AMOUNT ,  {}FROM VOUCHERDETAILS1 {}"
       "INNER JOIN SUBGROUPNAME1 ON SUBGROUPNAME1.SUBGROUP_ID = LEDGERNAMES1.SUBGROUP_ID {}"
@@ -51,7 +51,7 @@ std::string ComposeUncleared(const Doc_InitialArguments& arguments, const std::s
       scale, kLedger, kLedgerOfLine, kTypeOfLine, arguments.from, arguments.to, kByLedger);
 }
 
-std::string ComposeReceived(const Doc_InitialArguments& arguments, const std::string& scale) {
+std::string ComposeReceived(const DocumentListArguments& arguments, const std::string& scale) {
   return fmt::format(
       "SELECT SUM(CREDITAMT)/{}  as AMOUNT ,  {}FROM VOUCHERDETAILS1 {}{} Where {}"
       " and  [VHRDETAILDATE] BETWEEN #{}# AND #{}# AND  "
@@ -61,7 +61,7 @@ std::string ComposeReceived(const Doc_InitialArguments& arguments, const std::st
       arguments.to, kByLedger);
 }
 
-std::string ComposeDocuments(const Doc_InitialArguments& arguments, const std::string& scale) {
+std::string ComposeDocuments(const DocumentListArguments& arguments, const std::string& scale) {
   return fmt::format(
       "SELECT SUM(DESR1.TOTALAMOUNT)/{}  as AMOUNT , {}FROM (DESR1 "
       "INNER JOIN VOUCHERTYPE1 ON VOUCHERTYPE1.VOUCHERTYPE_ID = DESR1.VOUCHERTYPE_ID) "
@@ -75,7 +75,7 @@ std::string ComposeDocuments(const Doc_InitialArguments& arguments, const std::s
 
 }  // namespace
 
-std::string ComposeDoc_Initial(const Doc_InitialArguments& arguments) {
+std::string ComposeDoc_Initial(const DocumentListArguments& arguments) {
   const std::string scale = SingleText(arguments.gScale);
   switch (arguments.lngVouchertype_id) {
     case kUncleared:

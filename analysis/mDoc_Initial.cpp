@@ -12,6 +12,8 @@ constexpr ReportColumn kColumns[] = {
     NumberTwin("DummySort"),
 };
 
+consteval ColumnHandle At(std::string_view name) { return PlaceOf(kColumns, name); }
+
 enum LineClass { kDetailLine = 1, kRuleLine = 2, kTotalLine = 3 };
 
 }  // namespace
@@ -23,33 +25,26 @@ RecordsetPtr mDoc_Initial(ReportFrame& frame) {
   const ColumnHandle money = source->Column("Amount");
 
   ReportWriter writer(kColumns);
-  const ColumnHandle ledger = writer.Column("Ledger");
-  const ColumnHandle ledger_sort = writer.Column("LedgerSort");
-  const ColumnHandle ledger_id = writer.Column("Ledger_Id");
-  const ColumnHandle amount = writer.Column("Amount");
-  const ColumnHandle amount_sort = writer.Column("AmountSort");
-  const ColumnHandle total_line = writer.Column("TotalLine");
-
   Currency total;
   ForEachSourceRow(frame, *source, [&] {
+    const Variant amount = source->Value(money);
     writer.AddLine(kDetailLine);
-    writer.Value(ledger, source->Value(name));
-    writer.Value(ledger_sort, source->Value(name));
-    writer.Value(ledger_id, source->Value(id));
-    const Variant value = source->Value(money);
-    writer.Text(amount, FormatCurrencyText(frame.Texts(), value));
-    writer.Value(amount_sort, value);
-    total += value.ToCurrency();
+    writer.Value(At("Ledger"), source->Value(name));
+    writer.Value(At("LedgerSort"), source->Value(name));
+    writer.Value(At("Ledger_Id"), source->Value(id));
+    writer.Text(At("Amount"), FormatCurrencyText(frame.Texts(), amount));
+    writer.Value(At("AmountSort"), amount);
     writer.EndLine();
+    total += amount.ToCurrency();
   });
 
   const std::string rule = RuleText(90);
   writer.AddLine(kRuleLine);
-  writer.Text(total_line, rule);
+  writer.Text(At("TotalLine"), rule);
   writer.AddLine(kTotalLine);
-  writer.Text(ledger, "Total");
-  writer.Text(amount, FormatCurrencyText(frame.Texts(), total));
-  writer.Text(total_line, rule);
+  writer.Text(At("Ledger"), "Total");
+  writer.Text(At("Amount"), FormatCurrencyText(frame.Texts(), total));
+  writer.Text(At("TotalLine"), rule);
   return writer.Finish()->Clone(adLockUnspecified);
 }
 

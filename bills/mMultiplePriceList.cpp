@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "bills/MultiplePriceList.h"
@@ -36,45 +37,42 @@ constexpr ReportColumn kColumns[] = {
     NumberTwin("DummySort"),
 };
 
-struct Price {
-  ColumnHandle source, shown, twin;
-};
+consteval ColumnHandle At(std::string_view name) { return PlaceOf(kColumns, name); }
 
-std::array<Price, 6> PricesOf(const Recordset& source, const ReportWriter& writer) {
-  std::array<Price, 6> prices{};
-  for (std::size_t i = 0; i < prices.size(); ++i) {
-    const std::string number = std::to_string(i + 1);
-    const std::string name = i == 0 ? "Price" : "Price" + number;
-    prices[i] = {source.Column("Price" + number), writer.Column(name),
-                 writer.Column(name + "Sort")};
-  }
-  return prices;
-}
+struct Price {
+  std::string_view source;
+  ColumnHandle shown, twin;
+};
+constexpr std::array<Price, 6> kPrices = {{
+    {"Price1", At("Price"), At("PriceSort")},
+    {"Price2", At("Price2"), At("Price2Sort")},
+    {"Price3", At("Price3"), At("Price3Sort")},
+    {"Price4", At("Price4"), At("Price4Sort")},
+    {"Price5", At("Price5"), At("Price5Sort")},
+    {"Price6", At("Price6"), At("Price6Sort")},
+}};
 
 }  // namespace
 
 RecordsetPtr mMultiplePriceList(ReportFrame& frame) {
   const RecordsetPtr source = frame.Rowset(Source::rsReport);
   const ColumnHandle name = source->Column("itemname");
+  std::array<ColumnHandle, kPrices.size()> prices{};
+  std::ranges::transform(kPrices, prices.begin(),
+                         [&](const Price& price) { return source->Column(price.source); });
 
   ReportWriter writer(kColumns);
-  const std::array<Price, 6> prices = PricesOf(*source, writer);
-  const ColumnHandle number = writer.Column("SrNo");
-  const ColumnHandle number_sort = writer.Column("SrNoSort");
-  const ColumnHandle item = writer.Column("ItemName");
-  const ColumnHandle item_sort = writer.Column("itemnameSort");
-
-  std::int32_t line = 0;
+  std::int32_t number = 0;
   ForEachSourceRow(frame, *source, [&] {
     writer.AddLine(1);
-    writer.Value(number, ++line);
-    writer.Value(number_sort, line);
-    writer.Value(item, source->Value(name));
-    writer.Value(item_sort, source->Value(name));
-    for (const Price& price : prices) {
-      const std::string text = FormatCurrencyText(frame.Texts(), source->Value(price.source));
-      writer.Text(price.shown, text);
-      writer.Text(price.twin, text);
+    writer.Value(At("SrNo"), ++number);
+    writer.Value(At("SrNoSort"), number);
+    writer.Value(At("ItemName"), source->Value(name));
+    writer.Value(At("itemnameSort"), source->Value(name));
+    for (std::size_t i = 0; i < kPrices.size(); ++i) {
+      const std::string text = FormatCurrencyText(frame.Texts(), source->Value(prices[i]));
+      writer.Text(kPrices[i].shown, text);
+      writer.Text(kPrices[i].twin, text);
     }
     writer.EndLine();
   });

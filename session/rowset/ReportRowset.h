@@ -1,6 +1,7 @@
 // The columns of a report rowset: what kinds there are, and how a table of them becomes a rowset.
 #pragma once
 
+#include <algorithm>
 #include <span>
 #include <string_view>
 
@@ -46,6 +47,17 @@ struct ReportColumn {
 // Money that some lists keep as text, so that it sorts as text.
 [[nodiscard]] constexpr ReportColumn MoneyTextTwin(std::string_view name) {
   return {name, adVarChar, 255, 6};
+}
+
+// Where a layout has a column, in any case. A name that the layout has not does not compile.
+consteval ColumnHandle PlaceOf(std::span<const ReportColumn> columns, std::string_view name) {
+  const auto lower = [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+  for (std::size_t place = 0; place < columns.size(); ++place) {
+    if (std::ranges::equal(columns[place].name, name, {}, lower, lower)) {
+      return ColumnHandle{static_cast<int>(place)};
+    }
+  }
+  throw "the layout has no such column";
 }
 
 // An open, empty rowset with these columns.

@@ -13,29 +13,32 @@ const std::string kSelect =
     "inner join itemclass1 on itemClass1.itemClass_id = items1.itemclass_id inner join "
     "itemcategory1 on itemcategory1.itemcategory_id = items1.itemcategory_id  ";
 
+const std::string kOrder = "  ORDER BY  items1.item_id,items1.itemname ";
+
 TEST(ComposeMultiplePriceList, OfACategoryAClassAndAnItemState) {
   EXPECT_EQ(ComposeMultiplePriceList(4, 7, "1", "Items1.ConsiderForSih = 1"),
             kSelect +
                 "Where ItemCategory1.ItemCategory_id = 4and ItemClass1.ItemClass_id = 7 and "
-                "ItemState= 1 and Items1.ConsiderForSih = 1  ORDER BY  items1.item_id,"
-                "items1.itemname ");
+                "ItemState= 1 and Items1.ConsiderForSih = 1" +
+                kOrder);
 }
 
 TEST(ComposeMultiplePriceList, ItemStates1And2AddNoClause) {
   EXPECT_EQ(ComposeMultiplePriceList(4, -1, "1,2", "X = 1"),
-            ComposeMultiplePriceList(4, -1, "", "X = 1"));
+            kSelect + "Where ItemCategory1.ItemCategory_id = 4 and X = 1" + kOrder);
+  EXPECT_EQ(ComposeMultiplePriceList(4, -1, "", "X = 1"),
+            ComposeMultiplePriceList(4, -1, "1,2", "X = 1"));
 }
 
-TEST(ComposeMultiplePriceList, WithoutACategoryTheClausesHaveNoWhere) {
-  EXPECT_EQ(ComposeMultiplePriceList(-1, -1, "", "X = 1"),
-            kSelect + " and X = 1  ORDER BY  items1.item_id,items1.itemname ");
+TEST(ComposeMultiplePriceList, CategoryMinus1LeavesTheClausesWithoutWhere) {
+  EXPECT_EQ(ComposeMultiplePriceList(-1, -1, "", "X = 1"), kSelect + " and X = 1" + kOrder);
+  EXPECT_EQ(ComposeMultiplePriceList(-1, 7, "2", "X = 1"),
+            kSelect + "and ItemClass1.ItemClass_id = 7 and ItemState= 2 and X = 1" + kOrder);
 }
 
 TEST(ComposeMultiplePriceList, AnEmptyConditionLeavesADanglingAnd) {
   EXPECT_EQ(ComposeMultiplePriceList(4, -1, "", ""),
-            kSelect +
-                "Where ItemCategory1.ItemCategory_id = 4 and   ORDER BY  items1.item_id,"
-                "items1.itemname ");
+            kSelect + "Where ItemCategory1.ItemCategory_id = 4 and " + kOrder);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <ostream>
 
 #include "Call.h"
 #include "CaseFile.h"
@@ -19,6 +20,10 @@ struct Setup {
   std::string file;  // relative to the folder of the cases
   Path path;
 };
+
+void PrintTo(const Setup& setup, std::ostream* out) {
+  *out << setup.file << (setup.path == Path::kSynchronous ? ", at once" : ", fetched");
+}
 
 std::vector<Setup> AllSetups() {
   std::vector<std::string> files;

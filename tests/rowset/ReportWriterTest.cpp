@@ -30,6 +30,14 @@ TEST(NewReportRowset, HasTheColumnsInTheirOrderWithTypeSizeAndAttributes) {
   }
 }
 
+TEST(PlaceOf, FindsAColumnInAnyCaseWhenItIsCompiled) {
+  static constexpr ReportColumn kLayout[] = {Display("Price"), MoneyTextTwin("PriceSOrt")};
+  static_assert(PlaceOf(kLayout, "Price") == ColumnHandle{0});
+  static_assert(PlaceOf(kLayout, "pricesort") == ColumnHandle{1});
+  const RecordsetPtr rowset = NewReportRowset(kLayout);
+  EXPECT_EQ(PlaceOf(kLayout, "PriceSort"), rowset->Column("PriceSort"));
+}
+
 TEST(ReportWriter, CellsThatALineDoesNotWriteAreNull) {
   ReportWriter writer(kColumns);
   writer.AddLine(1);

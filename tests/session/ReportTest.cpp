@@ -394,14 +394,30 @@ TEST_F(ReportTest, LedgersByCodeGivesTheConditionBackToTheCaller) {
   EXPECT_EQ(ledgers->Collect("Id"), Variant(7));
 }
 
-TEST_F(ReportTest, ANullPriceFailsThePriceListOnBothPaths) {
+// One item with the same price five times, and a sixth.
+FakeTable PriceOf(const std::string& item, Currency price, const Variant& sixth) {
   std::vector<ColumnInfo> columns = {{.name = "itemname", .type = adVarChar}};
   for (int i = 1; i <= 6; ++i) {
     columns.push_back({.name = "price" + std::to_string(i), .type = adCurrency});
   }
+  return {.columns = columns, .rows = {{item, price, price, price, price, price, sixth}}};
+}
+
+TEST_F(ReportTest, TheScaleOfAnotherReportPlaysNoPartInThePriceList) {
+  const Currency price = Currency::FromTenThousandths(12505000);
+  books->Answer("from pricelistdiscount1", PriceOf("Chain", price, price));
+  Connect();
+  const Date day = Date::FromYmd(2004, 1, 1);
+  (void)session->Doc_Initial(3, 10, day, day, True, 1000);
+  ASSERT_EQ(module.sngScale, 1000.0F);
+  const RecordsetPtr list = session->MultiplePriceList(3, day, day, 1, 4, -1, True, "", "1 = 1");
+  EXPECT_EQ(list->Collect("Price"), Variant("₹1,250.50"));
+  EXPECT_EQ(list->Collect("Price6Sort"), Variant("₹1,250.50"));
+}
+
+TEST_F(ReportTest, ANullPriceFailsThePriceListOnBothPaths) {
   const Currency one = Currency::FromTenThousandths(10000);
-  books->Answer("from pricelistdiscount1",
-                {.columns = columns, .rows = {{"Chain", one, one, one, one, one, Null}}});
+  books->Answer("from pricelistdiscount1", PriceOf("Chain", one, Null));
   Connect();
   const Date day = Date::FromYmd(2004, 1, 1);
   try {
