@@ -1,6 +1,10 @@
-// The texts that the front end is tested with are those that the reports send.
+// The texts that the front end is tested with are those that the reports send, to the last blank.
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 #include "analysis/Doc_Initial.h"
 #include "analysis/LedgersByCode.h"
@@ -11,22 +15,20 @@
 namespace pstolvane1 {
 namespace {
 
-// The file's text behind its comment, without the blanks at its ends.
-std::string Sent(const std::string& file) {
-  std::ifstream in(std::string(PST_SOURCE_DIR "/tests/queries/") + file);
-  EXPECT_TRUE(in) << file;
-  std::string comment, text;
-  std::getline(in, comment);
-  std::getline(in, text);
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string::npos ? std::string()
-                                    : text.substr(first, text.find_last_not_of(' ') + 1 - first);
-}
+const std::string kQueries = PST_SOURCE_DIR "/tests/queries/";
 
-std::string Trimmed(const std::string& composed, const typAliases& aliases = {}) {
-  const std::string text = NormaliseQueryText(composed, aliases);
-  const std::size_t first = text.find_first_not_of(' ');
-  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+struct SentText {
+  std::string file;  // below the folder of the queries
+  std::string composed;
+  typAliases aliases;
+};
+
+// The last line of the file; above it stand its comments.
+std::string TextOf(const std::string& file) {
+  std::ifstream in(kQueries + file);
+  std::string text;
+  for (std::string line; std::getline(in, line);) text = line;
+  return text;
 }
 
 std::string Documents(std::int32_t id, float scale = 1, bool no_rel = false,
@@ -39,45 +41,83 @@ std::string Documents(std::int32_t id, float scale = 1, bool no_rel = false,
                              .strBillFilter = bill_filter});
 }
 
-TEST(QueryCorpus, HoldsTheTextsOfDoc_Initial) {
-  EXPECT_EQ(Trimmed(Documents(10)), Sent("analysis/Doc_Initial.sql"));
-  EXPECT_EQ(Trimmed(Documents(10, 1, true)), Sent("analysis/Doc_Initial_this_type.sql"));
-  EXPECT_EQ(
-      Trimmed(Documents(10, 1000, false, "Desr1.TotalAmount > 5000 and Desr1.Date > #06/30/2003#")),
-      Sent("analysis/Doc_Initial_bill_filter.sql"));
-  EXPECT_EQ(Trimmed(Documents(43)), Sent("analysis/Doc_Initial_job_cards.sql"));
-  EXPECT_EQ(Trimmed(Documents(43, 0.5F, false, "Desr1.IsJobCard = -1")),
-            Sent("analysis/Doc_Initial_job_cards_filter.sql"));
-  EXPECT_EQ(Trimmed(Documents(9)), Sent("analysis/Doc_Initial_receipts.sql"));
-  EXPECT_EQ(Trimmed(Documents(9, 100, true, "VoucherDetails1.CreditAmt > 100")),
-            Sent("analysis/Doc_Initial_receipts_filter.sql"));
-  EXPECT_EQ(Trimmed(Documents(5)), Sent("analysis/Doc_Initial_uncleared.sql"));
-  EXPECT_EQ(
-      Trimmed(Documents(10), {.taLedger = "LedgerNames1.LedgerName + ' ' + LedgerNames1.Pin"}),
-      Sent("analysis/Doc_Initial_alias.sql"));
+std::string Prices(std::int32_t category, std::int32_t item_class, std::string_view state,
+                   std::string_view condition = "ConsiderForSih = 1") {
+  return ComposeMultiplePriceList(category, item_class, state, condition);
 }
 
-TEST(QueryCorpus, HoldsTheTextsOfLedgersByCode) {
-  EXPECT_EQ(Trimmed(ComposeLedgersByCode(2, CodeCondition("1,41"))),
-            Sent("analysis/LedgersByCode.sql"));
-  EXPECT_EQ(Trimmed(ComposeLedgersByCode(2, CodeCondition(""))),
-            Sent("analysis/LedgersByCode_all.sql"));
+std::vector<SentText> SentTexts() {
+  const auto documents = [](std::string_view condition) {
+    return ComposePOrderTextQuery(condition);
+  };
+  return {
+      {"analysis/Doc_Initial.sql", Documents(10), {}},
+      {"analysis/Doc_Initial_this_type.sql", Documents(10, 1, true), {}},
+      {"analysis/Doc_Initial_bill_filter.sql",
+       Documents(10, 1000, false, "Desr1.TotalAmount > 5000 and Desr1.Date > #06/30/2003#"),
+       {}},
+      {"analysis/Doc_Initial_job_cards.sql", Documents(43), {}},
+      {"analysis/Doc_Initial_job_cards_filter.sql",
+       Documents(43, 0.5F, false, "Desr1.IsJobCard = -1"),
+       {}},
+      {"analysis/Doc_Initial_receipts.sql", Documents(9), {}},
+      {"analysis/Doc_Initial_receipts_filter.sql",
+       Documents(9, 100, true, "VoucherDetails1.CreditAmt > 100"),
+       {}},
+      {"analysis/Doc_Initial_uncleared.sql", Documents(5), {}},
+      {"analysis/Doc_Initial_alias.sql",
+       Documents(10),
+       {.taLedger = "LedgerNames1.LedgerName + ' ' + LedgerNames1.Pin"}},
+      {"analysis/LedgersByCode.sql", ComposeLedgersByCode(2, CodeCondition("1,41")), {}},
+      {"analysis/LedgersByCode_all.sql", ComposeLedgersByCode(2, CodeCondition("")), {}},
+      {"bills/MultiplePriceList.sql", Prices(4, -1, "1,2"), {}},
+      {"bills/MultiplePriceList_alias.sql", Prices(4, -1, ""), {.taItem = "Items1.ItemPartNo"}},
+      {"bills/MultiplePriceList_class.sql", Prices(4, 2, ""), {}},
+      {"bills/MultiplePriceList_class_state.sql", Prices(4, 2, "2"), {}},
+      {"bills/MultiplePriceList_no_category.sql",
+       Prices(-1, -1, "", "Items1.ConsiderForSih = True"),
+       {}},
+      {"bills/MultiplePriceList_no_category_class.sql", Prices(-1, 2, ""), {}},
+      {"bills/MultiplePriceList_state.sql", Prices(4, -1, "1"), {}},
+      {"refused/MultiplePriceList_no_condition.sql", Prices(4, -1, "", ""), {}},
+      {"refused/MultiplePriceList_no_condition_class.sql", Prices(4, 2, "", ""), {}},
+      {"refused/MultiplePriceList_no_condition_no_category.sql", Prices(-1, -1, "", ""), {}},
+      {"session/POrderTextQuery.sql", documents(""), {}},
+      {"session/POrderTextQuery_dated.sql",
+       documents("Desr1.Date >= #04/01/2004# And Desr1.Vouchertype_id = 12 And Desr1.Deleted = "
+                 "False"),
+       {}},
+      {"session/POrderTextQuery_item_alias.sql",
+       documents("Desr1.Optional = 0"),
+       {.taItem = "Items1.ItemName + ' (' + Items1.ItemPartNo + ')'"}},
+      {"session/POrderTextQuery_like.sql",
+       documents("Desr1.Prefix Like 'PO%' And Not (Desr1.[Narration] Is Null) And "
+                 "DesrDetails1.Item_id In (1,2,3) And DesrDetails1.Price Between 1.5 And 99.75"),
+       {}},
+      {"session/POrderTextQuery_user_text.sql",
+       documents("Desr1.Narration <> 'It''s True -1'"),
+       {}},
+  };
 }
 
-TEST(QueryCorpus, HoldsTheTextsOfPOrderTextQuery) {
-  EXPECT_EQ(Trimmed(ComposePOrderTextQuery("")), Sent("session/POrderTextQuery.sql"));
-  EXPECT_EQ(Trimmed(ComposePOrderTextQuery(
-                "Desr1.Date >= #04/01/2004# And Desr1.Vouchertype_id = 12 And Desr1.Deleted = "
-                "False")),
-            Sent("session/POrderTextQuery_dated.sql"));
+TEST(QueryCorpus, HoldsTheTextsOfTheListReportsAsTheyAreSent) {
+  for (const SentText& sent : SentTexts()) {
+    EXPECT_EQ(NormaliseQueryText(sent.composed, sent.aliases), TextOf(sent.file)) << sent.file;
+  }
 }
 
-TEST(QueryCorpus, HoldsTheTextsOfMultiplePriceList) {
-  const std::string condition = "ConsiderForSih = 1";
-  EXPECT_EQ(Trimmed(ComposeMultiplePriceList(4, -1, "", condition)),
-            Sent("bills/MultiplePriceList.sql"));
-  EXPECT_EQ(Trimmed(ComposeMultiplePriceList(4, 2, "", condition)),
-            Sent("bills/MultiplePriceList_class.sql"));
+TEST(QueryCorpus, HoldsNoTextOfTheListReportsThatTheyDoNotSend) {
+  const std::vector<SentText> sent = SentTexts();
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(kQueries)) {
+    const std::string name = entry.path().filename().string();
+    const bool of_these = name.starts_with("Doc_Initial") || name.starts_with("LedgersByCode") ||
+                          name.starts_with("MultiplePriceList") ||
+                          name.starts_with("POrderTextQuery");
+    if (!of_these) continue;
+    const std::string file = entry.path().lexically_relative(kQueries).string();
+    EXPECT_TRUE(std::ranges::any_of(sent, [&](const SentText& s) { return s.file == file; }))
+        << file;
+  }
 }
 
 }  // namespace
