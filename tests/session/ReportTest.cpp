@@ -415,6 +415,27 @@ TEST_F(ReportTest, TheScaleOfAnotherReportPlaysNoPartInThePriceList) {
   EXPECT_EQ(list->Collect("Price6Sort"), Variant("₹1,250.50"));
 }
 
+TEST_F(ReportTest, ThePriceListsTwinsAreTexts) {
+  books->Answer("from pricelistdiscount1", PriceOf("Chain", Currency(), Currency()));
+  Connect();
+  const Date day = Date::FromYmd(2004, 1, 1);
+  const RecordsetPtr list = session->MultiplePriceList(3, day, day, 1, 4, -1, True, "", "1 = 1");
+  const auto attributes = [&](const char* name) {
+    const Field field = list->Fields()(name);
+    EXPECT_EQ(field.Type(), adVarChar) << name;
+    EXPECT_EQ(field.DefinedSize(), 255) << name;
+    return field.Attributes();
+  };
+  for (const char* name :
+       {"PriceSort", "Price2Sort", "Price3Sort", "Price4Sort", "Price5Sort", "Price6Sort"}) {
+    EXPECT_EQ(attributes(name), 6) << name;
+  }
+  for (const char* name :
+       {"SrNoSort", "itemnameSort", "CategoryNameSort", "ClassNameSort", "PartNoSort"}) {
+    EXPECT_EQ(attributes(name), adFldIsNullable) << name;
+  }
+}
+
 TEST_F(ReportTest, ANullPriceFailsThePriceListOnBothPaths) {
   const Currency one = Currency::FromTenThousandths(10000);
   books->Answer("from pricelistdiscount1", PriceOf("Chain", one, Null));
