@@ -1,15 +1,15 @@
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "bills/MultiplePriceList.h"
 #include "session/RowLoop.h"
-#include "session/rowset/DisplayText.h"
 #include "session/rowset/ReportWriter.h"
 
 namespace pstolvane1 {
 namespace {
 
-constexpr ReportColumn kColumns[] = {
+constexpr ReportLayout kColumns = {
     Key("SrNo"),
     Display("ItemName"),
     Display("Categoryname"),
@@ -37,42 +37,34 @@ constexpr ReportColumn kColumns[] = {
     NumberTwin("DummySort"),
 };
 
-consteval ColumnHandle At(std::string_view name) { return PlaceOf(kColumns, name); }
-
-struct Price {
+struct PriceColumns {
   std::string_view source;
-  ColumnHandle shown, twin;
+  TwinnedColumn shown;
 };
-constexpr std::array<Price, 6> kPrices = {{
-    {"Price1", At("Price"), At("PriceSort")},
-    {"Price2", At("Price2"), At("Price2Sort")},
-    {"Price3", At("Price3"), At("Price3Sort")},
-    {"Price4", At("Price4"), At("Price4Sort")},
-    {"Price5", At("Price5"), At("Price5Sort")},
-    {"Price6", At("Price6"), At("Price6Sort")},
-}};
+constexpr PriceColumns kPrices[] = {
+    {"Price1", kColumns.Twinned("Price")},  {"Price2", kColumns.Twinned("Price2")},
+    {"Price3", kColumns.Twinned("Price3")}, {"Price4", kColumns.Twinned("Price4")},
+    {"Price5", kColumns.Twinned("Price5")}, {"Price6", kColumns.Twinned("Price6")},
+};
 
 }  // namespace
 
 RecordsetPtr mMultiplePriceList(ReportFrame& frame) {
   const RecordsetPtr source = frame.Rowset(Source::rsReport);
   const ColumnHandle name = source->Column("itemname");
-  std::array<ColumnHandle, kPrices.size()> prices{};
+  std::array<ColumnHandle, std::size(kPrices)> prices{};
   std::ranges::transform(kPrices, prices.begin(),
-                         [&](const Price& price) { return source->Column(price.source); });
+                         [&](const PriceColumns& price) { return source->Column(price.source); });
 
-  ReportWriter writer(kColumns);
+  ReportWriter writer(kColumns, frame.Texts());
   std::int32_t number = 0;
   ForEachSourceRow(frame, *source, [&] {
     writer.AddLine(1);
-    writer.Value(At("SrNo"), ++number);
-    writer.Value(At("SrNoSort"), number);
-    writer.Value(At("ItemName"), source->Value(name));
-    writer.Value(At("itemnameSort"), source->Value(name));
-    for (std::size_t i = 0; i < kPrices.size(); ++i) {
-      const std::string text = FormatCurrencyText(frame.Texts(), source->Value(prices[i]));
-      writer.Text(kPrices[i].shown, text);
-      writer.Text(kPrices[i].twin, text);
+    writer.Value(kColumns.Twinned("SrNo"), ++number);
+    writer.Value(kColumns.Twinned("ItemName"), source->Value(name));
+    for (std::size_t i = 0; i < prices.size(); ++i) {
+      // The twin holds the text as well, so that the list sorts by it; that is meant.
+      writer.Text(kPrices[i].shown, writer.MoneyText(source->Value(prices[i])));
     }
     writer.EndLine();
   });

@@ -14,7 +14,7 @@ StockWriter::StockWriter(ReportFrame& frame, bool blnItemLines)
     : locale_(frame.Texts()),
       scale_(static_cast<double>(frame.module.sngScale)),
       alternate_(frame.module.blnAltUom),
-      lines_(mStock_Columns(blnItemLines)),
+      lines_(mStock_Columns(blnItemLines), locale_),
       columns_(lines_, blnItemLines) {}
 
 void StockWriter::WriteFigures(const StockFigures& figures, const StockUnits* units,

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -49,16 +51,45 @@ struct ReportColumn {
   return {name, adVarChar, 255, 6};
 }
 
-// Where a layout has a column, in any case. A name that the layout has not does not compile.
-consteval ColumnHandle PlaceOf(std::span<const ReportColumn> columns, std::string_view name) {
-  const auto lower = [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  for (std::size_t place = 0; place < columns.size(); ++place) {
-    if (std::ranges::equal(columns[place].name, name, {}, lower, lower)) {
-      return ColumnHandle{static_cast<int>(place)};
-    }
+// A shown column and its twin.
+struct TwinnedColumn {
+  ColumnHandle shown;
+  ColumnHandle twin;
+};
+
+// A layout as a constant: "constexpr ReportLayout kColumns = {Display("Ledger"), ...};". Its
+// columns are found by name, in any case, while the report is compiled; a name that it has not does
+// not compile.
+template <std::size_t kCount>
+struct ReportLayout {
+  std::array<ReportColumn, kCount> columns;
+
+  [[nodiscard]] consteval ColumnHandle At(std::string_view name) const { return Find(name, ""); }
+  // The column, and the one with "Sort" behind its name.
+  [[nodiscard]] consteval TwinnedColumn Twinned(std::string_view name) const {
+    return {Find(name, ""), Find(name, "sort")};
   }
-  throw "the layout has no such column";
-}
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  constexpr operator std::span<const ReportColumn>() const { return columns; }
+
+ private:
+  static constexpr bool Same(std::string_view a, std::string_view b) {
+    const auto lower = [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return std::ranges::equal(a, b, {}, lower, lower);
+  }
+  [[nodiscard]] consteval ColumnHandle Find(std::string_view name, std::string_view suffix) const {
+    for (std::size_t place = 0; place < kCount; ++place) {
+      const std::string_view column = columns[place].name;
+      if (column.size() == name.size() + suffix.size() &&
+          Same(column.substr(0, name.size()), name) && Same(column.substr(name.size()), suffix)) {
+        return ColumnHandle{static_cast<int>(place)};
+      }
+    }
+    throw "the layout has no such column";
+  }
+};
+template <typename... Columns>
+ReportLayout(Columns...) -> ReportLayout<sizeof...(Columns)>;
 
 // An open, empty rowset with these columns.
 [[nodiscard]] RecordsetPtr NewReportRowset(std::span<const ReportColumn> columns);

@@ -2,6 +2,8 @@
 
 #include <cctype>
 
+#include "session/rowset/DisplayText.h"
+
 namespace pstolvane1 {
 namespace {
 
@@ -17,8 +19,10 @@ bool EndsInSort(std::string_view name) {
 
 }  // namespace
 
-ReportWriter::ReportWriter(std::span<const ReportColumn> columns)
-    : rowset_(NewReportRowset(columns)), has_dummy_sort_(rowset_->HasColumn("DummySort")) {
+ReportWriter::ReportWriter(std::span<const ReportColumn> columns, const Locale& locale)
+    : rowset_(NewReportRowset(columns)),
+      locale_(locale),
+      has_dummy_sort_(rowset_->HasColumn("DummySort")) {
   if (has_dummy_sort_) dummy_sort_ = rowset_->Column("DummySort");
   for (const ReportColumn& column : columns) {
     const ColumnHandle place = rowset_->Column(column.name);
@@ -54,6 +58,25 @@ void ReportWriter::ReturnTo(Bookmark line) {
 void ReportWriter::EndLine() {
   if (in_line_) rowset_->Update();
   in_line_ = false;
+}
+
+void ReportWriter::Text(TwinnedColumn column, std::string_view text) {
+  Text(column.shown, text);
+  Text(column.twin, text);
+}
+
+void ReportWriter::Value(TwinnedColumn column, const Variant& value) {
+  Value(column.shown, value);
+  Value(column.twin, value);
+}
+
+std::string ReportWriter::MoneyText(const Variant& amount) const {
+  return FormatCurrencyText(locale_, amount);
+}
+
+void ReportWriter::Money(TwinnedColumn column, const Variant& amount) {
+  Money(column.shown, amount);
+  Value(column.twin, amount);
 }
 
 RecordsetPtr ReportWriter::Finish() {

@@ -7,15 +7,17 @@
 #include <string_view>
 #include <vector>
 
+#include "session/rowset/Locale.h"
 #include "session/rowset/ReportRowset.h"
 
 namespace pstolvane1 {
 
-// Belongs to one row builder. Cells that a line does not write stay Null. A layout without a
-// DummySort column has none written.
+// Belongs to one row builder. Cells that a line does not write stay Null, and so does a cell whose
+// value is Null. A layout without a DummySort column has none written. Money is shown in the
+// locale, which must outlive the writer.
 class ReportWriter {
  public:
-  explicit ReportWriter(std::span<const ReportColumn> columns);
+  ReportWriter(std::span<const ReportColumn> columns, const Locale& locale);
 
   // A column's place, for the loop. Any case; error 3265.
   [[nodiscard]] ColumnHandle Column(std::string_view name) const { return rowset_->Column(name); }
@@ -39,12 +41,22 @@ class ReportWriter {
 
   void Text(ColumnHandle column, std::string_view text) { rowset_->SetText(column, text); }
   void Value(ColumnHandle column, const Variant& value) { rowset_->Set(column, value); }
+  // The same in both.
+  void Text(TwinnedColumn column, std::string_view text);
+  void Value(TwinnedColumn column, const Variant& value);
+
+  // Zero is shown as well. Error 94 for Null, 13 for what is no number.
+  [[nodiscard]] std::string MoneyText(const Variant& amount) const;
+  void Money(ColumnHandle column, const Variant& amount) { Text(column, MoneyText(amount)); }
+  // The twin holds the amount itself.
+  void Money(TwinnedColumn column, const Variant& amount);
 
   // The finished rowset, at its first row. The writer takes no lines after it.
   [[nodiscard]] RecordsetPtr Finish();
 
  private:
   RecordsetPtr rowset_;
+  const Locale& locale_;
   std::vector<ColumnHandle> twins_;
   bool has_dummy_sort_;
   ColumnHandle dummy_sort_{};

@@ -1,9 +1,15 @@
 #include <gtest/gtest.h>
 
+#include "session/data/Error.h"
 #include "session/rowset/ReportWriter.h"
 
 namespace pstolvane1 {
 namespace {
+
+const Locale& India() {
+  static const std::shared_ptr<const Locale> locale = Locale::Get("en_IN");
+  return *locale;
+}
 
 constexpr ReportColumn kColumns[] = {
     Display("Item"),         Display("Amount"),    Key("Item_Id", adBigInt),
@@ -30,16 +36,57 @@ TEST(NewReportRowset, HasTheColumnsInTheirOrderWithTypeSizeAndAttributes) {
   }
 }
 
-TEST(PlaceOf, FindsAColumnInAnyCaseWhenItIsCompiled) {
-  static constexpr ReportColumn kLayout[] = {Display("Price"), MoneyTextTwin("PriceSOrt")};
-  static_assert(PlaceOf(kLayout, "Price") == ColumnHandle{0});
-  static_assert(PlaceOf(kLayout, "pricesort") == ColumnHandle{1});
+TEST(ReportLayout, FindsColumnsInAnyCaseWhenItIsCompiled) {
+  static constexpr ReportLayout kLayout = {Display("Price"), Key("Id"), MoneyTextTwin("PriceSOrt")};
+  static_assert(kLayout.At("Price") == ColumnHandle{0});
+  static_assert(kLayout.At("pricesort") == ColumnHandle{2});
+  static_assert(kLayout.Twinned("price").shown == ColumnHandle{0});
+  static_assert(kLayout.Twinned("price").twin == ColumnHandle{2});
   const RecordsetPtr rowset = NewReportRowset(kLayout);
-  EXPECT_EQ(PlaceOf(kLayout, "PriceSort"), rowset->Column("PriceSort"));
+  EXPECT_EQ(kLayout.At("PriceSort"), rowset->Column("PriceSort"));
+}
+
+TEST(ReportWriter, ATwinHasWhatIsShownUnlessItIsMoney) {
+  static constexpr ReportLayout kLayout = {Display("Name"),         Display("Amount"),
+                                           Display("Price"),        TextTwin("NameSort"),
+                                           MoneyTwin("AmountSort"), MoneyTextTwin("PriceSort")};
+  ReportWriter writer(kLayout, India());
+  const Currency amount = Currency::FromText("-1234567.125");
+  writer.AddLine(1);
+  writer.Value(kLayout.Twinned("Name"), "Anand");
+  writer.Money(kLayout.Twinned("Amount"), amount);
+  writer.Text(kLayout.Twinned("Price"), writer.MoneyText(amount));
+  writer.AddLine(1);
+  writer.Value(kLayout.Twinned("Name"), Null);
+  writer.Money(kLayout.At("Amount"), 0);
+  const RecordsetPtr report = writer.Finish();
+  EXPECT_EQ(report->Collect("Name"), Variant("Anand"));
+  EXPECT_EQ(report->Collect("NameSort"), Variant("Anand"));
+  EXPECT_EQ(report->Collect("Amount"), Variant("-₹12,34,567.13"));
+  EXPECT_EQ(report->Collect("AmountSort"), Variant(amount));
+  EXPECT_EQ(report->Collect("Price"), Variant("-₹12,34,567.13"));
+  EXPECT_EQ(report->Collect("PriceSort"), Variant("-₹12,34,567.13"));
+  report->MoveNext();
+  EXPECT_TRUE(report->Collect("Name").IsNull());
+  EXPECT_TRUE(report->Collect("NameSort").IsNull());
+  EXPECT_EQ(report->Collect("Amount"), Variant("₹0.00"));
+  EXPECT_TRUE(report->Collect("AmountSort").IsNull());
+}
+
+TEST(ReportWriter, MoneyThatIsNotKnownIsAnError) {
+  static constexpr ReportLayout kLayout = {Display("Amount"), MoneyTwin("AmountSort")};
+  ReportWriter writer(kLayout, India());
+  writer.AddLine(1);
+  try {
+    writer.Money(kLayout.Twinned("Amount"), Null);
+    FAIL() << "no error";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::kInvalidUseOfNull);
+  }
 }
 
 TEST(ReportWriter, CellsThatALineDoesNotWriteAreNull) {
-  ReportWriter writer(kColumns);
+  ReportWriter writer(kColumns, India());
   writer.AddLine(1);
   writer.Text(writer.Column("item"), "Chain");
   const RecordsetPtr report = writer.Finish();
@@ -50,7 +97,7 @@ TEST(ReportWriter, CellsThatALineDoesNotWriteAreNull) {
 }
 
 TEST(ReportWriter, InTheClassFormDetailsReorderAndClosingLinesStayLast) {
-  ReportWriter writer(kColumns);
+  ReportWriter writer(kColumns, India());
   const ColumnHandle item = writer.Column("Item");
   const ColumnHandle twin = writer.Column("ItemSort");
   for (const char* const name : {"Lamp", "Chain"}) {
@@ -72,7 +119,7 @@ TEST(ReportWriter, InTheClassFormDetailsReorderAndClosingLinesStayLast) {
 }
 
 TEST(ReportWriter, InTheSequenceFormASortKeepsSubLinesBehindTheirParent) {
-  ReportWriter writer(kColumns);
+  ReportWriter writer(kColumns, India());
   const ColumnHandle item = writer.Column("Item");
   const ColumnHandle twin = writer.Column("ItemSort");
   const ColumnHandle amount = writer.Column("AmountSort");
@@ -100,7 +147,7 @@ TEST(ReportWriter, InTheSequenceFormASortKeepsSubLinesBehindTheirParent) {
 TEST(ReportWriter, ABlankSpacerHoldsNothingButItsPlace) {
   constexpr ReportColumn kWithHead[] = {Marker("Head"), Display("Item"), TextTwin("ItemSort"),
                                         NumberTwin("DummySort")};
-  ReportWriter writer(kWithHead);
+  ReportWriter writer(kWithHead, India());
   writer.AddNextLine();
   writer.Text(writer.Column("Head"), "");
   const RecordsetPtr report = writer.Finish();
@@ -112,14 +159,14 @@ TEST(ReportWriter, ABlankSpacerHoldsNothingButItsPlace) {
 
 TEST(ReportWriter, ALayoutWithoutDummySortHasNoneWritten) {
   constexpr ReportColumn kPlain[] = {Display("Item")};
-  ReportWriter writer(kPlain);
+  ReportWriter writer(kPlain, India());
   writer.AddLine(1);
   writer.Text(writer.Column("Item"), "Chain");
   EXPECT_EQ(writer.Finish()->RecordCount(), 1);
 }
 
 TEST(ReportWriter, WithoutLinesTheRowsetIsEmptyAndOpen) {
-  ReportWriter writer(kColumns);
+  ReportWriter writer(kColumns, India());
   const RecordsetPtr report = writer.Finish();
   EXPECT_EQ(report->RecordCount(), 0);
   EXPECT_TRUE(report->Eof());
