@@ -154,7 +154,7 @@ namespace pstolvane1 {
 // clang-format on
 
 enum ReportType : std::int32_t {
-#define PST_VALUE(name, value) name = value,
+#define PST_VALUE(name, value) name = (value),
   PST_REPORT_TYPES(PST_VALUE)
 #undef PST_VALUE
 };

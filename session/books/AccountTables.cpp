@@ -24,7 +24,9 @@ constexpr Column kVoucherDetails1[] = {{"Voucher_id", kWhole},       {"Ledger_id
                                        {"ChequeNumber", kText, 20},  {"Deleted", kFlag}};
 constexpr Index kVoucherDetails1Indexes[] = {
     {"VoucherDetails1_Voucher", "Voucher_id"},
-    {"VoucherDetails1_Date", "VhrDetailDate"},
+    {"VoucherDetails1_Date",
+     "VhrDetailDate, Voucher_id, Ledger_id, CreditAmt, DebitAmt, Deleted, VhrDetailOptional, "
+     "ClearanceDate"},
     {"VoucherDetails1_Subgroup", "Subgroup_id, Voucher_id"}};
 
 constexpr Column kBillByBill1[] = {{"BillByBill_id", kKey}, {"CrVoucher_id", kWhole},

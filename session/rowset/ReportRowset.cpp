@@ -3,7 +3,7 @@
 namespace pstolvane1 {
 
 RecordsetPtr NewReportRowset(std::span<const ReportColumn> columns) {
-  const RecordsetPtr rowset = Recordset::New();
+  RecordsetPtr rowset = Recordset::New();
   for (const ReportColumn& column : columns) {
     rowset->Fields().Append(column.name, column.type, column.defined_size, column.attributes);
   }
