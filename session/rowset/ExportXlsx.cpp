@@ -1,7 +1,10 @@
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
+#include <fstream>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 #include <xlsxwriter.h>
 
@@ -64,7 +67,9 @@ double WidthOf(std::string_view text) {
 class Sheet {
  public:
   Sheet(const ReportView& view, std::string_view title, const std::string& path)
-      : view_(view), path_(path), book_(workbook_new(path.c_str())) {
+      : view_(view), path_(path) {
+    CheckWritable();
+    book_ = workbook_new(path.c_str());
     if (book_ == nullptr) throw Failure("the workbook cannot be made");
     // A sheet's name may have 31 characters and none of []:*?/\.
     std::string name(title.substr(0, 31));
@@ -98,6 +103,13 @@ class Sheet {
   }
 
  private:
+  // The writer of workbooks would tell a wrong path on standard error as well.
+  void CheckWritable() const {
+    errno = 0;
+    if (!std::ofstream(path_, std::ios::binary))
+      throw Failure(std::generic_category().message(errno));
+  }
+
   [[nodiscard]] Error Failure(const std::string& why) const {
     return {ErrorNumber::kArgumentOutOfRange, "cannot write \"" + path_ + "\": " + why};
   }
@@ -153,7 +165,7 @@ class Sheet {
 
   const ReportView& view_;
   const std::string& path_;
-  lxw_workbook* book_;
+  lxw_workbook* book_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
 };
 

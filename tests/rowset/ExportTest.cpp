@@ -1,0 +1,181 @@
+// Rowsets as files.
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <unistd.h>
+
+#include "session/data/Error.h"
+#include "session/rowset/Export.h"
+
+namespace pstolvane1 {
+namespace {
+
+const std::shared_ptr<const Locale> kIndia = Locale::Get("en_IN");
+
+// One column of every type.
+RecordsetPtr AllTypes() {
+  RecordsetPtr rowset = Recordset::New();
+  const std::pair<const char*, DataType> columns[] = {
+      {"Whole", adInteger}, {"Single", adSingle}, {"Double", adDouble}, {"Money", adCurrency},
+      {"Day", adDate},      {"Text", adBSTR},     {"Flag", adBoolean},  {"Big", adBigInt}};
+  for (const auto& [name, type] : columns) rowset->Fields().Append(name, type);
+  rowset->Fields().Append("Name", adVarChar, 20, adFldIsNullable);
+  rowset->Open();
+  rowset->AddNew();
+  rowset->Collect("Whole", -7);
+  rowset->Collect("Single", 0.1F);
+  rowset->Collect("Double", 0.1);
+  rowset->Collect("Money", Currency::FromText("-1234.5"));
+  rowset->Collect("Day", Date::FromYmdHms(2004, 3, 31, 14, 5, 9));
+  rowset->Collect("Text", "a \"b\", c\r\nd <&> ₹");
+  rowset->Collect("Flag", Boolean(true));
+  rowset->Collect("Big", std::int64_t{9007199254740993});
+  rowset->Collect("Name", "");
+  rowset->Update();
+  rowset->AddNew();
+  rowset->Update();
+  return rowset;
+}
+
+RecordsetPtr Report() {
+  RecordsetPtr report = Recordset::New();
+  for (const char* const name : {"Ledger", "Amount", "TotalLine"}) {
+    report->Fields().Append(name, adBSTR);
+  }
+  report->Fields().Append("AmountSort", adCurrency, 0, adFldIsNullable);
+  report->Fields().Append("DummySort", adBigInt, 0, adFldIsNullable);
+  report->Open();
+  const std::string rule(90, '_');
+  const auto add = [&](const Variant& ledger, const Variant& amount, const Variant& line) {
+    report->AddNew();
+    report->Collect("Ledger", ledger);
+    report->Collect("Amount", amount);
+    report->Collect("TotalLine", line);
+    report->Collect("AmountSort", Currency::FromDouble(1));
+    report->Collect("DummySort", 1);
+    report->Update();
+  };
+  add("A & B <Sons>", "₹1,234.50", Variant(Null));
+  add(Variant(Null), Variant(Null), Variant(Null));
+  add("Cash", "-₹34.50", Variant(Null));
+  add(Variant(Null), Variant(Null), rule);
+  add("Total", "₹1,200.00", rule);
+  return report;
+}
+
+std::string Csv(const Recordset& rowset) {
+  std::ostringstream out;
+  ExportCsv(rowset, out);
+  return out.str();
+}
+
+TEST(ExportCsv, QuotesWhatNeedsItAndKeepsNullAndEmptyApart) {
+  EXPECT_EQ(Csv(*AllTypes()),
+            "Whole,Single,Double,Money,Day,Text,Flag,Big,Name\r\n"
+            "-7,0.1,0.1,-1234.5000,2004-03-31 14:05:09,\"a \"\"b\"\", c\r\nd <&> ₹\",-1,"
+            "9007199254740993,\"\"\r\n"
+            ",,,,,,,,\r\n");
+}
+
+TEST(ExportCsv, WritesTheVisibleRowsInTheirOrderAndLeavesThePosition) {
+  const RecordsetPtr report = Report();
+  report->Sort("Ledger DESC");
+  report->Filter("Ledger LIKE '*a*'");
+  report->MoveLast();
+  const Variant before = report->Collect("Ledger");
+  EXPECT_EQ(Csv(*report),
+            "Ledger,Amount,TotalLine,AmountSort,DummySort\r\nTotal,\"₹1,200.00\"," +
+                std::string(90, '_') +
+                ",1.0000,1\r\nCash,-₹34.50,,1.0000,1\r\nA & B <Sons>,\"₹1,234.50\",,1.0000,1\r\n");
+  EXPECT_EQ(report->Collect("Ledger"), before);
+}
+
+TEST(ExportJson, GivesEveryColumnWithItsTypeAndExactValues) {
+  EXPECT_EQ(
+      ExportJson(*AllTypes()),
+      R"({"columns":[{"name":"Whole","type":3,"attributes":-1},)"
+      R"({"name":"Single","type":4,"attributes":-1},{"name":"Double","type":5,"attributes":-1},)"
+      R"({"name":"Money","type":6,"attributes":-1},{"name":"Day","type":7,"attributes":-1},)"
+      R"({"name":"Text","type":8,"attributes":-1},{"name":"Flag","type":11,"attributes":-1},)"
+      R"({"name":"Big","type":20,"attributes":-1},{"name":"Name","type":200,"attributes":32}],)"
+      R"("rows":[[-7,0.1,0.1,"-1234.5000","2004-03-31 14:05:09","a \"b\", c\r\nd <&> ₹",)"
+      "true,9007199254740993,\"\"],\n"
+      R"([null,null,null,null,null,null,null,null,null]]})");
+}
+
+TEST(ExportJson, AnEmptyRowsetHasItsColumns) {
+  RecordsetPtr empty = Recordset::New();
+  empty->Fields().Append("A", adInteger);
+  empty->Open();
+  EXPECT_EQ(ExportJson(*empty), R"({"columns":[{"name":"A","type":3,"attributes":-1}],"rows":[]})");
+  EXPECT_EQ(Csv(*empty), "A\r\n");
+}
+
+TEST(ExportHtml, ShowsWhatAPersonIsShownAndEscapesIt) {
+  std::ostringstream out;
+  ExportHtml(*Report(), "Sales & more", kIndia, out);
+  const std::string page = out.str();
+  EXPECT_TRUE(page.starts_with("<!doctype html>"));
+  EXPECT_NE(page.find("<title>Sales &amp; more</title>"), std::string::npos);
+  EXPECT_NE(page.find("<thead><tr><th>Ledger</th><th class=\"n\">Amount</th></tr></thead>\n"
+                      "<tbody>\n"
+                      "<tr class=\"line\"><td>A &amp; B &lt;Sons&gt;</td><td "
+                      "class=\"n\">₹1,234.50</td></tr>\n"
+                      "<tr class=\"spacer\"><td></td><td class=\"n\"></td></tr>\n"
+                      "<tr class=\"line\"><td>Cash</td><td class=\"n\">-₹34.50</td></tr>\n"
+                      "<tr class=\"rule\"><td></td><td class=\"n\"></td></tr>\n"
+                      "<tr class=\"total\"><td>Total</td><td class=\"n\">₹1,200.00</td></tr>\n"
+                      "</tbody>"),
+            std::string::npos)
+      << page;
+  EXPECT_EQ(page.find("AmountSort"), std::string::npos);
+}
+
+// A part of a workbook, read by the archive's own program.
+std::string PartOf(const std::string& workbook, const std::string& part) {
+  const std::string command = "unzip -p '" + workbook + "' " + part;
+  std::FILE* const pipe = popen(command.c_str(), "r");
+  std::string text;
+  std::array<char, 4096> buffer{};
+  for (std::size_t got = 0; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
+    text.append(buffer.data(), got);
+  }
+  EXPECT_EQ(pclose(pipe), 0);
+  return text;
+}
+
+TEST(ExportXlsx, HoldsAmountsAsNumbersAndTextsAsTexts) {
+  const std::string file = testing::TempDir() + "report_" + std::to_string(getpid()) + ".xlsx";
+  ExportXlsx(*Report(), "Sales", kIndia, file);
+  const std::string sheet = PartOf(file, "xl/worksheets/sheet1.xml");
+  const std::string texts = PartOf(file, "xl/sharedStrings.xml");
+  EXPECT_NE(PartOf(file, "xl/workbook.xml").find("<sheet name=\"Sales\""), std::string::npos);
+  EXPECT_NE(PartOf(file, "xl/styles.xml").find("&quot;₹&quot;#,##,##0.00"), std::string::npos);
+  EXPECT_NE(texts.find("<si><t>A &amp; B &lt;Sons&gt;</t></si>"), std::string::npos) << texts;
+  for (const char* const cell : {"<v>1234.5</v>", "<v>-34.5</v>", "<v>1200</v>"}) {
+    EXPECT_NE(sheet.find(cell), std::string::npos) << sheet;
+  }
+  EXPECT_EQ(texts.find("AmountSort"), std::string::npos);
+  std::filesystem::remove(file);
+}
+
+TEST(ExportXlsx, AFileThatCannotBeWrittenIsNamed) {
+  try {
+    ExportXlsx(*Report(), "Sales", kIndia, "/nowhere/report.xlsx");
+    FAIL() << "no error";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::kArgumentOutOfRange);
+    EXPECT_NE(error.Description().find("/nowhere/report.xlsx"), std::string::npos);
+  }
+}
+
+TEST(Export, AClosedRowsetIsAnError) {
+  const RecordsetPtr closed = Recordset::New();
+  EXPECT_THROW((void)ExportJson(*closed), Error);
+}
+
+}  // namespace
+}  // namespace pstolvane1
