@@ -20,8 +20,8 @@ class Run : public SampleHost {
                    "lngVouchertype_id=10",
                    "dtFromDate=2004-04-01",
                    "dtToDate=2004-04-30",
-                  "--locale",
-                  locale};
+                   "--locale",
+                   locale};
     words.insert(words.end(), more.begin(), more.end());
     return words;
   }
