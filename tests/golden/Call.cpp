@@ -29,7 +29,11 @@ RecordsetPtr Call(clsStolvane1& session, const CaseFile& file, Boolean blnReport
   return CallByName(session, file.operation, values);
 }
 
-void Apply(clsStolvane1& session, const CaseFile& file) {
+void Apply(clsStolvane1& session, const CaseFile& file, const std::string& connection) {
+  std::vector<NamedValue> connect = {{"strProvider", ""},
+                                     {"strConnectionString", ""},
+                                     {"strConnectionString1", connection},
+                                     {"AsyncConnect", False}};
   std::vector<NamedValue> aliases;
   std::vector<NamedValue> filter = {
       {"strVouchertypeFilter", ""}, {"strSubgroupFilter", ""}, {"btTypeOfentry", 0}, {"OptNo", 0}};
@@ -42,6 +46,11 @@ void Apply(clsStolvane1& session, const CaseFile& file) {
       session.CancelFetching(True);
     } else if (kind == "locale") {
       session.SetLocale(name);
+    } else if (kind == "year") {
+      const std::size_t dots = value.find(" .. ");
+      if (dots == std::string::npos) throw std::runtime_error("a year is \"first .. last\"");
+      connect.push_back({"dtFromDate", value.substr(0, dots)});
+      connect.push_back({"dtToDate", value.substr(dots + 4)});
     } else if (kind == "alias") {
       aliases.push_back({name, TextOf(value)});
     } else if (kind == "filter") {
@@ -51,6 +60,7 @@ void Apply(clsStolvane1& session, const CaseFile& file) {
       throw std::runtime_error("no such setting: " + what);
     }
   }
+  (void)automation::Call(session, automation::GetOperation("SetConnection"), connect);
   (void)CallByName(session, "SetAliases", aliases);
   (void)CallByName(session, "SetFilter", filter);
 }

@@ -10,7 +10,7 @@ namespace pstolvane1::golden {
 // argument.
 RecordsetPtr Call(clsStolvane1& session, const CaseFile& file, Boolean blnReport);
 
-// The settings of the case: cancel, locale, alias, filter.
-void Apply(clsStolvane1& session, const CaseFile& file);
+// Connects to the books with the settings of the case: cancel, locale, year, alias, filter.
+void Apply(clsStolvane1& session, const CaseFile& file, const std::string& connection);
 
 }  // namespace pstolvane1::golden

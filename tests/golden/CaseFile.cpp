@@ -97,9 +97,19 @@ void ReadExpectation(Reader& reader, CaseFile& file, std::string line) {
   } while (reader.Next(line));
 }
 
+// Tables alone, with comments.
+void ReadBooks(const std::string& path, CaseFile& file) {
+  Reader reader(path);
+  for (std::string line; reader.Next(line);) {
+    if (Trim(line).empty() || line.starts_with('#')) continue;
+    if (!line.starts_with("table ")) reader.Refuse("shared books hold tables alone");
+    file.books.push_back(ReadTable(reader, Trim(line.substr(6))));
+  }
+}
+
 }  // namespace
 
-CaseFile ReadCase(const std::string& path) {
+CaseFile ReadCase(const std::string& path, const std::string& books_folder) {
   Reader reader(path);
   CaseFile file;
   std::string line;
@@ -112,6 +122,8 @@ CaseFile ReadCase(const std::string& path) {
     if (word.empty()) continue;
     if (word.starts_with('#')) {
       file.comment.push_back(line);
+    } else if (word == "books") {
+      ReadBooks(books_folder + "/" + rest + ".books", file);
     } else if (word == "table") {
       file.books.push_back(ReadTable(reader, rest));
     } else if (word == "set") {
@@ -122,7 +134,7 @@ CaseFile ReadCase(const std::string& path) {
     } else if (word == "expect") {
       ReadExpectation(reader, file, line);
     } else {
-      reader.Refuse("neither table, set, call nor expect: " + word);
+      reader.Refuse("neither books, table, set, call nor expect: " + word);
     }
   }
   if (file.comment.empty()) reader.Refuse("the case does not say what it shows");
@@ -163,9 +175,20 @@ std::string Aligned(const std::vector<std::vector<std::string>>& lines) {
       row += line[i];
       if (i + 1 < line.size()) row.append(widths[i] - width_of(line[i]), ' ');
     }
+    row.resize(row.find_last_not_of(' ') + 1);
     text += row + '\n';
   }
   return text;
+}
+
+std::string OnItsSide(const std::vector<std::vector<std::string>>& lines) {
+  std::vector<std::vector<std::string>> turned(lines.front().size());
+  for (const std::vector<std::string>& line : lines) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      turned[i].push_back(line[i] == kNullCell ? std::string() : line[i]);
+    }
+  }
+  return Aligned(turned);
 }
 
 std::string CellOf(const std::string& value) {
