@@ -15,9 +15,10 @@ std::vector<StockGroup> ReadGroups(const Recordset& source) {
   const ColumnHandle name = source.Column("Categoryname");
   std::vector<StockGroup> groups;
   for (const Recordset::Row row : source.Rows()) {
-    groups.push_back({.id = row.Int64(id),
-                      .related_to = row.IsNull(related_to) ? 0 : row.Int64(related_to),
-                      .name = std::string(row.Text(name))});
+    groups.push_back(
+        {.id = row.Int64(id),
+         .related_to = row.IsNull(related_to) ? std::nullopt : std::optional(row.Int64(related_to)),
+         .name = std::string(row.Text(name))});
   }
   return groups;
 }

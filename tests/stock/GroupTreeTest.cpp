@@ -37,9 +37,25 @@ TEST(GroupTree, OnlyItemsListsTheNamedGroupAlone) { EXPECT_EQ(Names(2, true), (L
 
 TEST(GroupTree, AGroupThatIsNotThereListsNothing) { EXPECT_EQ(Names(99), List()); }
 
+TEST(GroupTree, AGroupThatIsNotThereStillListsWhatStandsBelowIt) {
+  EXPECT_EQ(Names(0), (List{"Stock", "Spares", "Vehicles", "Brakes", "Cars", "Lamps", "Shoes"}));
+  EXPECT_EQ(Names(0, true), List());
+}
+
 TEST(GroupTree, ATopGroupMayNameItself) {
   const std::vector<StockGroup> groups = {{1, 1, "Top"}, {2, 1, "Below"}};
   EXPECT_EQ(ListGroups(groups, 1, false), (std::vector<std::size_t>{0, 1}));
+}
+
+TEST(GroupTree, AGroupThatNamesNoneStandsBelowNothing) {
+  const std::vector<StockGroup> groups = {{1, 0, "Top"}, {2, std::nullopt, "Loose"}};
+  EXPECT_EQ(ListGroups(groups, 0, false), (std::vector<std::size_t>{0}));
+}
+
+TEST(GroupTree, ACircleThatTheNamedGroupDoesNotReachIsNotSeen) {
+  const std::vector<StockGroup> groups = {{1, 0, "Top"}, {2, 3, "Second"}, {3, 2, "Third"}};
+  EXPECT_EQ(ListGroups(groups, 1, false), (std::vector<std::size_t>{0}));
+  EXPECT_EQ(ListGroups(groups, -1, false), (std::vector<std::size_t>{0, 1, 2}));
 }
 
 TEST(GroupTree, ACircleIsAnErrorThatNamesTheGroup) {
