@@ -55,6 +55,9 @@ class ItemRates {
   [[nodiscard]] const ActualRate* Opening();
   [[nodiscard]] const ActualRate* OpeningOf(const GodownBatch& key);
 
+  // The closing rate that a hunt found for one key and keeps for all that follow; 0 before.
+  double kept_closing = 0;
+
  private:
   template <typename Rate>
   using Found = std::array<std::array<std::optional<const Rate*>, kRateLinks>, 2>;

@@ -17,15 +17,29 @@ double LastActual(RateLink link, StockSide side, ItemRates& item, const GodownBa
   return found ? RealOrOwnOpening(found, item, key).value_or(0) : 0;
 }
 
+// A real movement's closing rate serves all keys as the first of them found it, also where that
+// took its own opening rate for want of another; that is meant.
+template <typename Seek>
+double ClosingForAllKeys(RateLink link, ItemRates& item, Seek&& seek) {
+  if (item.kept_closing != 0) return item.kept_closing;
+  const double rate = seek();
+  const ActualRate* found = item.Movement(link, StockSide::kClosing);
+  if (found && !found->opening) item.kept_closing = rate;
+  return rate;
+}
+
 StockRates LastPurchase(ItemRates& item, const GodownBatch& key) {
   const auto rate = [&](StockSide side) {
     const double actual = LastActual(RateLink::kMovement, side, item, key);
     if (actual != 0) return actual;
     return RateIn(item.Standard(RateLink::kCost, side)).value_or(0);
   };
-  StockRates rates{.opening = rate(StockSide::kOpening), .closing = rate(StockSide::kClosing)};
-  if (rates.closing == 0) rates.closing = rates.opening;
-  return rates;
+  const double opening = rate(StockSide::kOpening);
+  const double closing = ClosingForAllKeys(RateLink::kMovement, item, [&] {
+    const double found = rate(StockSide::kClosing);
+    return found != 0 ? found : opening;
+  });
+  return {.opening = opening, .closing = closing};
 }
 
 StockRates LastSale(ItemRates& item, const GodownBatch& key) {
@@ -37,10 +51,10 @@ StockRates LastSale(ItemRates& item, const GodownBatch& key) {
     if (const auto* cost = item.Standard(RateLink::kBeforeCost, side)) return cost->rate;
     return RateIn(item.Movement(RateLink::kBeforeInward, side)).value_or(otherwise);
   };
-  StockRates rates;
-  rates.opening = rate(StockSide::kOpening, 0);
-  rates.closing = rate(StockSide::kClosing, rates.opening);
-  return rates;
+  const double opening = rate(StockSide::kOpening, 0);
+  const double closing = ClosingForAllKeys(RateLink::kOutward, item,
+                                           [&] { return rate(StockSide::kClosing, opening); });
+  return {.opening = opening, .closing = closing};
 }
 
 double StandardCostAt(StockSide side, ItemRates& item, const GodownBatch& key) {

@@ -13,6 +13,8 @@ struct StockRates {
 
 // LastPurchaseRate: the item's last movement by the day, else the key's last opening line; where
 // that is none or 0 the last standard cost; and for a closing that still has none the opening rate.
+// A closing rate of a movement is kept in the item for the keys that follow; so it is for the last
+// sale.
 // LastSaleRate: the last outward movement, else the key's last opening line; where that is none or
 // 0 the first found of the last standard price, the last standard cost and the last inward
 // movement, all three strictly before the day; and where none is found the opening rate.

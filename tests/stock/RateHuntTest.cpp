@@ -84,6 +84,20 @@ TEST(LastPurchase, AClosingWithoutARateTakesTheOpenings) {
                20, 20);
 }
 
+// Goods that come in free of charge end the search for a purchase, and the first godown's opening
+// rate then serves the second one as well.
+TEST(LastPurchase, AtNothingTheFirstKeysOpeningRateClosesAllOfThem) {
+  const Item item{{Opening(9, kKey), Opening(8, kOtherKey), In(0, kWithin)}};
+  ItemRates rates(item.actual, item.standard, kYear);
+  EXPECT_RATES(HuntRates(LastPurchaseRate, rates, kKey), 9, 9);
+  EXPECT_RATES(HuntRates(LastPurchaseRate, rates, kOtherKey), 8, 9);
+}
+
+TEST(LastPurchase, AtNothingTheStandardCostStandsIn) {
+  EXPECT_RATES((Item{{In(0, kBefore)}, {Cost(20, kBefore, kFirstDay)}}.Hunt(LastPurchaseRate)), 20,
+               20);
+}
+
 TEST(LastPurchase, AnItemThatNoRateReachesIsWorthNothing) {
   EXPECT_RATES(Item{}.Hunt(LastPurchaseRate), 0, 0);
 }
@@ -110,6 +124,13 @@ TEST(LastSale, ItsFallbacksEndStrictlyBeforeTheLastDayAndItsSalesDoNot) {
 
 TEST(LastSale, AClosingWithoutARateTakesTheOpenings) {
   EXPECT_RATES((Item{{}, {Price(40, kBefore, kLastDay)}}.Hunt(LastSaleRate)), 40, 40);
+}
+
+TEST(LastSale, AtNothingTheFirstKeysOpeningRateClosesAllOfThem) {
+  const Item item{{Opening(9, kKey), Opening(8, kOtherKey), Out(0, kWithin)}};
+  ItemRates rates(item.actual, item.standard, kYear);
+  EXPECT_RATES(HuntRates(LastSaleRate, rates, kKey), 9, 9);
+  EXPECT_RATES(HuntRates(LastSaleRate, rates, kOtherKey), 8, 9);
 }
 
 TEST(LastSale, AFoundFallbackEndsTheHuntEvenAtNothing) {
