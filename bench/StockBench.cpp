@@ -1,9 +1,11 @@
-// What a stock statement costs, beside stepping its own queries with the bare engine.
+// What a stock statement costs, beside stepping its own queries with the bare engine, and beside
+// what one would write without the library: a Python walk, and window functions.
 //
 //   bench_stock [MOVEMENTS [ROUNDS]]      100000 movements and 3 rounds if not given
 //
-// Both contenders run in turns in this process on the same sample books. The floor steps every
-// SELECT that the report sends, in the engine's own text, and touches every column.
+// All contenders run in turns in one call on the same sample books. The floor steps every SELECT
+// that the report sends, in the engine's own text, and touches every column. The walk and the
+// window functions reckon the closing value alone, which stands beside the report's.
 
 #include <algorithm>
 #include <chrono>
@@ -43,10 +45,13 @@ constexpr Method kMethods[] = {
     {"StandardPrice", StandardPrice}, {"SimpleAvg", SimpleAvg},
 };
 
+constexpr int kYear = 3;
+constexpr const char* kFrom = "2005-04-01";
+constexpr const char* kTo = "2006-03-31";
+
 RecordsetPtr Statement(clsStolvane1& session, enmValuationMethod method) {
-  return session.StockDetails_Itemwise(3, Date::FromYmd(2005, 4, 1), Date::FromYmd(2006, 3, 31),
-                                       method, -1, 0, True, True, False, 1, False, True, True,
-                                       True);
+  return session.StockDetails_Itemwise(kYear, *Date::FromIso(kFrom), *Date::FromIso(kTo), method,
+                                       -1, 0, True, True, False, 1, False, True, True, True);
 }
 
 void CollectSelects(const shape::Plan& plan, std::vector<std::string>& selects) {
@@ -79,6 +84,25 @@ void Check(int code, sqlite3* database) {
   if (code != SQLITE_OK && code != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database));
 }
 
+// The bare engine as the floor uses it: the library's own settings and functions.
+struct Bare {
+  explicit Bare(const std::string& path) {
+    Check(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX,
+                          nullptr),
+          database);
+    Check(sqlite3_exec(database, "PRAGMA cache_size = -32000; PRAGMA temp_store = MEMORY", nullptr,
+                       nullptr, nullptr),
+          database);
+    sqlite::RegisterFunctions(database, failure);
+  }
+  ~Bare() { sqlite3_close(database); }
+  Bare(const Bare&) = delete;
+  Bare& operator=(const Bare&) = delete;
+
+  sqlite3* database = nullptr;
+  std::optional<Error> failure;
+};
+
 std::int64_t Step(sqlite3* database, const std::vector<std::string>& selects) {
   std::int64_t rows = 0;
   double touched = 0;
@@ -103,6 +127,57 @@ std::int64_t Step(sqlite3* database, const std::vector<std::string>& selects) {
   return rows;
 }
 
+// The closing value of all keys by window functions, from the method's file beside this one.
+double InSql(sqlite3* database, const char* method) {
+  std::ifstream file(fmt::format("{}/{}.sql", PST_STOCK_CONTENDERS, method));
+  const std::string text((std::istreambuf_iterator<char>(file)), {});
+  sqlite3_stmt* statement = nullptr;
+  Check(sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr), database);
+  const auto place = [&](const char* name) {
+    return sqlite3_bind_parameter_index(statement, name);
+  };
+  if (place(":year") > 0) sqlite3_bind_int(statement, place(":year"), kYear);
+  if (place(":begin") > 0) sqlite3_bind_text(statement, place(":begin"), kFrom, -1, SQLITE_STATIC);
+  if (place(":to") > 0) sqlite3_bind_text(statement, place(":to"), kTo, -1, SQLITE_STATIC);
+  if (sqlite3_step(statement) != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(database));
+  const double value = sqlite3_column_double(statement, 0);
+  Check(sqlite3_finalize(statement), database);
+  return value;
+}
+
+struct Walked {
+  double seconds = 1e9;
+  double value = 0;
+};
+
+// What a command prints first.
+template <typename... Numbers>
+void ReadFrom(const std::string& command, const char* format, Numbers*... numbers) {
+  FILE* const pipe = popen(command.c_str(), "r");
+  if (pipe == nullptr) throw std::runtime_error("cannot run " + command);
+  const int read = std::fscanf(pipe, format, numbers...);
+  if (pclose(pipe) != 0 || read != static_cast<int>(sizeof...(numbers)))
+    throw std::runtime_error("no answer from " + command);
+}
+
+Walked InPython(const std::string& path, const char* method) {
+  Walked walked;
+  ReadFrom(fmt::format("python3 '{}/walk.py' '{}' {} {} {} {}", PST_STOCK_CONTENDERS, path, method,
+                       kYear, kFrom, kTo),
+           "%lf %lf", &walked.seconds, &walked.value);
+  return walked;
+}
+
+// The total of the statement, from its last line's text.
+double ClosingOf(const RecordsetPtr& statement) {
+  statement->MoveLast();
+  std::string digits;
+  for (const char c : statement->Collect("TotalValue").ToText()) {
+    if ((c >= '0' && c <= '9') || c == '.' || c == '-') digits += c;
+  }
+  return std::atof(digits.c_str());
+}
+
 template <typename Work>
 double SecondsOf(Work&& work) {
   const auto begin = Clock::now();
@@ -110,28 +185,53 @@ double SecondsOf(Work&& work) {
   return std::chrono::duration<double>(Clock::now() - begin).count();
 }
 
-// What a process of its own does for PeakOf: connect, write one statement or none, and print the
-// most memory it has held, in kilobytes.
-void Load(const std::string& path, int method) {
-  clsStolvane1 session;
-  session.SetConnection("", "", path, False);
-  if (method >= 0) (void)Statement(session, kMethods[static_cast<std::size_t>(method)].method);
+void PrintPeak() {
   std::ifstream status("/proc/self/status");
   for (std::string line; std::getline(status, line);) {
     if (line.starts_with("VmHWM:")) fmt::print("{}\n", std::atoll(line.c_str() + 6));
   }
 }
 
-// The most memory, in bytes, of a fresh process that connects and writes one statement; of one
-// that only connects for method -1.
-double PeakOf(const std::string& path, int method) {
+// What a process of its own does for PeakOf: write one statement, or step the SELECTs of a file,
+// one a line, and print the most memory it has held, in kilobytes.
+void Load(const std::string& what, const std::string& path, const std::string& work) {
+  if (what == "--write") {
+    clsStolvane1 session;
+    session.SetConnection("", "", path, False);
+    (void)Statement(session, kMethods[static_cast<std::size_t>(std::stoi(work))].method);
+    PrintPeak();
+  } else {
+    Bare bare(path);
+    std::vector<std::string> selects;
+    std::ifstream file(work);
+    for (std::string line; std::getline(file, line);) selects.push_back(line);
+    (void)Step(bare.database, selects);
+    PrintPeak();
+  }
+}
+
+// The most memory, in bytes, of a fresh process that does one piece of work.
+double PeakOf(const std::string& what, const std::string& path, const std::string& work) {
   const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
-  FILE* const pipe = popen(fmt::format("'{}' --load '{}' {}", program, path, method).c_str(), "r");
-  if (pipe == nullptr) throw std::runtime_error("no process to measure memory with");
   std::int64_t kilobytes = 0;
-  const int read = std::fscanf(pipe, "%ld", &kilobytes);
-  if (pclose(pipe) != 0 || read != 1) throw std::runtime_error("the memory was not measured");
+  ReadFrom(fmt::format("'{}' {} '{}' '{}'", program, what, path, work), "%ld", &kilobytes);
   return static_cast<double>(kilobytes) * 1024;
+}
+
+struct Peaks {
+  double floor, report;
+};
+
+Peaks PeaksOf(const std::string& path, std::size_t method,
+              const std::vector<std::string>& selects) {
+  const std::string file = path + ".selects";
+  std::ofstream out(file);
+  for (std::string select : selects) {
+    std::replace(select.begin(), select.end(), '\n', ' ');
+    out << select << '\n';
+  }
+  out.close();
+  return {PeakOf("--step", path, file), PeakOf("--write", path, std::to_string(method))};
 }
 
 void Run(std::int64_t movements, int rounds) {
@@ -140,42 +240,41 @@ void Run(std::int64_t movements, int rounds) {
   const std::string path = folder + "/books.db";
   books::SampleBooks(path, movements);
 
-  const double nothing = PeakOf(path, -1);
-  std::vector<double> peaks;
-  for (int method = 0; method < static_cast<int>(std::size(kMethods)); ++method) {
-    peaks.push_back(PeakOf(path, method) - nothing);
-  }
-
   clsStolvane1 session;
   session.SetConnection("", "", path, False);
   const std::shared_ptr<Provider> books = OpenDatabase(path, std::chrono::minutes(2));
-  sqlite3* bare = nullptr;
-  Check(sqlite3_open_v2(path.c_str(), &bare, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr),
-        bare);
-  Check(sqlite3_exec(bare, "PRAGMA cache_size = -32000; PRAGMA temp_store = MEMORY", nullptr,
-                     nullptr, nullptr),
-        bare);
-  std::optional<Error> failure;
-  sqlite::RegisterFunctions(bare, failure);
-
-  fmt::print("{} movements, best of {} rounds\n", movements, rounds);
-  fmt::print("{:<18}{:>12}{:>10}{:>10}{:>10}{:>8}{:>12}{:>12}\n", "method", "source rows", "lines",
-             "floor s", "report s", "ratio", "lines/s", "bytes/row");
+  Bare bare(path);
+  session.SetLocale("en_US");
+  fmt::print("{} movements, best of {} rounds, in seconds; ratio is report to floor\n", movements,
+             rounds);
+  fmt::print("{:<18}{:>12}{:>8}{:>8}{:>8}{:>7}{:>9}", "method", "source rows", "lines", "floor",
+             "report", "ratio", "lines/s");
+  fmt::print("{:>10}{:>10}{:>11}", "floor MB", "report MB", "bytes/row");
+  fmt::print("{:>9}{:>9}{:>17}{:>17}{:>17}\n", "Python", "windows", "closing", "in Python",
+             "in SQL");
   for (std::size_t i = 0; i < std::size(kMethods); ++i) {
     const Method& one = kMethods[i];
     const std::vector<std::string> selects = SelectsOf(session, *books, one.method);
-    double floor = 1e9, report = 1e9;
-    std::int64_t rows = 0, lines = 0;
+    double floor = 1e9, report = 1e9, windows = 1e9, in_sql = 0;
+    Walked walked;
+    std::int64_t rows = 0;
+    RecordsetPtr statement;
     for (int round = 0; round < rounds; ++round) {
-      floor = std::min(floor, SecondsOf([&] { rows = Step(bare, selects); }));
-      report = std::min(report,
-                        SecondsOf([&] { lines = Statement(session, one.method)->RecordCount(); }));
+      floor = std::min(floor, SecondsOf([&] { rows = Step(bare.database, selects); }));
+      report = std::min(report, SecondsOf([&] { statement = Statement(session, one.method); }));
+      windows = std::min(windows, SecondsOf([&] { in_sql = InSql(bare.database, one.name); }));
+      walked = std::min(walked, InPython(path, one.name),
+                        [](const Walked& a, const Walked& b) { return a.seconds < b.seconds; });
     }
-    fmt::print("{:<18}{:>12}{:>10}{:>10.3f}{:>10.3f}{:>8.2f}{:>12.0f}{:>12.0f}\n", one.name, rows,
-               lines, floor, report, report / floor, static_cast<double>(lines) / report,
-               peaks[i] / static_cast<double>(rows));
+    const std::int64_t lines = statement->RecordCount();
+    const Peaks peaks = PeaksOf(path, i, selects);
+    fmt::print("{:<18}{:>12}{:>8}{:>8.3f}{:>8.3f}{:>7.2f}{:>9.0f}", one.name, rows, lines, floor,
+               report, report / floor, static_cast<double>(lines) / report);
+    fmt::print("{:>10.1f}{:>10.1f}{:>11.0f}", peaks.floor / 1e6, peaks.report / 1e6,
+               (peaks.report - peaks.floor) / static_cast<double>(rows));
+    fmt::print("{:>9.3f}{:>9.3f}{:>17.2f}{:>17.2f}{:>17.2f}\n", walked.seconds, windows,
+               ClosingOf(statement), walked.value, in_sql);
   }
-  sqlite3_close(bare);
   std::filesystem::remove_all(folder);
 }
 
@@ -183,8 +282,8 @@ void Run(std::int64_t movements, int rounds) {
 
 int main(int count, char** arguments) {
   try {
-    if (count == 4 && std::string_view(arguments[1]) == "--load") {
-      Load(arguments[2], std::atoi(arguments[3]));
+    if (count == 4) {
+      Load(arguments[1], arguments[2], arguments[3]);
       return 0;
     }
     Run(count > 1 ? std::atoll(arguments[1]) : 100'000, count > 2 ? std::atoi(arguments[2]) : 3);
