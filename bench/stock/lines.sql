@@ -1,4 +1,4 @@
--- Layers left by the sales; stock below zero is left out.
+-- What every contender but the simple average begins with: the movements that count.
 WITH lines AS (
   SELECT g.Item_id, g.Godown_id, g.Batch_id, g.YearNo, g.Date, g.DesrDetails_id, g.GodownItem_id, g.Rate,
          g.IsAdded, g.IsOpeningBal, g.GOriginalVouchertype_id AS Type,
@@ -7,12 +7,3 @@ WITH lines AS (
   FROM GodownItem1 g JOIN Items1 USING (Item_id) JOIN Godown1 USING (Godown_id)
   WHERE NOT g.Optional AND NOT Items1.Deleted AND NOT Godown1.Deleted AND g.YearNo <= :year
     AND (g.Date <= :to OR g.IsOpeningBal)),
-walked AS (
-  SELECT Layer, Rate,
-         sum(Layer) OVER (PARTITION BY Item_id, Godown_id, Batch_id
-                          ORDER BY YearNo DESC, Date DESC, DesrDetails_id DESC ROWS UNBOUNDED PRECEDING) AS Walked,
-         sum(CASE WHEN IsAdded OR Date IS NULL THEN 0 ELSE -Net END)
-           OVER (PARTITION BY Item_id, Godown_id, Batch_id) AS Sold
-  FROM lines)
-SELECT sum(Rate * CASE WHEN Walked - Layer >= Sold THEN Layer WHEN Walked > Sold THEN Walked - Sold ELSE 0 END)
-FROM walked;

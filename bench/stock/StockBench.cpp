@@ -22,6 +22,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "Contenders.h"
 #include "session/books/SampleBooks.h"
 #include "session/clsStolvane1.h"
 #include "session/data/ShapePlan.h"
@@ -32,6 +33,7 @@
 namespace {
 
 using namespace pstolvane1;
+using namespace pstolvane1::bench;
 using Clock = std::chrono::steady_clock;
 
 struct Method {
@@ -44,10 +46,6 @@ constexpr Method kMethods[] = {
     {"LastSaleRate", LastSaleRate},   {"standardrate", standardrate},
     {"StandardPrice", StandardPrice}, {"SimpleAvg", SimpleAvg},
 };
-
-constexpr int kYear = 3;
-constexpr const char* kFrom = "2005-04-01";
-constexpr const char* kTo = "2006-03-31";
 
 RecordsetPtr Statement(clsStolvane1& session, enmValuationMethod method) {
   return session.StockDetails_Itemwise(kYear, *Date::FromIso(kFrom), *Date::FromIso(kTo), method,
@@ -80,18 +78,13 @@ std::vector<std::string> SelectsOf(clsStolvane1& session, Provider& books,
   return selects;
 }
 
-void Check(int code, sqlite3* database) {
-  if (code != SQLITE_OK && code != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database));
-}
-
 // The bare engine as the floor uses it: the library's own settings and functions.
 struct Bare {
   explicit Bare(const std::string& path) {
     Check(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX,
                           nullptr),
           database);
-    Check(sqlite3_exec(database, "PRAGMA cache_size = -32000; PRAGMA temp_store = MEMORY", nullptr,
-                       nullptr, nullptr),
+    Check(sqlite3_exec(database, "PRAGMA cache_size = -32000", nullptr, nullptr, nullptr),
           database);
     sqlite::RegisterFunctions(database, failure);
   }
@@ -125,47 +118,6 @@ std::int64_t Step(sqlite3* database, const std::vector<std::string>& selects) {
   }
   if (touched == 0.125) fmt::print(" ");  // so that the cells are really read
   return rows;
-}
-
-// The closing value of all keys by window functions, from the method's file beside this one.
-double InSql(sqlite3* database, const char* method) {
-  std::ifstream file(fmt::format("{}/{}.sql", PST_STOCK_CONTENDERS, method));
-  const std::string text((std::istreambuf_iterator<char>(file)), {});
-  sqlite3_stmt* statement = nullptr;
-  Check(sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr), database);
-  const auto place = [&](const char* name) {
-    return sqlite3_bind_parameter_index(statement, name);
-  };
-  if (place(":year") > 0) sqlite3_bind_int(statement, place(":year"), kYear);
-  if (place(":begin") > 0) sqlite3_bind_text(statement, place(":begin"), kFrom, -1, SQLITE_STATIC);
-  if (place(":to") > 0) sqlite3_bind_text(statement, place(":to"), kTo, -1, SQLITE_STATIC);
-  if (sqlite3_step(statement) != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(database));
-  const double value = sqlite3_column_double(statement, 0);
-  Check(sqlite3_finalize(statement), database);
-  return value;
-}
-
-struct Walked {
-  double seconds = 1e9;
-  double value = 0;
-};
-
-// What a command prints first.
-template <typename... Numbers>
-void ReadFrom(const std::string& command, const char* format, Numbers*... numbers) {
-  FILE* const pipe = popen(command.c_str(), "r");
-  if (pipe == nullptr) throw std::runtime_error("cannot run " + command);
-  const int read = std::fscanf(pipe, format, numbers...);
-  if (pclose(pipe) != 0 || read != static_cast<int>(sizeof...(numbers)))
-    throw std::runtime_error("no answer from " + command);
-}
-
-Walked InPython(const std::string& path, const char* method) {
-  Walked walked;
-  ReadFrom(fmt::format("python3 '{}/walk.py' '{}' {} {} {} {}", PST_STOCK_CONTENDERS, path, method,
-                       kYear, kFrom, kTo),
-           "%lf %lf", &walked.seconds, &walked.value);
-  return walked;
 }
 
 // The total of the statement, from its last line's text.
@@ -252,19 +204,19 @@ void Run(std::int64_t movements, int rounds) {
   fmt::print("{:>10}{:>10}{:>11}", "floor MB", "report MB", "bytes/row");
   fmt::print("{:>9}{:>9}{:>17}{:>17}{:>17}\n", "Python", "windows", "closing", "in Python",
              "in SQL");
+  const auto faster = [](const Answer& a, const Answer& b) { return a.seconds < b.seconds; };
   for (std::size_t i = 0; i < std::size(kMethods); ++i) {
     const Method& one = kMethods[i];
     const std::vector<std::string> selects = SelectsOf(session, *books, one.method);
-    double floor = 1e9, report = 1e9, windows = 1e9, in_sql = 0;
-    Walked walked;
+    double floor = 1e9, report = 1e9;
+    Answer walked, windows;
     std::int64_t rows = 0;
     RecordsetPtr statement;
     for (int round = 0; round < rounds; ++round) {
       floor = std::min(floor, SecondsOf([&] { rows = Step(bare.database, selects); }));
       report = std::min(report, SecondsOf([&] { statement = Statement(session, one.method); }));
-      windows = std::min(windows, SecondsOf([&] { in_sql = InSql(bare.database, one.name); }));
-      walked = std::min(walked, InPython(path, one.name),
-                        [](const Walked& a, const Walked& b) { return a.seconds < b.seconds; });
+      windows = std::min(windows, InSql(bare.database, one.name), faster);
+      walked = std::min(walked, InPython(path, one.name), faster);
     }
     const std::int64_t lines = statement->RecordCount();
     const Peaks peaks = PeaksOf(path, i, selects);
@@ -272,8 +224,8 @@ void Run(std::int64_t movements, int rounds) {
                report, report / floor, static_cast<double>(lines) / report);
     fmt::print("{:>10.1f}{:>10.1f}{:>11.0f}", peaks.floor / 1e6, peaks.report / 1e6,
                (peaks.report - peaks.floor) / static_cast<double>(rows));
-    fmt::print("{:>9.3f}{:>9.3f}{:>17.2f}{:>17.2f}{:>17.2f}\n", walked.seconds, windows,
-               ClosingOf(statement), walked.value, in_sql);
+    fmt::print("{:>9.3f}{:>9.3f}{:>17.2f}{:>17.2f}{:>17.2f}\n", walked.seconds, windows.seconds,
+               ClosingOf(statement), walked.value, windows.value);
   }
   std::filesystem::remove_all(folder);
 }
