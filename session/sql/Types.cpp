@@ -103,6 +103,9 @@ std::optional<ValueType> ArithmeticType(ArithmeticOp op, const ValueType& a, con
   if (high == Type::kDecimal && IsNumber(low)) {
     return DecimalResult(op, AsDecimal(a), AsDecimal(b));
   }
+  // An amount has more figures than the seven of a 32-bit float, so that a quantity times a rate is
+  // wider than the dialect's model makes it.
+  if (high == Type::kSingle && low == Type::kMoney) return ValueType{Type::kReal};
   ValueType result = a.type == high ? a : b;
   if (high == Type::kWhole) result.digits = 0;
   return result;
