@@ -1,6 +1,7 @@
 #include "host/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <csignal>
 #include <cstdint>
 #include <exception>
@@ -17,6 +18,7 @@
 #include "host/WrongCall.h"
 #include "session/books/SampleBooks.h"
 #include "session/data/Error.h"
+#include "session/data/TextFold.h"
 
 namespace pstolvane1::host {
 namespace {
@@ -47,8 +49,20 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
                                                          {"json", Format::kJson},
                                                          {"html", Format::kHtml},
                                                          {"xlsx", Format::kXlsx}};
-  command.add_option("--format", output.format, "table, csv, json, html or xlsx")
-      ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case))
+  command
+      .add_option_function<std::string>(
+          "--format",
+          [&output](const std::string& name) {
+            const auto format =
+                std::find_if(kFormats.begin(), kFormats.end(),
+                             [&name](const auto& known) { return EqualFolded(known.first, name); });
+            if (format == kFormats.end()) {
+              throw CLI::ValidationError("--format",
+                                         "takes table, csv, json, html or xlsx, not " + name);
+            }
+            output.format = format->second;
+          },
+          "table, csv, json, html or xlsx")
       ->option_text("FORMAT");
   command.add_option("--out", output.path, "write into this file")->option_text("PATH");
   command.add_option("--locale", output.locale, "locale of the texts, as en_IN")
@@ -163,7 +177,11 @@ int RunCommandLine(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kSuccess : kWrongCall;
+    if (app.exit(error) == 0) return kSuccess;
+    if (const std::string usage = UsageOfRun(typed.run.operation); !usage.empty()) {
+      std::cerr << '\n' << usage << '\n';
+    }
+    return kWrongCall;
   }
   try {
     return typed.command();

@@ -30,17 +30,22 @@ constexpr std::string_view kSynchronous = "blnReport";
 constexpr double kLastPercentSynchronous = 20;
 constexpr double kLastPercentAsynchronous = 60;
 
-NamedValue SplitNamed(const std::string& text, std::string_view what) {
-  const std::size_t equals = text.find('=');
-  if (equals == 0 || equals == std::string::npos) {
-    throw WrongCall("\"" + text + "\" is no " + std::string(what) + ": write NAME=VALUE");
-  }
-  return {text.substr(0, equals), Variant(text.substr(equals + 1))};
+[[noreturn]] void RaiseWrongCall(const std::string& problem, const Operation& operation) {
+  throw WrongCall(problem + "\n\n" + UsageOfRun(operation.name));
 }
 
-std::vector<NamedValue> SplitAll(const std::vector<std::string>& texts, std::string_view what) {
+// "NAME=VALUE" texts, which name arguments of the operation.
+std::vector<NamedValue> SplitAll(const std::vector<std::string>& texts, std::string_view what,
+                                 const Operation& operation) {
   std::vector<NamedValue> values;
-  for (const std::string& text : texts) values.push_back(SplitNamed(text, what));
+  for (const std::string& text : texts) {
+    const std::size_t equals = text.find('=');
+    if (equals == 0 || equals == std::string::npos) {
+      RaiseWrongCall("\"" + text + "\" is no " + std::string(what) + ": write NAME=VALUE",
+                     operation);
+    }
+    values.push_back({text.substr(0, equals), Variant(text.substr(equals + 1))});
+  }
   return values;
 }
 
@@ -52,8 +57,7 @@ automation::BoundValues Checked(const Operation& operation, const std::vector<Na
     const std::string usage = "; " + automation::UsageOf(operation);
     std::string problem = error.Description();
     if (problem.ends_with(usage)) problem.resize(problem.size() - usage.size());
-    throw WrongCall(problem + "\n\nstolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n" +
-                    Describe(operation));
+    RaiseWrongCall(problem, operation);
   }
 }
 
@@ -88,19 +92,22 @@ class Session {
                                  {"dtToDate", OrEmpty(options_.books_to)}});
     if (!options_.output.locale.empty())
       CallMember("SetLocale", {{"name", options_.output.locale}});
-    if (!options_.aliases.empty()) CallMember("SetAliases", SplitAll(options_.aliases, "alias"));
+    if (!options_.aliases.empty()) {
+      CallMember("SetAliases",
+                 SplitAll(options_.aliases, "alias", automation::GetOperation("SetAliases")));
+    }
     if (!options_.filters.empty()) CallMember("SetFilter", Filters());
     if (options_.cancel) CallMember("CancelFetching", {{"CancelFetching", True}});
   }
 
   void Call(const Operation& operation, std::vector<NamedValue> values) {
-    for (NamedValue& rowset : SplitAll(options_.rowsets, "rowset")) {
+    for (NamedValue& rowset : SplitAll(options_.rowsets, "rowset", operation)) {
       rowset.value = automation::OpenSelect(session_, rowset.value.ToText());
       values.push_back(std::move(rowset));
     }
     const Variant returned = automation::Call(session_, operation, values).value;
     if (returned.Type() == adChapter) delivered_ = returned.ToRowset();
-    while (options_.asynchronous && delivered_ == nullptr && session_.Fetching()) {
+    while (delivered_ == nullptr && session_.Fetching()) {
       WaitForEvents(std::chrono::milliseconds(200));
     }
   }
@@ -138,8 +145,9 @@ class Session {
 
   // An argument of SetFilter that is not named leaves everything in.
   [[nodiscard]] std::vector<NamedValue> Filters() const {
-    std::vector<NamedValue> values = SplitAll(options_.filters, "filter");
-    for (const Argument& argument : automation::GetOperation("SetFilter").arguments) {
+    const Operation& set_filter = automation::GetOperation("SetFilter");
+    std::vector<NamedValue> values = SplitAll(options_.filters, "filter", set_filter);
+    for (const Argument& argument : set_filter.arguments) {
       const bool named = std::any_of(values.begin(), values.end(), [&](const NamedValue& value) {
         return EqualFolded(value.name, argument.name);
       });
@@ -159,13 +167,19 @@ class Session {
 
 }  // namespace
 
+std::string UsageOfRun(std::string_view operation) {
+  const Operation* found = automation::FindOperation(operation);
+  if (found == nullptr) return {};
+  return "stolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n" + Describe(*found);
+}
+
 void Run(const RunOptions& options) {
   const Operation* operation = automation::FindOperation(options.operation);
   if (operation == nullptr) {
     throw WrongCall("there is no operation \"" + options.operation +
                     "\"; \"stolvane reports\" lists them");
   }
-  std::vector<NamedValue> values = SplitAll(options.arguments, "argument");
+  std::vector<NamedValue> values = SplitAll(options.arguments, "argument", *operation);
   const bool path_chosen = std::any_of(values.begin(), values.end(), [](const NamedValue& value) {
     return EqualFolded(value.name, kSynchronous);
   });
@@ -173,7 +187,7 @@ void Run(const RunOptions& options) {
     values.push_back({std::string(kSynchronous), Boolean(!options.asynchronous)});
   }
   std::vector<NamedValue> with_rowsets = values;
-  for (NamedValue& rowset : SplitAll(options.rowsets, "rowset")) {
+  for (NamedValue& rowset : SplitAll(options.rowsets, "rowset", *operation)) {
     with_rowsets.push_back({std::move(rowset.name), Recordset::New()});
   }
   const automation::BoundValues bound = Checked(*operation, with_rowsets);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/Output.h"
@@ -25,5 +26,8 @@ struct RunOptions {
 
 // Error of the report or the books, or WrongCall.
 void Run(const RunOptions& options);
+
+// How the operation is called, with its arguments; "" for one that there is not.
+[[nodiscard]] std::string UsageOfRun(std::string_view operation);
 
 }  // namespace pstolvane1::host

@@ -210,27 +210,87 @@ TEST_F(Run, WhatCannotBeWrittenIsAnError) {
                               "\": No such file or directory\n");
 }
 
+const std::string kLedgersByCode =
+    "stolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n"
+    "  LedgersByCode bytYearno sCode blnReport\n"
+    "      The ledgers of some subgroups.\n"
+    "      bytYearno                whole number from 0 to 255. The number of the accounting "
+    "year.\n"
+    "      sCode                    text. Subgroup codes with commas between, or nothing; comes "
+    "back as a condition.\n"
+    "      blnReport                flag, true or false. True returns the report; anything else "
+    "fetches it in the background and delivers it by FetchComplete.\n\n";
+
 TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
-  for (const Words& wrong : std::vector<Words>{{"bytYearno=abc"}, {"nothing=1"}, {"blnReport"}}) {
+  struct Wrong {
+    Words words;
+    std::string told;
+  };
+  const std::string name = "stolvane: LedgersByCode: ";
+  const std::string parser = "Run with --help for more information.\n";
+  const std::vector<Wrong> calls = {
+      {{"bytYearno=1", "sCode="}, ""},
+      {{}, name + "bytYearno is missing, a whole number from 0 to 255\n"},
+      {{"bytYearno=abc"}, name + "bytYearno takes a whole number from 0 to 255, not \"abc\"\n"},
+      {{"bytYearno=256"},
+       name + "bytYearno takes a whole number from 0 to 255, and 256 lies "
+              "outside\n"},
+      {{"nothing=1"}, name + "there is no argument \"nothing\"\n"},
+      {{"bytYearno=1", "BYTYEARNO=2"}, name + "bytYearno is given twice\n"},
+      {{"blnReport"}, "stolvane: \"blnReport\" is no argument: write NAME=VALUE\n"},
+      {{"=1"}, "stolvane: \"=1\" is no argument: write NAME=VALUE\n"},
+      {{"--rowset", "recitem"}, "stolvane: \"recitem\" is no rowset: write NAME=VALUE\n"},
+      {{"--nothing"}, "The following argument was not expected: --nothing\n" + parser},
+      {{"--format", "pdf"}, "--format: takes table, csv, json, html or xlsx, not pdf\n" + parser},
+      {{"--format", "1"}, "--format: takes table, csv, json, html or xlsx, not 1\n" + parser},
+  };
+  for (const auto& [wrong, told] : calls) {
     Words words = {"run", "LedgersByCode", "--books", Books()};
     words.insert(words.end(), wrong.begin(), wrong.end());
     const Finished finished = Stolvane(words);
-    EXPECT_EQ(finished.status, 2) << wrong.at(0);
-    EXPECT_EQ(finished.out, "");
+    EXPECT_EQ(finished.status, told.empty() ? 0 : 2) << told;
+    EXPECT_EQ(finished.out.empty(), !told.empty()) << told;
+    EXPECT_EQ(finished.err, told.empty() ? "" : told + "\n" + kLedgersByCode);
   }
-  const Finished missing = Stolvane({"run", "LedgersByCode", "--books", Books()});
-  EXPECT_EQ(missing.status, 2);
-  EXPECT_EQ(missing.err,
-            "stolvane: LedgersByCode: bytYearno is missing, a whole number from 0 to 255\n\n"
-            "stolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n"
-            "  LedgersByCode bytYearno sCode blnReport\n"
-            "      The ledgers of some subgroups.\n"
-            "      bytYearno                whole number from 0 to 255. The number of the "
-            "accounting year.\n"
-            "      sCode                    text. Subgroup codes with commas between, or nothing; "
-            "comes back as a condition.\n"
-            "      blnReport                flag, true or false. True returns the report; anything "
-            "else fetches it in the background and delivers it by FetchComplete.\n\n");
+}
+
+TEST_F(Run, WithoutBooksItShowsTheOperationsArguments) {
+  const Finished finished = Stolvane({"run", "LedgersByCode", "bytYearno=1", "sCode="});
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_EQ(finished.err,
+            "--books is required\nRun with --help for more information.\n\n" + kLedgersByCode);
+}
+
+TEST_F(Run, AWrongSettingShowsTheArgumentsOfItsMember) {
+  const auto told = [](const std::string& option, const std::string& setting) {
+    const Finished finished = Stolvane(
+        {"run", "LedgersByCode", "--books", Books(), "bytYearno=1", "sCode=", option, setting});
+    EXPECT_EQ(finished.status, 2) << setting;
+    EXPECT_EQ(finished.out, "");
+    return finished.err;
+  };
+  const std::string filter = told("--filter", "OptNo=some");
+  EXPECT_TRUE(filter.starts_with("stolvane: SetFilter: OptNo takes a whole number")) << filter;
+  EXPECT_NE(filter.find("\n  SetFilter strVouchertypeFilter strSubgroupFilter"), std::string::npos);
+  const std::string unnamed = told("--filter", "OptNo");
+  EXPECT_TRUE(unnamed.starts_with("stolvane: \"OptNo\" is no filter: write NAME=VALUE\n\n"));
+  EXPECT_NE(unnamed.find("\n  SetFilter strVouchertypeFilter"), std::string::npos) << unnamed;
+  const std::string alias = told("--alias", "taNothing=1");
+  EXPECT_TRUE(alias.starts_with("stolvane: SetAliases: there is no argument \"taNothing\"\n\n"));
+  EXPECT_NE(alias.find("\n  SetAliases [taItem]"), std::string::npos) << alias;
+  const std::string from = told("--books-from", "31/03/2004");
+  EXPECT_TRUE(from.starts_with("stolvane: SetConnection: dtFromDate takes a date as 2004-03-31"))
+      << from;
+}
+
+TEST_F(Run, BlnReportOf1TakesTheAsynchronousPathToItsEnd) {
+  const Finished finished = Stolvane({"run", "LedgersByCode", "--books", Books(), "bytYearno=1",
+                                      "sCode=41", "blnReport=1", "--format", "json", "--events"});
+  ASSERT_EQ(finished.status, 0) << finished.err;
+  const json report = json::parse(finished.out);
+  EXPECT_EQ(report.at("anyCount"), 0);
+  EXPECT_EQ(report.at("rows").size(), 1U);
+  EXPECT_EQ(report.at("events").back(), json::parse(R"({"name":"FetchComplete","anyCount":0})"));
 }
 
 TEST_F(Run, UnknownAndUnbuiltOperationsAreTold) {
