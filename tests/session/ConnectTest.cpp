@@ -79,6 +79,43 @@ TEST_F(ConnectTest, AnAsynchronousFailureReachesOnConnectOnly) {
   EXPECT_NE(session->GetConnectionObject(), nullptr);
 }
 
+TEST_F(ConnectTest, AConnectThatDidNotGoWellAndHasNoErrorTellsThatItFailed) {
+  Connect();
+  const std::shared_ptr<Connection> connection = session->GetConnectionObject();
+  connection->ConnectComplete(nullptr, adStatusErrorsOccurred, *connection);
+  connection->ConnectComplete(nullptr, adStatusOK, *connection);
+  const Error error(ErrorNumber::kConnection, "the server is gone");
+  connection->ConnectComplete(&error, adStatusOK, *connection);
+  EXPECT_EQ(events, (EventLog{"OnConnect 'Connection Failed'", "OnConnect ''",
+                              "OnConnect 'the server is gone'"}));
+}
+
+TEST_F(ConnectTest, AFailureLeavesTheBooksPeriodAndTheCurrencyAsTheyWere) {
+  session->SetConnection("", "", "books", False, Date::FromYmd(2003, 4, 1),
+                         Date::FromYmd(2004, 3, 31), "Euro", "Cent");
+  books->OpenFails("locked");
+  EXPECT_THROW(session->SetConnection("", "second", "other", False, Date::FromYmd(2005, 4, 1)),
+               Error);
+  EXPECT_EQ(module.dtBooksFrom, Date::FromYmd(2003, 4, 1));
+  EXPECT_EQ(module.dtBooksTo, Date::FromYmd(2004, 3, 31));
+  EXPECT_EQ(module.strCurrencyPrefix, "Euro");
+  EXPECT_EQ(module.strCurrencySuffix, "Cent");
+  EXPECT_EQ(module.strSavedConnection, "second");
+  EXPECT_EQ(session->GetConnectionObject(), nullptr);
+}
+
+TEST_F(ConnectTest, AnAsynchronousConnectHasTakenItsArgumentsWhenItReturns) {
+  books->OpenHolds();
+  session->SetConnection("", "saved", "books", True, Date::FromYmd(2003, 4, 1),
+                         Date::FromYmd(2004, 3, 31));
+  EXPECT_TRUE(module.blnConnected);
+  EXPECT_EQ(module.strSavedConnection, "saved");
+  EXPECT_EQ(module.dtBooksFrom, Date::FromYmd(2003, 4, 1));
+  EXPECT_EQ(module.international.strDateSeparator, "/");
+  EXPECT_EQ(module.strCurrencySuffix, "Paise");
+  books->Release();
+}
+
 TEST_F(ConnectTest, AfterAFailureTheSessionCanConnect) {
   books->OpenFails("locked");
   EXPECT_THROW(session->SetConnection("", "", "books", False), Error);

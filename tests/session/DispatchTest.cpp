@@ -213,6 +213,73 @@ TEST_F(DispatchTest, AFetchThatIsLeftOverCountsForTheNextReport) {
   EXPECT_EQ(module.bytFetchesDone, 0);
 }
 
+RecordsetPtr g_built;
+RecordsetPtr KeepBuilt(ReportFrame& /*frame*/) {
+  g_built = OneCell(7);
+  return g_built;
+}
+
+TEST_F(DispatchTest, EveryReportIsDeliveredAsACloneButThePriceListAsBuilt) {
+  std::vector<ReportRow> rows(AllReports().begin(), AllReports().end());
+  for (ReportRow& row : rows) row.builder = &KeepBuilt;
+  RecordsetPtr delivered;
+  host.FetchComplete = [&](const RecordsetPtr& rowset, std::int32_t) { delivered = rowset; };
+  for (const auto& [value, expected] : ExpectedByValue()) {
+    if (expected.any_count.empty()) continue;
+    const auto frame = Frame(rows);
+    frame->lngReportType = value;
+    module.bytFetchesDone = 3;
+    frame->SourceFetchComplete();
+    ASSERT_NE(delivered, nullptr) << ReportTypeText(value);
+    EXPECT_EQ(delivered == g_built, value == rtMultiplePriceList) << ReportTypeText(value);
+    EXPECT_EQ(delivered->Collect("Number"), Variant(7));
+  }
+  g_built = nullptr;
+}
+
+TEST_F(DispatchTest, EveryFetchThatDoesNotDispatchBringsTheCeilingDown) {
+  const auto frame = Frame(kTwoFetches);
+  for (const std::int32_t type : {std::int32_t{rtColorwise_Monthly}, std::int32_t{rtBuyerReport}}) {
+    frame->lngReportType = type;
+    frame->progress.sngFetchCeiling = 60;
+    module.bytFetchesDone = 0;
+    frame->SourceFetchComplete();
+    EXPECT_EQ(frame->progress.sngFetchCeiling, 20.0F) << type;
+    EXPECT_EQ(module.bytFetchesDone, 1) << type;
+  }
+  EXPECT_EQ(events, EventLog{});
+}
+
+TEST_F(DispatchTest, ARowThatDeliversNothingStillTellsManipulatingAndClearsTheCount) {
+  const auto frame = Frame(AllReports());
+  frame->lngReportType = rtStockDetails_Categorywise_WithAvg_Yearly;
+  module.bytFetchesDone = 2;
+  frame->SourceFetchComplete();
+  EXPECT_EQ(events, (EventLog{"1 Manipulating"}));
+  EXPECT_EQ(module.bytFetchesDone, 0);
+  EXPECT_EQ(frame->progress.sngFetchCeiling, 20.0F);
+}
+
+TEST_F(DispatchTest, AFetchOfZeroRowsExpectedIsAStepOfOne) {
+  const auto frame = Frame(kTwoFetches);
+  frame->SourceFetchProgress(Source::rsItems, 0, 0);
+  frame->SourceFetchProgress(Source::RsCategory, 0, 0);
+  EXPECT_EQ(events, (EventLog{"1 FetchingData", "2 FetchingData"}));
+  EXPECT_EQ(frame->lngFetchTotal, 0);
+  EXPECT_TRUE(frame->Seen(Source::rsItems));
+  EXPECT_TRUE(frame->Seen(Source::RsCategory));
+  EXPECT_EQ(frame->lngRs1Fetches, 0);
+}
+
+TEST_F(DispatchTest, Rs1IsCountedOncePerReport) {
+  const auto frame = Frame(kTwoFetches);
+  frame->SourceFetchProgress(Source::Rs1, 1, 10);
+  frame->SourceFetchProgress(Source::Rs1, 2, 10);
+  frame->BeginManipulating();
+  frame->SourceFetchProgress(Source::Rs1, 1, 10);
+  EXPECT_EQ(frame->lngRs1Fetches, 2);
+}
+
 TEST_F(DispatchTest, TheFetchCountIsSharedByTheSessionsOfAThread) {
   const auto first = Frame(kTwoFetches);
   const auto second = Frame(kTwoFetches);

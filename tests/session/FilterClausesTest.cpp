@@ -86,11 +86,51 @@ TEST(BuildSubgroupFilter, TheHostsConditionIsNotReadForEntryTypes1And2) {
   EXPECT_EQ(out.godown.find("nonsense"), std::string::npos);
 }
 
-TEST(BuildSubgroupFilter, PlacesTheWordAnd) {
-  const DocumentFilter filter{.strSubgroupFilter = "X", .btTypeOfentry = 0};
-  EXPECT_TRUE(Build(filter, true, "T", 1).voucher.starts_with(" and t.voucher_id in"));
-  EXPECT_TRUE(Build(filter, true, "T", 2).voucher.ends_with("x )    and "));
-  EXPECT_TRUE(Build(filter, true, "T", 3).voucher.starts_with("t.voucher_id in"));
+TEST(BuildSubgroupFilter, PlacesTheWordAndOnEachOutput) {
+  for (const std::uint8_t type : {std::uint8_t{0}, std::uint8_t{1}, std::uint8_t{2}}) {
+    for (const bool via_voucher_details : {true, false}) {
+      const DocumentFilter filter{.strSubgroupFilter = "X", .btTypeOfentry = type};
+      const Outputs plain = Build(filter, via_voucher_details, "T", 0);
+      const Outputs front = Build(filter, via_voucher_details, "T", 1);
+      const Outputs behind = Build(filter, via_voucher_details, "T", 2);
+      const Outputs other = Build(filter, via_voucher_details, "T", 3);
+      for (std::string Outputs::*const output :
+           {&Outputs::desr, &Outputs::voucher, &Outputs::godown}) {
+        EXPECT_FALSE((plain.*output).empty());
+        EXPECT_EQ(front.*output, " and " + plain.*output);
+        EXPECT_EQ(behind.*output, plain.*output + " and ");
+        EXPECT_EQ(other.*output, plain.*output);
+      }
+    }
+  }
+}
+
+TEST(BuildSubgroupFilter, TheGodownFormIsTheDocumentFormOnItsOwnKey) {
+  for (const std::uint8_t type : {std::uint8_t{0}, std::uint8_t{1}, std::uint8_t{2}}) {
+    for (const bool via_voucher_details : {true, false}) {
+      const Outputs out =
+          Build({.strSubgroupFilter = "X", .btTypeOfentry = type}, via_voucher_details);
+      const std::string document = " desr1.desr_id in";
+      const std::string godown = " godownitem1.gdesr_id in";
+      ASSERT_TRUE(out.desr.starts_with(document));
+      EXPECT_EQ(out.godown, godown + out.desr.substr(document.size()));
+    }
+  }
+}
+
+TEST(BuildSubgroupFilter, AJoinForTheVoucherKeepsTheDocumentFormOfTypes1And2) {
+  for (const std::uint8_t type : {std::uint8_t{1}, std::uint8_t{2}}) {
+    const DocumentFilter filter{.btTypeOfentry = type};
+    EXPECT_EQ(Build(filter, false).desr, Build(filter, true).desr);
+  }
+}
+
+TEST(BuildSubgroupFilter, OutputsThatAreFilledAreReplacedByTheFiltersOwn) {
+  const Outputs out =
+      Build({.btTypeOfentry = 1}, true, "", 0, {.desr = "Old", .voucher = "Old", .godown = "Old"});
+  EXPECT_EQ(out.desr.find("old"), std::string::npos);
+  EXPECT_EQ(out.voucher.find("old"), std::string::npos);
+  EXPECT_EQ(out.godown.find("old"), std::string::npos);
 }
 
 TEST(BuildSubgroupFilter, AnEmptyFilterLeavesTheOutputsButPlacesTheWordAndLowersThem) {

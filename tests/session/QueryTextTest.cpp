@@ -44,6 +44,13 @@ TEST(ApplyAliases, TheGodownAliasReachesTheCorrelationNameGod) {
             "godown1.shortname, god.shortname");
 }
 
+TEST(ApplyAliases, TheGodownAliasIsFoundInAnyCaseForTheCorrelationName) {
+  EXPECT_EQ(ApplyAliases("god.godownname", {.taGodown = "GODOWN1.A + godown1.B"}), "god.a + god.b");
+  EXPECT_EQ(ApplyAliases("god.godownname", {.taGodown = "Color1.Color"}), "color1.color");
+  EXPECT_EQ(ApplyAliases("god.godownname, godown1.godownname", {.taItem = "I"}),
+            "god.godownname, godown1.godownname");
+}
+
 TEST(NormaliseQueryText, DatesLoseTheirSigns) {
   EXPECT_EQ(NormaliseQueryText("#03/31/2004#", {}), "'03/31/2004'");
 }
@@ -59,6 +66,20 @@ TEST(NormaliseQueryText, TheReplacementsAreBlind) {
   EXPECT_EQ(NormaliseQueryText("SHAPE {Select 1} APPEND", {}), "shape {select 1} append");
   EXPECT_EQ(NormaliseQueryText("0-Godownitem1.Qty, -GodownItem1.Qty", {}),
             "0-godownitem1.qty, -godownitem1.qty");
+}
+
+TEST(NormaliseQueryText, TheRewritesComeInTheirOrderAndOnce) {
+  // True is 1 before "-1" is looked for; what a replacement leaves is not looked at again.
+  EXPECT_EQ(NormaliseQueryText("-True", {}), "1");
+  EXPECT_EQ(NormaliseQueryText("--11", {}), "-11");
+  EXPECT_EQ(NormaliseQueryText("tr#ue", {}), "tr'ue");
+  EXPECT_EQ(NormaliseQueryText("-#1#", {}), "-'1'");
+}
+
+TEST(NormaliseQueryText, ATextWithoutAliasesOrLiteralsPassesLowered) {
+  EXPECT_EQ(NormaliseQueryText("Select [Item Name] From Items1", {}),
+            "select [item name] from items1");
+  EXPECT_EQ(NormaliseQueryText("", {}), "");
 }
 
 TEST(NormaliseQueryText, AliasTextIsLoweredAndRewrittenWithTheQuery) {

@@ -112,6 +112,16 @@ TEST_F(ReportTest, ACancelStaysInForceUntilFalseIsWritten) {
   EXPECT_EQ(Documents(True)->RecordCount(), 6);
 }
 
+TEST_F(ReportTest, OnlyTrueCancels) {
+  Connect();
+  session->CancelFetching(1);
+  EXPECT_EQ(Documents(True)->RecordCount(), 6);
+  EXPECT_EQ(FetchDocuments()->RecordCount(), 6);
+  session->CancelFetching(True);
+  session->CancelFetching(2);
+  EXPECT_EQ(Documents(True)->RecordCount(), 6);
+}
+
 TEST_F(ReportTest, CancelledFromAProgressHandlerTheRowsDoneSoFarAreDelivered) {
   Connect();
   int rows = 0;
@@ -189,6 +199,51 @@ TEST_F(ReportTest, TwoSessionsOnOneThreadShareTheArguments) {
   (void)other.Doc_Initial(5, 8, Date::FromYmd(2005, 4, 1), Date::FromYmd(2006, 3, 31));
   EXPECT_EQ(module.bytYearno, 5);
   EXPECT_NE(module.strSQL, first);
+}
+
+TEST_F(ReportTest, TwoSessionsOnOneThreadShareTheFilterButNotTheAliases) {
+  Connect();
+  clsStolvane1 other(books->Maker());
+  other.SetConnection("", "", "books", False);
+  session->SetFilter("Vouchertype1.RelatedTo = 3", "SubgroupName1.Code = 4", 2, 1);
+  session->SetAliases({.taLedger = "LedgerNames1.Pin"});
+  (void)other.Doc_Initial(5, 8, Date::FromYmd(2005, 4, 1), Date::FromYmd(2006, 3, 31));
+  EXPECT_NE(module.strSQL.find("ledgernames1.ledgername as ledgername"), std::string::npos);
+  (void)Documents(True);
+  EXPECT_NE(module.strSQL.find("ledgernames1.pin as ledgername"), std::string::npos);
+  other.SetFilter("", "", 0, 0);
+  EXPECT_EQ(module.filter.strVouchertypeFilter, "");
+  EXPECT_EQ(module.filter.strSubgroupFilter, "");
+  EXPECT_EQ(module.filter.btTypeOfentry, 0);
+  EXPECT_EQ(module.filter.OptNo, 0);
+}
+
+TEST_F(ReportTest, TheFilterStaysInForceUntilItIsSetAgain) {
+  Connect();
+  session->SetFilter("Vouchertype1.RelatedTo = 3", "SubgroupName1.Code = 4", 2, 1);
+  (void)Documents(True);
+  (void)FetchDocuments();
+  session->SetConnection("", "", "books", False);
+  EXPECT_EQ(module.filter.strVouchertypeFilter, "Vouchertype1.RelatedTo = 3");
+  EXPECT_EQ(module.filter.strSubgroupFilter, "SubgroupName1.Code = 4");
+  EXPECT_EQ(module.filter.btTypeOfentry, 2);
+  EXPECT_EQ(module.filter.OptNo, 1);
+}
+
+TEST_F(ReportTest, WhileItConnectsTheConnectionIsNotOpenYet) {
+  books->OpenHolds();
+  session->SetConnection("", "", "books", True);
+  for (const Boolean mode : {True, False}) {
+    try {
+      (void)Documents(mode);
+      FAIL() << "no error";
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Number(), ErrorNumber::kNoConnection);
+    }
+  }
+  books->Release();
+  PumpUntil([&] { return session->GetConnectionObject()->State() == adStateOpen; });
+  EXPECT_EQ(Documents(True)->RecordCount(), 6);
 }
 
 TEST_F(ReportTest, BeforeSetConnectionItIsTheConnectionThatIsMissing) {
@@ -307,6 +362,81 @@ TEST_F(ReportTest, AReportAskedForWhileAnotherFetchesReplacesIt) {
   EXPECT_EQ(module.bytFetchesDone, 0);
 }
 
+TEST_F(ReportTest, AReportInsideAnEventOfTheFetchTakesItsPlace) {
+  Connect();
+  int inside = 0;
+  std::vector<std::int32_t> delivered;
+  session->FetchProgress = [&](std::uint8_t, std::string_view message) {
+    if (message == "FetchingData" && ++inside == 1) {
+      EXPECT_EQ(Documents(True)->RecordCount(), 6);
+    }
+  };
+  session->FetchComplete = [&](const RecordsetPtr& rowset, std::int32_t) {
+    delivered.push_back(rowset->RecordCount());
+  };
+  EXPECT_EQ(Documents(False), nullptr);
+  PumpUntil([&] { return inside > 0 && !session->Fetching(); });
+  (void)WaitForEvents(std::chrono::milliseconds(10));
+  EXPECT_EQ(delivered, std::vector<std::int32_t>()) << "the rowset that fetched was replaced";
+  EXPECT_EQ(module.bytFetchesDone, 0);
+  session->FetchProgress = nullptr;
+  EXPECT_EQ(Documents(False), nullptr);
+  PumpUntil([&] { return !delivered.empty(); });
+  EXPECT_EQ(delivered, std::vector<std::int32_t>{6});
+}
+
+TEST_F(ReportTest, AReportInsideManipulatingLeavesItsRowsetToTheOuterOne) {
+  Connect();
+  books->Answer("sum(creditamt)", LedgerAmounts(Ledgers(2)));
+  bool inside = false;
+  std::vector<std::vector<std::string>> delivered;
+  session->FetchProgress = [&](std::uint8_t, std::string_view message) {
+    if (message != "Manipulating" || inside) return;
+    inside = true;
+    const Date day = Date::FromYmd(2003, 4, 1);
+    (void)session->Doc_Initial(3, 9, day, day, False);
+  };
+  session->FetchComplete = [&](RecordsetPtr rowset, std::int32_t) {
+    delivered.push_back(FirstColumn(*rowset));
+  };
+  EXPECT_EQ(Documents(False), nullptr);
+  PumpUntil([&] { return !delivered.empty() && !session->Fetching(); });
+  // Nothing guards against it: both builders read the rowset that the inner call put in place.
+  ASSERT_EQ(delivered.size(), 2U);
+  for (const std::vector<std::string>& lines : delivered) EXPECT_EQ(lines.back(), "Total");
+  EXPECT_EQ(module.bytFetchesDone, 0);
+}
+
+TEST_F(ReportTest, ProgressWithEveryRowOnBothPathsIsMonotonous) {
+  books->Answer("as amount", LedgerAmounts(Ledgers(3000)));
+  Connect();
+  std::vector<std::pair<int, std::string>> told;
+  session->FetchProgress = [&](std::uint8_t percent, std::string_view message) {
+    told.emplace_back(percent, message);
+  };
+  (void)FetchDocuments();
+  const auto count = [&told](std::string_view message) {
+    return std::count_if(told.begin(), told.end(),
+                         [message](const auto& one) { return one.second == message; });
+  };
+  EXPECT_EQ(count("Manipulating"), 1);
+  EXPECT_EQ(count("manipulating"), 3000);
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end(),
+                             [](const auto& a, const auto& b) { return a.first < b.first; }));
+  EXPECT_EQ(told.back(), (std::pair<int, std::string>(60, "manipulating")));
+  for (const auto& [percent, message] : told) {
+    if (message == "FetchingData") {
+      EXPECT_LE(percent, 20);
+    }
+  }
+  told.clear();
+  (void)Documents(True);
+  EXPECT_EQ(count("manipulating"), 3000);
+  EXPECT_EQ(told.size(), 3000U) << "only the builder tells of a synchronous report";
+  EXPECT_EQ(told.front().first, 20);
+  EXPECT_EQ(told.back().first, 20);
+}
+
 TEST_F(ReportTest, DestroyedWhileFetchingItIsSilent) {
   FakeTable held = LedgerAmounts(Ledgers(4));
   held.held = true;
@@ -380,6 +510,20 @@ TEST_F(ReportTest, POrderTextQueryRaisesNoEventAndLeavesTheReportInHandAlone) {
   ASSERT_EQ(books->Queries().size(), 1U);
   EXPECT_NE(books->Queries()[0].find(" where desr1.date >= '04/01/2004' ) as qry1 "),
             std::string::npos);
+}
+
+TEST_F(ReportTest, POrderTextQueryWhileAReportFetchesLeavesItWhole) {
+  FakeTable held = LedgerAmounts(Ledgers(4));
+  held.held = true;
+  books->Answer("as amount", std::move(held));
+  books->Answer("as qry1",
+                {.columns = {{.name = "itemname", .type = adVarChar}}, .rows = {{"Chain"}}});
+  Connect();
+  EXPECT_EQ(Documents(False), nullptr);
+  EXPECT_EQ(session->POrderTextQuery("")->RecordCount(), 1);
+  EXPECT_EQ(module.strSQL.find("where"), std::string::npos);
+  books->Release();
+  PumpUntil([&] { return !events.empty() && events.back() == "FetchComplete 0"; });
 }
 
 TEST_F(ReportTest, LedgersByCodeGivesTheConditionBackToTheCaller) {

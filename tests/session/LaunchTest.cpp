@@ -1,0 +1,300 @@
+// The launch patterns on reports of their own: what is opened, in which order, and who goes on.
+#include "SessionHarness.h"
+#include "session/Launch.h"
+#include "session/ReportFrame.h"
+
+namespace pstolvane1 {
+namespace {
+
+FakeTable Numbers(std::int32_t count) {
+  FakeTable table{.columns = {{.name = "n", .type = adInteger}}};
+  for (std::int32_t n = 1; n <= count; ++n) table.rows.push_back({n});
+  return table;
+}
+
+std::string State(const Recordset& rowset) {
+  switch (rowset.State()) {
+    case adStateClosed:
+      return "closed";
+    case adStateOpen:
+      return std::to_string(rowset.RecordCount());
+    default:
+      return "fetching";
+  }
+}
+
+RecordsetPtr g_built;
+
+// The sizes of rsReport and Rs1 as the builder finds them, in a rowset of its own.
+RecordsetPtr BuildSizes(ReportFrame& frame) {
+  g_built = Recordset::New();
+  g_built->Fields().Append("rsReport", adBSTR);
+  g_built->Fields().Append("Rs1", adBSTR);
+  g_built->Open();
+  g_built->AddNew();
+  g_built->Collect("rsReport", State(*frame.Rowset(Source::rsReport)));
+  g_built->Collect("Rs1", State(*frame.Rowset(Source::Rs1)));
+  g_built->AddNew();
+  g_built->Update();
+  g_built->MoveFirst();
+  ++frame.module.lngRecordNo;
+  return g_built;
+}
+
+RecordsetPtr BuildSize(ReportFrame& frame) {
+  frame.Replace(Source::Rs1)->Fields().Append("n", adInteger);
+  return BuildSizes(frame);
+}
+
+constexpr ReportRow kReports[] = {
+    Row(rtColorwise_Monthly, 2, &BuildSizes),
+    Row(rtCategorywise_Initial, 1, &BuildSize),
+    Row(rtMechanicLabourReport, 2, &BuildSize),
+    {.first = rtMultiplePriceList,
+     .last = rtMultiplePriceList,
+     .awaits = 0,
+     .builder = &BuildSize,
+     .delivery = Delivery::kAsBuilt},
+};
+
+constexpr SourceQuery kReportQuery = {Source::rsReport, "select n from first"};
+constexpr SourceQuery kRs1Query = {Source::Rs1, "select n from second"};
+
+class LaunchTest : public testing::Test {
+ protected:
+  LaunchTest() {
+    *modStolvane1::OfThisThread() = modStolvane1();
+    g_built = nullptr;
+    LogEvents(host, events);
+    const auto logging = host.FetchComplete;
+    host.FetchComplete = [this, logging](const RecordsetPtr& rowset, std::int32_t any_count) {
+      logging(rowset, any_count);
+      delivered = rowset;
+    };
+    books->Answer("from first", Numbers(3));
+    books->Answer("from second", Numbers(5));
+    frame = std::make_shared<ReportFrame>(kReports, books->Maker(), host);
+    frame->SetConnection("", "books", False, {}, {}, "", "");
+    events.clear();
+  }
+  ~LaunchTest() override {
+    frame->Class_Terminate();
+    g_built = nullptr;
+  }
+
+  RecordsetPtr LaunchTwo(Boolean blnReport) {
+    frame->lngReportType = rtColorwise_Monthly;
+    return Launch(*frame, blnReport, kFetch, {kReportQuery, kRs1Query}, &BuildSizes);
+  }
+  RecordsetPtr LaunchOne(ReportType type, Boolean blnReport, const LaunchPattern& pattern) {
+    frame->lngReportType = type;
+    return Launch(*frame, blnReport, pattern, {kReportQuery}, &BuildSize);
+  }
+  void Hold(const std::string& query, FakeTable table) {
+    table.held = true;
+    books->Answer(query, std::move(table));
+  }
+  static std::string Sizes(Recordset& report) {
+    return report.Collect("rsReport").ToText() + " " + report.Collect("Rs1").ToText();
+  }
+
+  clsStolvane1Events host;
+  EventLog events;
+  RecordsetPtr delivered;
+  std::shared_ptr<FakeBooks> books = std::make_shared<FakeBooks>();
+  std::shared_ptr<ReportFrame> frame;
+  modStolvane1& module = *modStolvane1::OfThisThread();
+};
+
+TEST_F(LaunchTest, SynchronousItOpensInOrderAndReturnsACloneOfWhatWasBuilt) {
+  const RecordsetPtr report = LaunchTwo(True);
+  ASSERT_NE(report, nullptr);
+  EXPECT_EQ(Sizes(*report), "3 5");
+  EXPECT_EQ(books->Queries(), (std::vector<std::string>{std::string(kReportQuery.text),
+                                                        std::string(kRs1Query.text)}));
+  EXPECT_NE(report, g_built);
+  report->MoveLast();
+  EXPECT_EQ(g_built->Collect("Rs1"), Variant("5")) << "moving the clone moved the builder's rowset";
+  EXPECT_EQ(books->Snapshots(), 1) << "the queries of a report read one state";
+  EXPECT_EQ(events, EventLog{});
+  EXPECT_EQ(module.bytFetchesDone, 0);
+  EXPECT_EQ(frame->progress.sngFetchCeiling, 20.0F);
+  EXPECT_EQ(frame->progress.sngFetchPercent, 0.0F) << "\"Manipulating\" was raised";
+}
+
+TEST_F(LaunchTest, AsynchronousItReturnsNothingAndBuildsWhenTheLastFetchIsComplete) {
+  Hold("from second", Numbers(5));
+  EXPECT_EQ(LaunchTwo(False), nullptr);
+  PumpUntil([&] { return module.bytFetchesDone == 1; });
+  EXPECT_TRUE(frame->Fetching());
+  EXPECT_EQ(g_built, nullptr);
+  EXPECT_EQ(events, EventLog{"20 FetchingData"});
+  books->Release();
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_FALSE(frame->Fetching());
+  EXPECT_EQ(Sizes(*delivered), "3 5");
+  EXPECT_NE(delivered, g_built);
+  delivered->MoveLast();
+  EXPECT_EQ(g_built->Collect("Rs1"), Variant("5")) << "moving the clone moved the builder's rowset";
+  EXPECT_EQ(module.bytFetchesDone, 0);
+  EXPECT_EQ(books->Snapshots(), 1) << "the queries of a report read one state";
+}
+
+TEST_F(LaunchTest, EveryRowsetHasItsConnectionAndFetchSizeBeforeTheFirstOpen) {
+  FakeTable refused;
+  refused.refusal = Error(ErrorNumber::kQueryRefused, "no such table");
+  books->Answer("from first", refused);
+  EXPECT_THROW((void)LaunchTwo(False), Error);
+  const RecordsetPtr second = frame->Rowset(Source::Rs1);
+  EXPECT_EQ(second->State(), adStateClosed);
+  EXPECT_EQ(second->ActiveConnection(), frame->MainCn);
+  EXPECT_EQ(second->Properties()("Initial Fetch Size").Value(), Variant(1));
+}
+
+TEST_F(LaunchTest, ThePatternWithoutPreparationLeavesTheFetchSizeAndDeliversWhatWasBuilt) {
+  EXPECT_EQ(LaunchOne(rtMultiplePriceList, False, kFetchAsBuilt), nullptr);
+  EXPECT_EQ(frame->Rowset(Source::rsReport)->Properties()("Initial Fetch Size").Value(),
+            Recordset::New()->Properties()("Initial Fetch Size").Value());
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_EQ(delivered, g_built);
+  EXPECT_EQ(LaunchOne(rtMultiplePriceList, True, kFetchAsBuilt), g_built);
+}
+
+TEST_F(LaunchTest, OpenAndSignalCompletesBeforeTheCallReturns) {
+  EXPECT_EQ(LaunchOne(rtCategorywise_Initial, False, kOpenAndSignal), nullptr);
+  ASSERT_NE(delivered, nullptr);
+  EXPECT_EQ(Sizes(*delivered), "3 closed");
+  EXPECT_EQ(events, (EventLog{"1 Manipulating", "FetchComplete 0"}));
+  EXPECT_EQ(module.bytFetchesDone, 0);
+}
+
+TEST_F(LaunchTest, OpenAndSignalAskedForSynchronouslyIsALaunchLikeAnyOther) {
+  const RecordsetPtr report = LaunchOne(rtCategorywise_Initial, True, kOpenAndSignal);
+  EXPECT_EQ(Sizes(*report), "3 closed");
+  EXPECT_EQ(events, EventLog{});
+}
+
+TEST_F(LaunchTest, OpenAndSignalThatIsRefusedSignalsNothing) {
+  books->Answer("from first", {.refusal = Error(ErrorNumber::kQueryRefused, "no such table")});
+  EXPECT_THROW((void)LaunchOne(rtCategorywise_Initial, False, kOpenAndSignal), Error);
+  EXPECT_EQ(events, EventLog{});
+  EXPECT_EQ(module.bytFetchesDone, 0);
+}
+
+TEST_F(LaunchTest, APreloadedCountLetsOneFetchSatisfyARowThatAwaitsTwo) {
+  EXPECT_EQ(LaunchOne(rtMechanicLabourReport, False, kPreloadedCount), nullptr);
+  EXPECT_EQ(module.bytFetchesDone, 1);
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_EQ(Sizes(*delivered), "3 closed");
+  EXPECT_EQ(module.bytFetchesDone, 0);
+}
+
+TEST_F(LaunchTest, APreloadedCountReplacesWhatWasLeftOver) {
+  module.bytFetchesDone = 7;
+  EXPECT_EQ(LaunchOne(rtMechanicLabourReport, False, kPreloadedCount), nullptr);
+  EXPECT_EQ(module.bytFetchesDone, 1);
+}
+
+TEST_F(LaunchTest, ASynchronousCallLeavesTheFetchCountAlone) {
+  module.bytFetchesDone = 7;
+  EXPECT_NE(LaunchOne(rtMechanicLabourReport, True, kPreloadedCount), nullptr);
+  EXPECT_NE(LaunchTwo(True), nullptr);
+  EXPECT_EQ(module.bytFetchesDone, 7);
+}
+
+TEST_F(LaunchTest, ARefusedOpenLeavesTheFetchCountAsItIs) {
+  books->Answer("from first", {.refusal = Error(ErrorNumber::kQueryRefused, "no such table")});
+  module.bytFetchesDone = 3;
+  EXPECT_THROW((void)LaunchTwo(False), Error);
+  EXPECT_EQ(module.bytFetchesDone, 3);
+  EXPECT_EQ(events, EventLog{});
+}
+
+TEST_F(LaunchTest, AFetchBesideARefusedOpenIsLeftOverForTheNextReport) {
+  books->Answer("from second", {.refusal = Error(ErrorNumber::kQueryRefused, "no such table")});
+  EXPECT_THROW((void)LaunchTwo(False), Error);
+  PumpUntil([&] { return !frame->Fetching(); });
+  EXPECT_EQ(module.bytFetchesDone, 1);
+  EXPECT_EQ(delivered, nullptr);
+  // The next one goes on at its first fetch, with what the others have until then.
+  Hold("from second", Numbers(5));
+  EXPECT_EQ(LaunchTwo(False), nullptr);
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_EQ(Sizes(*delivered), "3 fetching");
+  books->Release();
+  PumpUntil([&] { return !frame->Fetching(); });
+  EXPECT_EQ(module.bytFetchesDone, 1);
+  EXPECT_EQ(std::count(events.begin(), events.end(), "FetchComplete 0"), 1);
+}
+
+TEST_F(LaunchTest, OfSeveralFetchesOneThatFailsCountsAndItsErrorEndsTheBuilding) {
+  FakeTable failing = Numbers(2);
+  failing.failure = Error(ErrorNumber::kDivisionByZero, "division by zero");
+  books->Answer("from second", std::move(failing));
+  EXPECT_EQ(LaunchTwo(False), nullptr);
+  std::optional<Error> told;
+  for (int round = 0; round < 500 && !told; ++round) {
+    try {
+      (void)WaitForEvents(std::chrono::milliseconds(20));
+    } catch (const Error& error) {
+      told = error;
+    }
+  }
+  ASSERT_TRUE(told);
+  EXPECT_EQ(told->Number(), ErrorNumber::kDivisionByZero);
+  EXPECT_EQ(module.bytFetchesDone, 0);
+  EXPECT_EQ(delivered, nullptr);
+}
+
+TEST_F(LaunchTest, ReportsThatCompleteInAnyOrderAreOne) {
+  Hold("from first", Numbers(3));
+  EXPECT_EQ(LaunchTwo(False), nullptr);
+  PumpUntil([&] { return module.bytFetchesDone == 1; });
+  EXPECT_EQ(State(*frame->Rowset(Source::Rs1)), "5");
+  books->Release();
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_EQ(Sizes(*delivered), "3 5");
+}
+
+TEST_F(LaunchTest, RowsetsThatTheHostHandsOverAreNotFetched) {
+  const RecordsetPtr items = Recordset::New();
+  items->Fields().Append("Item_id", adInteger);
+  items->Open();
+  frame->UseHostItems(items);
+  EXPECT_EQ(LaunchTwo(False), nullptr);
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_EQ(frame->Rowset(Source::rsItems), items);
+  EXPECT_FALSE(frame->Seen(Source::rsItems));
+}
+
+TEST_F(LaunchTest, WithoutAConnectionEveryPatternRaisesThatItIsMissing) {
+  frame->MainCn = nullptr;
+  for (const LaunchPattern& pattern : {kFetch, kOpenAndSignal, kFetchAsBuilt}) {
+    for (const Boolean mode : {True, False}) {
+      try {
+        (void)LaunchOne(rtCategorywise_Initial, mode, pattern);
+        FAIL() << "no error";
+      } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::kNoConnection);
+      }
+    }
+  }
+}
+
+TEST_F(LaunchTest, APlainQueryIsDisconnectedAndLeavesTheReportInHandAlone) {
+  Hold("from first", Numbers(3));
+  Hold("from second", Numbers(5));
+  books->Answer("from third", Numbers(2));
+  EXPECT_EQ(LaunchTwo(False), nullptr);
+  const RecordsetPtr plain = OpenPlain(*frame, "select n from third");
+  EXPECT_EQ(plain->RecordCount(), 2);
+  EXPECT_EQ(plain->ActiveConnection(), nullptr);
+  EXPECT_EQ(frame->lngReportType, rtColorwise_Monthly);
+  EXPECT_EQ(events, EventLog{});
+  books->Release();
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_EQ(Sizes(*delivered), "3 5");
+}
+
+}  // namespace
+}  // namespace pstolvane1

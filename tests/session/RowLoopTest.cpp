@@ -1,0 +1,150 @@
+// The row loop that every row builder has: its events, its end, its errors.
+#include <gtest/gtest.h>
+
+#include "SessionHarness.h"
+#include "session/RowLoop.h"
+#include "session/data/MessageLoop.h"
+
+namespace pstolvane1 {
+namespace {
+
+RecordsetPtr Numbers(std::int32_t count) {
+  const RecordsetPtr rowset = Recordset::New();
+  rowset->Fields().Append("n", adInteger);
+  rowset->Open();
+  for (std::int32_t n = 1; n <= count; ++n) {
+    rowset->AddNew();
+    rowset->Collect("n", n);
+    rowset->Update();
+  }
+  if (count > 0) rowset->MoveFirst();
+  return rowset;
+}
+
+class RowLoopTest : public testing::Test {
+ protected:
+  RowLoopTest() {
+    *modStolvane1::OfThisThread() = modStolvane1();
+    LogEvents(host, events);
+    frame->progress.sngFetchPercent = 20;
+    frame->progress.sngFetchCeiling = 60;
+  }
+  // The rows that a pass over the source writes.
+  std::vector<std::int32_t> Pass(Recordset& source, std::int32_t range = 60) {
+    std::vector<std::int32_t> written;
+    ForEachSourceRow(
+        *frame, source, [&] { written.push_back(source.Collect("n").ToInt32()); }, range);
+    return written;
+  }
+
+  clsStolvane1Events host;
+  EventLog events;
+  std::shared_ptr<ReportFrame> frame =
+      std::make_shared<ReportFrame>(std::span<const ReportRow>(), nullptr, host);
+};
+
+TEST_F(RowLoopTest, EachRowIsAStepOf60OverTheRowsOfTheSource) {
+  EXPECT_EQ(Pass(*Numbers(4)), (std::vector<std::int32_t>{1, 2, 3, 4}));
+  EXPECT_EQ(frame->lngFetchTotal, 4);
+  // 20 + 15, + 15, and the ceiling after two thirds of the rows.
+  EXPECT_EQ(events, (EventLog{"35 manipulating", "50 manipulating", "60 manipulating"}));
+}
+
+TEST_F(RowLoopTest, ABuilderMayStepBy40InsteadOf60) {
+  (void)Pass(*Numbers(4), 40);
+  EXPECT_EQ(events,
+            (EventLog{"30 manipulating", "40 manipulating", "50 manipulating", "60 manipulating"}));
+}
+
+TEST_F(RowLoopTest, ThePercentStopsAt60AndNeverReaches100) {
+  int highest = 0;
+  int steps = 0;
+  host.FetchProgress = [&](std::uint8_t percent, std::string_view message) {
+    EXPECT_EQ(message, "manipulating");
+    highest = std::max<int>(highest, percent);
+    ++steps;
+  };
+  (void)Pass(*Numbers(1000));
+  EXPECT_EQ(steps, 1000);
+  EXPECT_EQ(highest, 60);
+}
+
+TEST_F(RowLoopTest, WithoutRowsNothingIsWrittenAndNothingTold) {
+  EXPECT_EQ(Pass(*Numbers(0)), std::vector<std::int32_t>());
+  EXPECT_EQ(events, EventLog{});
+  EXPECT_EQ(frame->lngFetchTotal, 0);
+}
+
+TEST_F(RowLoopTest, MessagesAreDeliveredBetweenTheRowAndItsProgress) {
+  const auto queue = MessageQueue::OfThisThread();
+  const RecordsetPtr source = Numbers(2);
+  ForEachSourceRow(*frame, *source, [&] {
+    const std::string row = "row " + source->Collect("n").ToText();
+    events.push_back(row);
+    queue->Post([this, row] { events.push_back("message of " + row); });
+  });
+  EXPECT_EQ(events, (EventLog{"row 1", "message of row 1", "50 manipulating", "row 2",
+                              "message of row 2", "60 manipulating"}));
+}
+
+TEST_F(RowLoopTest, ACancelEndsEveryPassAfterOneRow) {
+  frame->blnCancelFetching = True;
+  EXPECT_EQ(Pass(*Numbers(4)), std::vector<std::int32_t>{1});
+  EXPECT_EQ(Pass(*Numbers(3)), std::vector<std::int32_t>{1});
+  EXPECT_EQ(Pass(*Numbers(0)), std::vector<std::int32_t>());
+}
+
+TEST_F(RowLoopTest, ACancelThatAMessageBringsEndsThePassAtItsRow) {
+  const auto queue = MessageQueue::OfThisThread();
+  const RecordsetPtr source = Numbers(4);
+  int rows = 0;
+  ForEachSourceRow(*frame, *source, [&] {
+    if (++rows == 2) queue->Post([this] { frame->blnCancelFetching = True; });
+  });
+  EXPECT_EQ(rows, 2);
+}
+
+TEST_F(RowLoopTest, OnlyTrueCancels) {
+  for (const Boolean other : {Boolean(1), Boolean(2), False}) {
+    frame->blnCancelFetching = other;
+    EXPECT_EQ(Pass(*Numbers(3)).size(), 3U);
+  }
+}
+
+TEST_F(RowLoopTest, ACancelThatIsTakenBackIsNone) {
+  frame->blnCancelFetching = True;
+  frame->blnCancelFetching = False;
+  EXPECT_EQ(Pass(*Numbers(3)).size(), 3U);
+}
+
+TEST_F(RowLoopTest, AnErrorNamesTheReportAndTheRow) {
+  frame->lngReportType = rtDoc_Initial;
+  const RecordsetPtr source = Numbers(3);
+  try {
+    ForEachSourceRow(*frame, *source, [&] {
+      if (source->Collect("n").ToInt32() == 2) throw Error(ErrorNumber::kOverflow, "too large");
+    });
+    FAIL() << "no error";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::kOverflow);
+    EXPECT_EQ(error.Description(), "while writing rtDoc_Initial from row 2: too large");
+  }
+}
+
+TEST_F(RowLoopTest, RowsOfAGroupAreAPassAsWell) {
+  const RecordsetPtr source = Numbers(3);
+  frame->lngFetchTotal = 3;
+  std::vector<std::int32_t> written;
+  ForEachRow(*frame, source->Rows(),
+             [&](const Recordset::Row& row) { written.push_back(row["n"].ToInt32()); });
+  EXPECT_EQ(written, (std::vector<std::int32_t>{1, 2, 3}));
+  EXPECT_EQ(events, (EventLog{"40 manipulating", "60 manipulating"}));
+  frame->blnCancelFetching = True;
+  written.clear();
+  ForEachRow(*frame, source->Rows(),
+             [&](const Recordset::Row& row) { written.push_back(row["n"].ToInt32()); });
+  EXPECT_EQ(written, std::vector<std::int32_t>{1});
+}
+
+}  // namespace
+}  // namespace pstolvane1
