@@ -30,7 +30,10 @@ class Consumption {
 };
 
 Currency AtAverage(float balance, const StockFigure& inwards) {
-  return ValueAt(RateOf(inwards), Of(balance));
+  const double rate = std::fabs(
+      Quotient(inwards.value.ToDouble(), Of(inwards.quantity),
+               "the sales exceed the layers, and no inward quantity gives them an average"));
+  return ValueAt(rate, Of(balance));
 }
 
 StockFigure WalkOpening(std::span<const LayerLine> lines, const LayerSales& sales,

@@ -1,7 +1,7 @@
 #include "stock/StockFigures.h"
 
 #include <cmath>
-#include <limits>
+#include <string>
 
 #include "session/data/Error.h"
 
@@ -13,8 +13,10 @@ float ToSingle(double value) {
   return single;
 }
 
-double Quotient(double a, double b) {
-  if (b == 0) throw Error(ErrorNumber::kDivisionByZero, "division by zero");
+double Quotient(double a, double b, std::string_view about) {
+  if (b == 0) {
+    throw Error(ErrorNumber::kDivisionByZero, "division by zero: " + std::string(about));
+  }
   return a / b;
 }
 
@@ -27,7 +29,8 @@ StockFigure& StockFigure::operator+=(const StockFigure& other) {
 }
 
 double RateOf(const StockFigure& figure) {
-  return std::fabs(Quotient(figure.value.ToDouble(), static_cast<double>(figure.quantity)));
+  return std::fabs(Quotient(figure.value.ToDouble(), static_cast<double>(figure.quantity),
+                            "a value without a quantity has no rate"));
 }
 
 StockFigures& StockFigures::operator+=(const StockFigures& other) {

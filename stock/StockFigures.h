@@ -1,14 +1,16 @@
 // Quantities and values of stock, and what is reckoned of them on every line. Pure arithmetic.
 #pragma once
 
+#include <string_view>
+
 #include "session/data/Currency.h"
 
 namespace pstolvane1 {
 
 // A value as a 32-bit float, rounded once; error 6 beyond its range.
 [[nodiscard]] float ToSingle(double value);
-// a / b; error 11 where b is 0.
-[[nodiscard]] double Quotient(double a, double b);
+// a / b; error 11, with what the division is about, where b is 0.
+[[nodiscard]] double Quotient(double a, double b, std::string_view about);
 // A quantity times a rate, in double, rounded once to money; error 6 beyond its range.
 [[nodiscard]] Currency ValueAt(double quantity, double rate);
 

@@ -32,7 +32,8 @@ StockKeyColumns::StockKeyColumns(const Recordset& keys)
       maintain_batches_(FirstOf(keys, {"MaintainBatches"})) {}
 
 StockUnits StockKeyColumns::Units(const Recordset::Row& row) const {
-  return {.unit = std::string(row.Text(unit_)),
+  return {.item = std::string(row.Text(item_name_)),
+          .unit = std::string(row.Text(unit_)),
           .alt_unit = std::string(row.Text(alt_unit_)),
           .relation_formula = row.IsNull(relation_formula_) ? 0 : row.Single(relation_formula_)};
 }

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "session/data/Error.h"
+
 namespace pstolvane1 {
 namespace {
 
@@ -35,12 +37,24 @@ void StockWriter::WriteSide(const StockSideColumns& side, const StockFigure& fig
     if (units) lines_.Text(side.unit, units->unit);
     lines_.Text(side.rate, NumberText(RateOf(figure)));
     if (units && alternate_) {
-      lines_.Text(side.alt_quantity,
-                  NumberText(Quotient(quantity, static_cast<double>(units->relation_formula))));
+      lines_.Text(side.alt_quantity, AltQuantityText(quantity, *units));
       lines_.Text(side.alt_unit, units->alt_unit);
     }
   }
   if (figure.value != kZero) lines_.Text(side.value, MoneyText(Scaled(figure.value)));
+}
+
+double StockWriter::Scaled(double money) const {
+  return Quotient(money, scale_, "money is divided by sngScale, which is 0; 1 shows it as it is");
+}
+
+std::string StockWriter::AltQuantityText(double quantity, const StockUnits& units) const {
+  if (units.relation_formula == 0) {
+    throw Error(ErrorNumber::kDivisionByZero,
+                "division by zero: the item \"" + units.item +
+                    "\" has the RelationFormula 0; mend it in the books, or leave blnAltUom out");
+  }
+  return NumberText(quantity / static_cast<double>(units.relation_formula));
 }
 
 StockWriter::ProfitTwins StockWriter::WriteStockProfit(const StockFigures& figures,
@@ -51,8 +65,8 @@ StockWriter::ProfitTwins StockWriter::WriteStockProfit(const StockFigures& figur
                                                       .percent = columns_.profit_percent});
   std::string per_unit;
   if (profit.balance != kZero && figures.outwards.quantity != 0) {
-    const double of_one = Quotient(
-        profit.balance.ToDouble() / static_cast<double>(figures.outwards.quantity), scale_);
+    const double of_one =
+        Scaled(profit.balance.ToDouble() / static_cast<double>(figures.outwards.quantity));
     per_unit.append("@ ").append(MoneyText(std::fabs(of_one)));
     per_unit.append("/").append(unit.empty() ? "Unit" : unit);
   }

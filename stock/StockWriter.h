@@ -13,6 +13,7 @@ namespace pstolvane1 {
 
 // An item's units.
 struct StockUnits {
+  std::string item;  // whose they are
   std::string unit;
   std::string alt_unit;
   float relation_formula = 0;  // base units in an alternate unit
@@ -60,7 +61,9 @@ class StockWriter {
                       float relation_formula, ColumnHandle alternate_of_no_formula);
   void WriteTotalValue(ColumnHandle column, Currency value);
 
-  [[nodiscard]] double Scaled(Currency value) const { return Quotient(value.ToDouble(), scale_); }
+  [[nodiscard]] double Scaled(double money) const;
+  [[nodiscard]] double Scaled(Currency money) const { return Scaled(money.ToDouble()); }
+  [[nodiscard]] std::string AltQuantityText(double quantity, const StockUnits& units) const;
   [[nodiscard]] std::string MoneyText(double value) const { return locale_.FormatCurrency(value); }
   [[nodiscard]] std::string NumberText(double value) const { return locale_.FormatNumber(value); }
 

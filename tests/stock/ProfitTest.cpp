@@ -86,7 +86,7 @@ TEST(StockFigures, OutOfRangeIsAnError) {
             ErrorNumber::kOverflow);
   EXPECT_EQ(NumberOf([] { (void)ToSingle(1e39); }), ErrorNumber::kOverflow);
   EXPECT_EQ(NumberOf([] { (void)ValueAt(1e15, 1000); }), ErrorNumber::kOverflow);
-  EXPECT_EQ(NumberOf([] { (void)Quotient(1, 0); }), ErrorNumber::kDivisionByZero);
+  EXPECT_EQ(NumberOf([] { (void)Quotient(1, 0, ""); }), ErrorNumber::kDivisionByZero);
 }
 
 TEST(StockFigures, RatesHaveNoSign) {
