@@ -17,10 +17,11 @@ constexpr std::string_view kValueIn =
     "Godownitem1.RATE ELSE -QTY* Godownitem1.RATE END ELSE 0 END";
 constexpr std::string_view kRelate =
     "RELATE ITEM_ID TO ITEM_ID , GODOWN_ID TO GODOWN_ID , BATCH_ID TO BATCH_ID ";
+// Opening lines have neither date nor voucher line: the last column settles which comes first.
 constexpr std::string_view kOldestFirst =
-    "Godownitem1.YEARNO ASC , GODOWNITEM1.DATE ASC , DESRDETAILS_ID ASC";
+    "Godownitem1.YEARNO ASC , GODOWNITEM1.DATE ASC , DESRDETAILS_ID ASC , GODOWNITEM_ID ASC";
 constexpr std::string_view kNewestFirst =
-    "Godownitem1.YEARNO DESC , GODOWNITEM1.DATE DESC , DESRDETAILS_ID DESC";
+    "Godownitem1.YEARNO DESC , GODOWNITEM1.DATE DESC , DESRDETAILS_ID DESC , GODOWNITEM_ID DESC";
 
 struct Texts {
   std::string from, to;
@@ -46,7 +47,8 @@ std::string Parent(const StockArguments& arguments, const DocumentFilter& filter
       "and Git.YEARNO <= {} and ITEMS1.DELETED = 0 AND GODOWN1.DELETED = "
       "FALSE {} group by Git.ITEM_ID , Git.GODOWN_ID , Git.BATCH_ID , {}ITEMS1.ITEMNAME , "
       "GODOWN1.GODOWNNAME , BATCHES1.BATCHCODE , ITEMS1.MaintainBatches , UOM1.UOMNAME , "
-      "UOMALT1.UOMNAME , ITEMS1.RelationFormula Order By Items1.ItemName  ",
+      "UOMALT1.UOMNAME , ITEMS1.RelationFormula Order By Items1.ItemName , "
+      "Git.ITEM_ID , Git.GODOWN_ID , Git.BATCH_ID ",
       SelectGroup(arguments.tree), of_keys.join, of_keys.condition, texts.year, texts.to,
       texts.year, arguments.condition, group);
 }

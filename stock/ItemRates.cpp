@@ -4,8 +4,9 @@ namespace pstolvane1 {
 
 bool ItemRates::Meets(const ActualRate& rate, RateLink link, StockSide side) const {
   if (!rate.date) return false;
-  if (link == RateLink::kOutward && rate.added) return false;
-  if ((link == RateLink::kInward || link == RateLink::kBeforeInward) && !rate.added) return false;
+  const bool inward = link == RateLink::kInward || link == RateLink::kBeforeInward;
+  if (inward && rate.added != true) return false;
+  if (link == RateLink::kOutward && rate.added != false) return false;
   if (side == StockSide::kOpening) return *rate.date < period_.from;
   return link == RateLink::kBeforeInward ? *rate.date < period_.to : *rate.date <= period_.to;
 }

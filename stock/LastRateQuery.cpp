@@ -23,7 +23,7 @@ std::string Keys(const StockArguments& arguments, const MovementFilter& filter) 
       "ITEMS1.DELETED = 0 AND GODOWN1.DELETED = FALSE AND GODOWNITEM1.OPTIONAL = 0 AND "
       "GODOWNITEM1.YEARNO <= {4} {5} group by {0} , {6}ITEMS1.ITEMNAME , GODOWN1.GODOWNNAME , "
       "BATCHES1.BATCHCODE , ITEMS1.MaintainBatches , UOM1.UOMNAME , UOMALT1.UOMNAME , "
-      "ITEMS1.RELATIONFORMULA  Order By Items1.Itemname ",
+      "ITEMS1.RELATIONFORMULA  Order By Items1.Itemname , {0} ",
       kKey, SelectGroup(arguments.tree), filter.join, filter.condition, arguments.bytYearno,
       arguments.condition, GroupByGroup(arguments.tree));
 }

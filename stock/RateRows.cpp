@@ -3,12 +3,9 @@
 namespace pstolvane1 {
 namespace {
 
-// Null counts as 0 and as not set.
+// A row without a rate is one of rate 0.
 double RateAt(const Recordset::Row& row, ColumnHandle column) {
   return row.IsNull(column) ? 0 : row.Double(column);
-}
-bool FlagAt(const Recordset::Row& row, ColumnHandle column) {
-  return !row.IsNull(column) && row.Flag(column);
 }
 
 }  // namespace
@@ -25,12 +22,12 @@ std::span<const StandardRate> StandardRateRows::Of(std::int64_t item_id) {
   if (item_id_ == item_id) return rates_;
   rates_.clear();
   for (const Recordset::Row row : by_item_.Find({item_id})) {
-    if (row.IsNull(from_) || row.IsNull(to_)) continue;  // in force on no day
+    if (row.IsNull(to_) || row.IsNull(sale_)) continue;  // never ends; neither a cost nor a price
     rates_.push_back({.rate = RateAt(row, rate_),
-                      .from = row.DateOf(from_),
+                      .from = row.IsNull(from_) ? kNeverBegins : row.DateOf(from_),
                       .to = row.DateOf(to_),
                       .year = row.IsNull(year_) ? 0 : row.Int32(year_),
-                      .sale = FlagAt(row, sale_)});
+                      .sale = row.Flag(sale_)});
   }
   item_id_ = item_id;
   return rates_;
@@ -50,10 +47,12 @@ std::span<const ActualRate> ActualRateRows::Of(std::int64_t item_id) {
   if (item_id_ == item_id) return rates_;
   rates_.clear();
   for (const Recordset::Row row : by_item_.Find({item_id})) {
+    std::optional<bool> added = true;
+    if (added_) added = row.IsNull(*added_) ? std::nullopt : std::optional(row.Flag(*added_));
     rates_.push_back({.rate = RateAt(row, rate_),
                       .date = row.IsNull(date_) ? std::nullopt : std::optional(row.DateOf(date_)),
-                      .opening = FlagAt(row, opening_),
-                      .added = !added_ || FlagAt(row, *added_),
+                      .opening = !row.IsNull(opening_) && row.Flag(opening_),
+                      .added = added,
                       .godown_id = row.IsNull(godown_id_) ? 0 : row.Int64(godown_id_),
                       .batch_id = row.IsNull(batch_id_) ? 0 : row.Int64(batch_id_)});
   }

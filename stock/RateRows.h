@@ -10,10 +10,13 @@
 
 namespace pstolvane1 {
 
+// Stands in for a first day that is not told, so that only the last day counts.
+inline const Date kNeverBegins = Date::FromYmd(9999, 12, 31);
+
 // A row of Standardrate1.
 struct StandardRate {
   double rate = 0;
-  Date from, to;
+  Date from = kNeverBegins, to;
   std::int32_t year = 0;
   bool sale = false;  // a selling price, otherwise a cost
 };
@@ -23,7 +26,7 @@ struct ActualRate {
   double rate = 0;
   std::optional<Date> date = {};  // opening lines may have none, and then no test of a day holds
   bool opening = false;
-  bool added = false;
+  std::optional<bool> added = {};  // neither inward nor outward where it is not told
   std::int64_t godown_id = 0, batch_id = 0;
 };
 

@@ -26,7 +26,8 @@ std::string ComposeSimpleAverageItems(const StockArguments& arguments) {
       "ALTUOMNAME , ITEMS1.RELATIONFORMULA AS RELFORMULA       from (( ITEMS1 inner join UOM1 on "
       "UOM1.UOM_ID = ITEMS1.UOM_ID ) inner join UOM1 AS UOMALT1 on UOMALT1.UOM_ID = "
       "ITEMS1.ALTERNATEUOM_ID ) Where YearofCreation <= {} AND ITEM_ID <= ( SELECT MAX(ITEM_ID) "
-      "FROM ITEMDETAILSASLEDGER ) AND ITEMS1.DELETED = 0 {} order by Items1.ItemName",
+      "FROM ITEMDETAILSASLEDGER ) AND ITEMS1.DELETED = 0 {} order by Items1.ItemName , "
+      "ITEMS1.ITEM_ID",
       SelectGroup(arguments.tree), arguments.bytYearno, arguments.condition);
 }
 

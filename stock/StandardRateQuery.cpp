@@ -34,7 +34,7 @@ std::string ComposeStandardRate(const StockArguments& arguments, const DocumentF
       "godownitem1.optional = 0  and godownitem1.yearno <= {9} and items1.deleted = 0 and "
       "godown1.deleted = 0 {11} group by {1} , {12}items1.itemname , godown1.godownname , "
       "batches1.batchcode , items1.maintainbatches , uom1.uomname , uomalt1.uomname , "
-      "items1.relationformula  Order By Items1.ItemName",
+      "items1.relationformula  Order By Items1.ItemName , {1}",
       SelectGroup(arguments.tree), kKey, from, in_period("-1", kQuantity), in_period("-1", kValue),
       in_period("0", kQuantity), in_period("0", kValue), with_openings.join,
       with_openings.condition, arguments.bytYearno, SqlDateText(arguments.dtToDate),

@@ -16,15 +16,16 @@ struct TreeTexts {
 const TreeTexts& TextsOf(StockTree tree) {
   static constexpr TreeTexts kCategory{
       "Select ItemCategory_Id  , RelatedTo , ITEMCATEGORY1.Categoryname AS CATEGORYNAME From "
-      "ItemCategory1 where Deleted = False  Order By itemsCategory1.CategoryName ",
+      "ItemCategory1 where Deleted = False  Order By itemsCategory1.CategoryName , "
+      "ItemCategory_Id ",
       "items1.itemcategory_id", "items1.itemcategory_id"};
   static constexpr TreeTexts kClass{
       "Select ItemClass_Id as ItemCategory_Id  , RelatedTo , ITEMCLASS1.Classname as Categoryname "
-      "From ItemClass1 where Deleted = False  Order By ItemClass1.ClassName ",
+      "From ItemClass1 where Deleted = False  Order By ItemClass1.ClassName , ItemClass_Id ",
       "items1.itemclass_id as itemcategory_id", "items1.itemclass_id"};
   static constexpr TreeTexts kGodown{
       "Select Godown_Id as ItemCategory_Id , RelatedTo , GODOWN1.Godownname as Categoryname from "
-      "Godown1 where deleted = false Order By Godown1.GodownName ",
+      "Godown1 where deleted = false Order By Godown1.GodownName , Godown_Id ",
       "godown1.godown_id as itemcategory_id", "godown1.godown_id"};
   switch (tree) {
     case StockTree::kClass:
