@@ -1,9 +1,11 @@
 #include "session/ReportFrame.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "session/QueryText.h"
+#include "session/data/MessageLoop.h"
 
 namespace pstolvane1 {
 
@@ -51,6 +53,11 @@ bool ReportFrame::Fetching() const {
 
 RecordsetPtr ReportFrame::Rowset(Source source) const {
   const Slot& slot = SlotOf(source);
+  // A count that an earlier report left over can bring a builder here before its rows are there.
+  constexpr std::chrono::milliseconds kPatience{20};
+  while (slot.rowset && (slot.rowset->State() & adStateFetching) != 0) {
+    (void)WaitForEvents(kPatience);
+  }
   if (slot.failure) throw *slot.failure;
   if (!slot.rowset) {
     throw Error(ErrorNumber::kObjectNotSet, "a source rowset of the report is not set");

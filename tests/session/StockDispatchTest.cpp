@@ -16,7 +16,7 @@ constexpr StockTree kTrees[] = {StockTree::kItem, StockTree::kCategory, StockTre
                                 StockTree::kGodown};
 constexpr std::int32_t kNoMethods[] = {-1, 0, CurrentRate, 10, 255};
 
-// An asynchronous call on a frame, whose builder does not run as nothing is pumped.
+// Asynchronous calls on a frame that dispatches nothing.
 class StockDispatchTest : public SessionTest {
  protected:
   StockDispatchTest() {
@@ -30,7 +30,7 @@ class StockDispatchTest : public SessionTest {
   }
 
   void NewFrame() {
-    frame = std::make_shared<ReportFrame>(AllReports(), books->Maker(), *session);
+    frame = std::make_shared<ReportFrame>(std::span<const ReportRow>(), books->Maker(), *session);
     frame->SetConnection("", "books", False, kFrom, kTo, "", "");
     events.clear();
   }
