@@ -43,16 +43,21 @@ ActualRateRows::ActualRateRows(const Recordset& rows)
   if (rows.HasColumn("IsAdded")) added_ = rows.Column("IsAdded");
 }
 
+// Rows that do not tell are inward lines all of them.
+std::optional<bool> ActualRateRows::AddedAt(const Recordset::Row& row) const {
+  if (!added_) return true;
+  if (row.IsNull(*added_)) return std::nullopt;
+  return row.Flag(*added_);
+}
+
 std::span<const ActualRate> ActualRateRows::Of(std::int64_t item_id) {
   if (item_id_ == item_id) return rates_;
   rates_.clear();
   for (const Recordset::Row row : by_item_.Find({item_id})) {
-    std::optional<bool> added = true;
-    if (added_) added = row.IsNull(*added_) ? std::nullopt : std::optional(row.Flag(*added_));
     rates_.push_back({.rate = RateAt(row, rate_),
                       .date = row.IsNull(date_) ? std::nullopt : std::optional(row.DateOf(date_)),
                       .opening = !row.IsNull(opening_) && row.Flag(opening_),
-                      .added = added,
+                      .added = AddedAt(row),
                       .godown_id = row.IsNull(godown_id_) ? 0 : row.Int64(godown_id_),
                       .batch_id = row.IsNull(batch_id_) ? 0 : row.Int64(batch_id_)});
   }

@@ -50,6 +50,8 @@ class ActualRateRows {
   [[nodiscard]] std::span<const ActualRate> Of(std::int64_t item_id);
 
  private:
+  [[nodiscard]] std::optional<bool> AddedAt(const Recordset::Row& row) const;
+
   RowGroups by_item_;
   ColumnHandle rate_, date_, opening_, godown_id_, batch_id_;
   std::optional<ColumnHandle> added_;  // not told where all rows are inward

@@ -114,15 +114,17 @@ class Item:
     """The lines of an item in all its keys, and its standard rates."""
 
     def __init__(self, standards):
-        self.lines, self.standards = [], standards
+        self.lines, self.standards, self.last = [], standards, {}
 
     def standard(self, price, until):
         found = [rate for rate, sale, _, end, _ in self.standards if sale == price and until(end)]
         return found[-1] if found else None
 
     def actual(self, wanted, order, types):
-        found = [line for line in self.lines if line.type in types and wanted(line)]
-        return max(found, key=order, default=None)
+        if types not in self.last:
+            found = [line for line in self.lines if line.type in types and wanted(line)]
+            self.last[types] = max(found, key=order, default=None)
+        return self.last[types]
 
 
 def own_opening(lines):

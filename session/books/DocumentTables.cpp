@@ -88,8 +88,8 @@ constexpr Index kGodownItem1Indexes[] = {
     {"GodownItem1_Batch", "Batch_id, GOriginalVouchertype_id"},
     {"GodownItem1_Ledger", "GLedger_id, Date"},
     {"GodownItem1_Order",
-     "YearNo, Date, DesrDetails_id, Item_id, Godown_id, Batch_id, IsAdded, IsOpeningBal, Optional, "
-     "Qty, Rate, GOriginalVouchertype_id, GDesr_id, Color_id"},
+     "YearNo, Date, DesrDetails_id, GodownItem_id, Item_id, Godown_id, Batch_id, IsAdded, "
+     "IsOpeningBal, Optional, Qty, Rate, GOriginalVouchertype_id, GDesr_id, Color_id"},
     {"GodownItem1_Item",
      "Item_id, Godown_id, Batch_id, YearNo, Date, IsAdded, IsOpeningBal, Optional, Qty, Rate, "
      "GOriginalVouchertype_id, GDesr_id, Color_id"}};
