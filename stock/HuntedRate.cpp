@@ -46,7 +46,8 @@ struct QuantityColumns {
 
   template <typename Row>
   [[nodiscard]] KeyQuantities Read(const Row& row) const {
-    return {.opening = row.Single(opening),
+    return {.opening = row.Double(opening),
+            .closing = row.Double(opening) + row.Double(in) - row.Double(out),
             .inwards = {row.Single(in), row.Money(value_in)},
             .outwards = {row.Single(out), row.Money(value_out)}};
   }

@@ -15,16 +15,16 @@ StockFigures HuntedValues::Value(const KeyQuantities& quantities, std::int64_t i
     item_id_ = item_id;
   }
   const StockRates rates = HuntRates(method_, *item_, key);
-  const float closing = ToSingle(static_cast<double>(quantities.opening) +
-                                 static_cast<double>(quantities.inwards.quantity) -
-                                 static_cast<double>(quantities.outwards.quantity));
-  const auto at = [](float quantity, double rate) {
-    return StockFigure{quantity, ValueAt(static_cast<double>(quantity), rate)};
-  };
-  return {.opening = at(quantities.opening, rates.opening),
+  // What is shown is reckoned of singles, in which stock that is sold out comes to 0; what is
+  // valued, of the quantities as they are read, which have more figures.
+  const float opening = ToSingle(quantities.opening);
+  const float closing =
+      ToSingle(static_cast<double>(opening) + static_cast<double>(quantities.inwards.quantity) -
+               static_cast<double>(quantities.outwards.quantity));
+  return {.opening = {opening, ValueAt(quantities.opening, rates.opening)},
           .inwards = quantities.inwards,
           .outwards = quantities.outwards,
-          .closing = at(closing, rates.closing)};
+          .closing = {closing, ValueAt(quantities.closing, rates.closing)}};
 }
 
 }  // namespace pstolvane1
