@@ -15,6 +15,21 @@ namespace pstolvane1::host {
 namespace {
 
 constexpr int kNoSuchCommand = 127;
+// Says nothing where there is none.
+constexpr const char* kUsualPager =
+    "if command -v less >/dev/null 2>&1; then exec less -RS; else exit 127; fi";
+
+// What a line takes on the screen, without the signs of its colours.
+std::size_t WidthOnScreen(std::string_view line) {
+  std::size_t width = 0;
+  while (!line.empty()) {
+    const std::size_t sign = std::min(line.find("\x1b["), line.size());
+    width += DisplayWidth(line.substr(0, sign));
+    line.remove_prefix(sign);
+    line.remove_prefix(line.empty() ? 0 : std::min(line.find('m'), line.size() - 1) + 1);
+  }
+  return width;
+}
 
 bool Fits(const std::string& text) {
   winsize size{};
@@ -23,7 +38,7 @@ bool Fits(const std::string& text) {
   std::string_view rest = text;
   while (!rest.empty()) {
     const std::size_t end = std::min(rest.find('\n'), rest.size());
-    if (DisplayWidth(rest.substr(0, end)) > size.ws_col) return false;
+    if (WidthOnScreen(rest.substr(0, end)) > size.ws_col) return false;
     rest.remove_prefix(std::min(end + 1, rest.size()));
     ++lines;
   }
@@ -38,7 +53,7 @@ bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
 bool Show(const std::string& text) {
   if (StandardOutputIsTerminal() && !Fits(text)) {
     const char* chosen = std::getenv("PAGER");
-    const std::string pager = chosen != nullptr && *chosen != '\0' ? chosen : "less -RS";
+    const std::string pager = chosen != nullptr && *chosen != '\0' ? chosen : kUsualPager;
     if (FILE* pipe = popen(pager.c_str(), "w"); pipe != nullptr) {
       std::fwrite(text.data(), 1, text.size(), pipe);
       const int status = pclose(pipe);

@@ -2,7 +2,9 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
+#include <pty.h>
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -21,6 +23,22 @@ struct Running {
   std::string out_file, err_file;
 };
 
+// The program's own name, its words, and the null that ends them.
+std::vector<char*> ArgumentsOf(Words& own) {
+  own.insert(own.begin(), "stolvane");
+  std::vector<char*> arguments;
+  for (std::string& word : own) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
+  return arguments;
+}
+
+int WaitFor(pid_t process) {
+  int status = 0;
+  while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
 Running Start(const books::test::Folder& folder, const Words& words) {
   Running running{.out_file = folder.File("out"), .err_file = folder.File("err")};
   posix_spawn_file_actions_t files;
@@ -30,11 +48,8 @@ Running Start(const books::test::Folder& folder, const Words& words) {
                                    O_WRONLY | O_CREAT, 0600);
   posix_spawn_file_actions_addopen(&files, STDERR_FILENO, running.err_file.c_str(),
                                    O_WRONLY | O_CREAT, 0600);
-  std::vector<std::string> own = {"stolvane"};
-  own.insert(own.end(), words.begin(), words.end());
-  std::vector<char*> arguments;
-  for (std::string& word : own) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
+  Words own = words;
+  const std::vector<char*> arguments = ArgumentsOf(own);
   const int failed =
       posix_spawn(&running.process, PST_HOST_PROGRAM, &files, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&files);
@@ -43,10 +58,7 @@ Running Start(const books::test::Folder& folder, const Words& words) {
 }
 
 Finished Finish(const Running& running) {
-  int status = 0;
-  while (waitpid(running.process, &status, 0) < 0 && errno == EINTR) {
-  }
-  return {.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+  return {.status = WaitFor(running.process),
           .out = books::test::Content(running.out_file),
           .err = books::test::Content(running.err_file)};
 }
@@ -64,6 +76,30 @@ Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
   kill(running.process, signal);
   return Finish(running);
+}
+
+Finished StolvaneOnTerminal(const Words& words, unsigned short lines, unsigned short columns,
+                            const std::string& pager) {
+  Words own = words;
+  const std::vector<char*> arguments = ArgumentsOf(own);
+  const winsize size{.ws_row = lines, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
+  int terminal = -1;
+  const pid_t process = forkpty(&terminal, nullptr, nullptr, &size);
+  if (process < 0) throw std::runtime_error("there is no terminal to be had");
+  if (process == 0) {
+    setenv("PAGER", pager.c_str(), 1);
+    execv(PST_HOST_PROGRAM, arguments.data());
+    _exit(127);
+  }
+  Finished finished;
+  char bytes[4096];
+  // The last read fails: nobody has the other end any more.
+  for (ssize_t count = 0; (count = read(terminal, bytes, sizeof bytes)) > 0;) {
+    finished.out.append(bytes, static_cast<std::size_t>(count));
+  }
+  close(terminal);
+  finished.status = WaitFor(process);
+  return finished;
 }
 
 const std::string& SampleHost::Books() {

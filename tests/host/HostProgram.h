@@ -21,6 +21,10 @@ using Words = std::vector<std::string>;
 [[nodiscard]] Finished Stolvane(const Words& words);
 // Runs it and sends it a signal once it has been at work for a while.
 [[nodiscard]] Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds);
+// Runs it on a terminal of this size, with this pager. What it writes, to either output, is in out,
+// with line ends as a terminal has them.
+[[nodiscard]] Finished StolvaneOnTerminal(const Words& words, unsigned short lines,
+                                          unsigned short columns, const std::string& pager);
 
 // Sample books for all tests of a program, and a folder for each.
 class SampleHost : public testing::Test {
