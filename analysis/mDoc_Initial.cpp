@@ -16,7 +16,7 @@ enum LineClass { kDetailLine = 1, kRuleLine = 2, kTotalLine = 3 };
 }  // namespace
 
 RecordsetPtr mDoc_Initial(ReportFrame& frame) {
-  const RecordsetPtr source = frame.Rowset(Source::rsReport);
+  const RecordsetPtr source = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
   const ColumnHandle name = source->Column("Ledgername");
   const ColumnHandle id = source->Column("Ledger_id");
   const ColumnHandle amount = source->Column("Amount");

@@ -50,7 +50,7 @@ constexpr PriceColumns kPrices[] = {
 }  // namespace
 
 RecordsetPtr mMultiplePriceList(ReportFrame& frame) {
-  const RecordsetPtr source = frame.Rowset(Source::rsReport);
+  const RecordsetPtr source = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
   const ColumnHandle name = source->Column("itemname");
   std::array<ColumnHandle, std::size(kPrices)> prices{};
   std::ranges::transform(kPrices, prices.begin(),

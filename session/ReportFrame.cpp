@@ -1,11 +1,9 @@
 #include "session/ReportFrame.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 #include "session/QueryText.h"
-#include "session/data/MessageLoop.h"
 
 namespace pstolvane1 {
 
@@ -53,15 +51,12 @@ bool ReportFrame::Fetching() const {
 
 RecordsetPtr ReportFrame::Rowset(Source source) const {
   const Slot& slot = SlotOf(source);
-  // A count that an earlier report left over can bring a builder here before its rows are there.
-  constexpr std::chrono::milliseconds kPatience{20};
-  while (slot.rowset && (slot.rowset->State() & adStateFetching) != 0) {
-    (void)WaitForEvents(kPatience);
-  }
   if (slot.failure) throw *slot.failure;
   if (!slot.rowset) {
     throw Error(ErrorNumber::kObjectNotSet, "a source rowset of the report is not set");
   }
+  // A fetch that was left over from another report may have set this one off too early.
+  if ((slot.rowset->State() & adStateFetching) != 0) slot.rowset->WaitForRows();
   return slot.rowset;
 }
 

@@ -63,9 +63,9 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   void UseHostItems(RecordsetPtr items);
   // A source rowset still fetches, or its FetchComplete waits to be delivered.
   [[nodiscard]] bool Fetching() const;
-  // For row builders, who keep what they get: the source's rowset, whole. One that still fetches is
-  // awaited, with events delivered. The error of its fetch if that failed, and error 91 when there
-  // is none.
+  // For row builders, who keep what they get: the source's rowset, whole; waits for rows that still
+  // come. The error of its fetch if that failed, and error 91 when there is none. A builder that
+  // moves takes a clone: while it yields, another report may be built from the same rowset.
   [[nodiscard]] RecordsetPtr Rowset(Source source) const;
   [[nodiscard]] bool Seen(Source source) const;  // it has reported progress
 

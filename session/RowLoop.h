@@ -10,7 +10,8 @@ namespace pstolvane1 {
 // What an error of a row builder was about: the report, and the row of its source, from 1.
 [[nodiscard]] Error WhileWritingRow(const Error& error, const ReportFrame& frame, std::int32_t row);
 
-// Calls write_row on each row of the source from where it stands, and after it yields to the
+// Calls write_row on each row of the source, which stands at its first row and is the builder's own
+// clone (another builder may run while this one yields), and after it yields to the
 // message loop and raises "manipulating". The test of a cancel stands at the end of the pass: one
 // row is always done, and the caller goes on to its closing lines. An error of write_row goes on
 // with its row.

@@ -16,6 +16,7 @@ class AsyncFetch::Handle final : public RunningFetch {
   explicit Handle(std::shared_ptr<AsyncFetch> fetch) : fetch_(std::move(fetch)) {}
   ~Handle() override { fetch_->Cancel(); }
   void Cancel() noexcept override { fetch_->Cancel(); }
+  std::optional<Error> TakeAll() override { return fetch_->TakeAll(); }
 
  private:
   std::shared_ptr<AsyncFetch> fetch_;
@@ -50,7 +51,13 @@ void AsyncFetch::Run(const shape::Plan& plan, std::shared_ptr<BooksState> state,
   } catch (const std::exception& failed) {
     error.emplace(ErrorNumber::kQueryRefused, failed.what());
   }
-  queue_->Post([self = shared_from_this(), error] { self->Complete(error); });
+  {
+    const std::lock_guard lock(mutex_);
+    ended_ = true;
+    error_ = error;
+  }
+  changed_.notify_one();
+  queue_->Post([self = shared_from_this()] { self->Complete(); });
 }
 
 void AsyncFetch::Fetch(const shape::Plan& plan, std::shared_ptr<BooksState> state,
@@ -62,11 +69,12 @@ void AsyncFetch::Fetch(const shape::Plan& plan, std::shared_ptr<BooksState> stat
     return;
   }
   const std::shared_ptr<RowStore> joined = shape::Join(plan, reader, first_rows);
-  JoinedChapters chapters;
-  for (int column = 0; column < static_cast<int>(plan.columns.size()); ++column) {
-    if (joined->Chapters(column)) chapters.emplace_back(column, joined->Chapters(column));
+  {
+    const std::lock_guard lock(mutex_);
+    for (int column = 0; column < static_cast<int>(plan.columns.size()); ++column) {
+      if (joined->Chapters(column)) chapters_.emplace_back(column, joined->Chapters(column));
+    }
   }
-  queue_->Post([self = shared_from_this(), chapters] { self->TakeChapters(chapters); });
   for (Chunk& chunk : joined->TakeChunks()) HandOver(std::move(chunk));
 }
 
@@ -76,7 +84,8 @@ void AsyncFetch::HandOver(Chunk chunk) {
     stop_->Check();
     on_their_way_.push_back(std::move(chunk));
   }
-  queue_->Post([self = shared_from_this()] { self->TakeChunk(); });
+  changed_.notify_one();
+  queue_->Post([self = shared_from_this()] { self->TellChunk(); });
 }
 
 void AsyncFetch::Cancel() noexcept {
@@ -89,36 +98,60 @@ void AsyncFetch::Cancel() noexcept {
 
 RecordsetPtr AsyncFetch::LiveRowset() const { return live_ ? rowset_.lock() : nullptr; }
 
-void AsyncFetch::TakeChapters(const JoinedChapters& chapters) {
+std::optional<Error> AsyncFetch::TakeAll() {
   const RecordsetPtr rowset = LiveRowset();
-  if (!rowset) return;
+  if (!rowset) return std::nullopt;
+  for (;;) {
+    {
+      std::unique_lock lock(mutex_);
+      changed_.wait(lock, [this] { return ended_ || !on_their_way_.empty(); });
+      if (on_their_way_.empty()) break;
+    }
+    TakeChunk(*rowset);
+  }
+  return error_;  // nobody writes it any more
+}
+
+void AsyncFetch::TakeChapters(Recordset& rowset) {
+  JoinedChapters chapters;
+  {
+    const std::lock_guard lock(mutex_);
+    chapters.swap(chapters_);
+  }
   for (const auto& [column, rows] : chapters) {
-    RecordsetAccess::Store(*rowset)->SetChapters(column, rows);
+    RecordsetAccess::Store(rowset)->SetChapters(column, rows);
   }
 }
 
-void AsyncFetch::TakeChunk() {
-  const RecordsetPtr rowset = LiveRowset();  // stays while its handler runs
-  if (!rowset) return;
+void AsyncFetch::TakeChunk(Recordset& rowset) {
+  TakeChapters(rowset);
   std::optional<Chunk> chunk;
   {
     const std::lock_guard lock(mutex_);
+    if (on_their_way_.empty()) return;
     chunk.emplace(std::move(on_their_way_.front()));
     on_their_way_.pop_front();
   }
   handed_over_ += static_cast<std::uint32_t>(chunk->Rows());
-  RecordsetAccess::Store(*rowset)->Append(std::move(*chunk));
+  RecordsetAccess::Store(rowset)->Append(std::move(*chunk));
+}
+
+void AsyncFetch::TellChunk() {
+  const RecordsetPtr rowset = LiveRowset();  // stays while its handler runs
+  if (!rowset) return;
+  TakeChunk(*rowset);  // unless the rowset has waited for it
   constexpr std::uint32_t kMost = std::numeric_limits<std::int32_t>::max();
   const auto rows = static_cast<std::int32_t>(std::min(handed_over_, kMost));
   if (const auto handler = rowset->FetchProgress) handler(rows, rows, adStatusOK, *rowset);
 }
 
-void AsyncFetch::Complete(const std::optional<Error>& error) {
+void AsyncFetch::Complete() {
   const RecordsetPtr rowset = LiveRowset();
   if (!rowset) return;
+  TakeChapters(*rowset);
   RecordsetAccess::ImplOf(*rowset).fetch.reset();
   if (const auto handler = rowset->FetchComplete) {
-    handler(error ? &*error : nullptr, error ? adStatusErrorsOccurred : adStatusOK, *rowset);
+    handler(error_ ? &*error_ : nullptr, error_ ? adStatusErrorsOccurred : adStatusOK, *rowset);
   }
 }
 

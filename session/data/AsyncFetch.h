@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -58,16 +59,22 @@ class AsyncFetch : public std::enable_shared_from_this<AsyncFetch> {
   // On the rowset's thread.
   void Cancel() noexcept;
   [[nodiscard]] RecordsetPtr LiveRowset() const;
-  void TakeChapters(const JoinedChapters& chapters);
-  void TakeChunk();
-  void Complete(const std::optional<Error>& error);
+  std::optional<Error> TakeAll();
+  void TakeChapters(Recordset& rowset);
+  void TakeChunk(Recordset& rowset);  // the next that is on its way, if any
+  void TellChunk();
+  void Complete();
 
   const std::weak_ptr<Recordset> rowset_;
   const std::shared_ptr<MessageQueue> queue_;
   const std::shared_ptr<FetchStop> stop_;
 
   std::mutex mutex_;
+  std::condition_variable changed_;
+  JoinedChapters chapters_;  // before the rows that they belong to
   std::deque<Chunk> on_their_way_;
+  bool ended_ = false;
+  std::optional<Error> error_;  // that it ended with
 
   // Of the rowset's thread.
   bool live_ = true;

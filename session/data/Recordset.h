@@ -134,6 +134,9 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   void Open(std::string_view source, std::shared_ptr<Connection> connection = nullptr,
             int cursor_type = adOpenUnspecified, int lock_type = adLockUnspecified,
             int options = adOptionUnspecified);
+  // While it fetches: waits for the rows that are still to come, and raises the error that ends
+  // them. The events come afterwards, while this thread pumps, as they would have.
+  void WaitForRows();
   // adStateClosed, adStateOpen, or adStateOpen + adStateFetching.
   [[nodiscard]] int State() const;
   // Frees the rows unless a clone has them. A fetch that runs is cancelled; no event follows.

@@ -19,6 +19,9 @@ class RunningFetch {
   virtual ~RunningFetch() = default;
   // Ends it; no event follows. On the rowset's thread.
   virtual void Cancel() noexcept = 0;
+  // Waits for the rows that are still to come and appends them; its events come later all the same.
+  // The error that it ended with. On the rowset's thread.
+  [[nodiscard]] virtual std::optional<Error> TakeAll() = 0;
 };
 
 // Error 3265: the name and the columns that there are.

@@ -1,6 +1,7 @@
 // How a rowset comes to the rows of a query.
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "session/data/AsyncFetch.h"
@@ -37,6 +38,13 @@ std::shared_ptr<Connection> Recordset::ActiveConnection() const { return impl_->
 int Recordset::State() const {
   if (!impl_->view) return adStateClosed;
   return impl_->fetch ? adStateOpen + adStateFetching : adStateOpen;
+}
+
+void Recordset::WaitForRows() {
+  impl_->Open();
+  const std::shared_ptr<RunningFetch> fetch = impl_->fetch;
+  if (!fetch) return;
+  if (const std::optional<Error> error = fetch->TakeAll()) throw *error;
 }
 
 void Recordset::Open(std::string_view source, std::shared_ptr<Connection> connection,

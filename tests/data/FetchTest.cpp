@@ -202,6 +202,73 @@ TEST_F(FetchTest, NothingIsSeenUntilTheThreadPumps) {
   EXPECT_EQ(rowset->RecordCount(), 50'000);
 }
 
+TEST_F(FetchTest, WaitingForTheRowsTakesThemAllAndTheEventsComeAfterwards) {
+  FakeTable& table = books_->AddNumbers("t", 10'000);
+  table.gate_at = 9'000;
+  const RecordsetPtr rowset = Listening("rs");
+  OpenBeside(*rowset, "t");
+  ASSERT_TRUE(PumpUntilEvents(1));
+  std::thread opening([&] {
+    table.gate->WaitForArrival();
+    table.gate->Open();
+  });
+  rowset->WaitForRows();
+  opening.join();
+  EXPECT_EQ(rowset->RecordCount(), 10'000);
+  EXPECT_EQ(rowset->Collect("n").ToInt32(), 0) << "the position stays";
+  EXPECT_EQ(rowset->State(), adStateOpen + adStateFetching);
+  EXPECT_EQ(events_.size(), 1U);
+  rowset->WaitForRows();  // there is nothing to wait for any more
+  ASSERT_TRUE(PumpUntilEvents(5));
+  EXPECT_EQ(events_,
+            (Events{"rs progress 1/1", "rs progress 10000/10000", "rs progress 10000/10000",
+                    "rs progress 10000/10000", "rs complete 1"}));
+  rowset->MoveLast();
+  EXPECT_EQ(rowset->Collect("t").ToText(), "row 9999");
+}
+
+TEST_F(FetchTest, WaitingForTheRowsOfAShapeCommandHasTheirChapters) {
+  books_->AddNumbers("p", 3);
+  books_->AddNumbers("c", 3);
+  const RecordsetPtr rowset = Listening("rs");
+  OpenBeside(*rowset, "shape {p} append ({c} relate n to n) as chp");
+  rowset->WaitForRows();
+  rowset->MoveLast();
+  EXPECT_EQ(Dump(*rowset->Fields("chp").Value().ToRowset()), "n=2 t=row 2\n");
+  ASSERT_TRUE(PumpUntilEvents(3));
+  EXPECT_EQ(events_.back(), "rs complete 1");
+}
+
+TEST_F(FetchTest, WaitingForRowsThatFailRaisesTheErrorWhichTheEventTellsAsWell) {
+  books_->AddNumbers("t", 10'000).fails_at = 5'000;
+  const RecordsetPtr rowset = Listening("rs");
+  OpenBeside(*rowset, "t");
+  EXPECT_EQ(Thrown([&] { rowset->WaitForRows(); }), "-2147217900: row 5000 is damaged");
+  EXPECT_EQ(rowset->RecordCount(), 4'097);
+  ASSERT_TRUE(PumpUntilEvents(3));
+  EXPECT_EQ(events_.back(), "rs complete 2 row 5000 is damaged");
+}
+
+TEST_F(FetchTest, WaitingEndsWhenTheConnectionIsCancelled) {
+  FakeTable& table = books_->AddNumbers("t", 10);
+  table.gate_at = 5;
+  const RecordsetPtr rowset = Listening("rs");
+  OpenBeside(*rowset, "t");
+  table.gate->WaitForArrival();
+  Books()->Cancel();
+  EXPECT_NE(Thrown([&] { rowset->WaitForRows(); }), "nothing");
+  ASSERT_TRUE(PumpUntil([&] { return rowset->State() == adStateOpen; }));
+}
+
+TEST_F(FetchTest, WithoutAFetchThereAreNoRowsToWaitFor) {
+  books_->AddNumbers("t", 3);
+  const RecordsetPtr rowset = Open("t");
+  rowset->WaitForRows();
+  EXPECT_EQ(rowset->RecordCount(), 3);
+  rowset->Close();
+  EXPECT_EQ(Thrown([&] { rowset->WaitForRows(); }), "3704: the rowset is not open");
+}
+
 TEST_F(FetchTest, WhatIsWrongWithTheTextIsRaisedAtOnce) {
   books_->AddNumbers("t", 3);
   const RecordsetPtr rowset = Listening("rs");

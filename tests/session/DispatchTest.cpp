@@ -180,6 +180,8 @@ TEST_F(DispatchTest, SearchesDeliverACloneOfTheirSourceRowset) {
     const auto frame = Frame(AllReports());
     frame->lngReportType = type;
     const RecordsetPtr found = frame->Replace(source);
+    const std::shared_ptr<Connection> connection = Connection::New(nullptr);
+    found->ActiveConnection(connection);
     found->Fields().Append("A", adInteger);
     found->Open();
     found->AddNew();
@@ -196,6 +198,9 @@ TEST_F(DispatchTest, SearchesDeliverACloneOfTheirSourceRowset) {
     EXPECT_EQ(delivered->RecordCount(), 2);
     delivered->MoveLast();
     EXPECT_EQ(found->Collect("A"), Variant(1)) << "moving the clone moved the source";
+    const auto kept = type == rtRtoInsSearch ? nullptr : connection;
+    EXPECT_EQ(found->ActiveConnection(), kept) << ReportTypeText(type);
+    EXPECT_EQ(delivered->ActiveConnection(), kept) << ReportTypeText(type);
   }
 }
 

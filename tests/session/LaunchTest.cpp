@@ -1,9 +1,12 @@
 // The launch patterns on reports of their own: what is opened, in which order, and who goes on.
+#include <functional>
 #include <thread>
+#include <utility>
 
 #include "SessionHarness.h"
 #include "session/Launch.h"
 #include "session/ReportFrame.h"
+#include "session/RowLoop.h"
 
 namespace pstolvane1 {
 namespace {
@@ -14,15 +17,8 @@ FakeTable Numbers(std::int32_t count) {
   return table;
 }
 
-std::string State(const Recordset& rowset) {
-  switch (rowset.State()) {
-    case adStateClosed:
-      return "closed";
-    case adStateOpen:
-      return std::to_string(rowset.RecordCount());
-    default:
-      return "fetching";
-  }
+std::string RowsOf(const Recordset& rowset) {
+  return rowset.State() == adStateClosed ? "closed" : std::to_string(rowset.RecordCount());
 }
 
 RecordsetPtr g_built;
@@ -34,8 +30,8 @@ RecordsetPtr BuildSizes(ReportFrame& frame) {
   g_built->Fields().Append("Rs1", adBSTR);
   g_built->Open();
   g_built->AddNew();
-  g_built->Collect("rsReport", State(*frame.Rowset(Source::rsReport)));
-  g_built->Collect("Rs1", State(*frame.Rowset(Source::Rs1)));
+  g_built->Collect("rsReport", RowsOf(*frame.Rowset(Source::rsReport)));
+  g_built->Collect("Rs1", RowsOf(*frame.Rowset(Source::Rs1)));
   g_built->AddNew();
   g_built->Update();
   g_built->MoveFirst();
@@ -48,7 +44,23 @@ RecordsetPtr BuildSize(ReportFrame& frame) {
   return BuildSizes(frame);
 }
 
+std::function<void()> g_in_first_row;  // of the outer walk
+std::vector<std::string> g_walks;
+
+// Walks over rsReport as row builders do, and writes down which rows it met.
+RecordsetPtr Walk(ReportFrame& frame) {
+  const RecordsetPtr source = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
+  std::string met;
+  ForEachSourceRow(frame, *source, [&] {
+    met += source->Collect("n").ToText();
+    if (const auto once = std::exchange(g_in_first_row, nullptr)) once();
+  });
+  g_walks.push_back(met);
+  return source;
+}
+
 constexpr ReportRow kReports[] = {
+    Row(rtCommission_Daily, 1, &Walk),
     Row(rtColorwise_Monthly, 2, &BuildSizes),
     Row(rtCategorywise_Initial, 1, &BuildSize),
     Row(rtMechanicLabourReport, 2, &BuildSize),
@@ -218,19 +230,37 @@ TEST_F(LaunchTest, AFetchBesideARefusedOpenIsLeftOverForTheNextReport) {
   PumpUntil([&] { return !frame->Fetching(); });
   EXPECT_EQ(module.bytFetchesDone, 1);
   EXPECT_EQ(delivered, nullptr);
-  // The next one goes on at its first fetch; its builder waits for the rows of the others.
+  // The next one goes on at its first fetch, and its builder waits for the rows that still come.
   Hold("from second", Numbers(5));
   EXPECT_EQ(LaunchTwo(False), nullptr);
-  std::thread releasing([this] {
+  std::thread releasing([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     books->Release();
   });
   PumpUntil([&] { return delivered != nullptr; });
   releasing.join();
   EXPECT_EQ(Sizes(*delivered), "3 5");
-  EXPECT_FALSE(frame->Fetching());
+  PumpUntil([&] { return !frame->Fetching(); });
   EXPECT_EQ(module.bytFetchesDone, 1);
   EXPECT_EQ(std::count(events.begin(), events.end(), "FetchComplete 0"), 1);
+}
+
+TEST_F(LaunchTest, AFetchThatIsLeftOverDoesNotShortenAReportWhoseLinesAreWritten) {
+  Hold("from second", Numbers(5));
+  EXPECT_EQ(LaunchTwo(False), nullptr);
+  PumpUntil([&] { return module.bytFetchesDone == 1; });
+  g_walks.clear();
+  g_in_first_row = [this] {
+    books->Release();
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));  // its end is told in the yield
+  };
+  frame->lngReportType = rtCommission_Daily;
+  const RecordsetPtr report = Launch(*frame, True, kFetch, {kReportQuery}, &Walk);
+  EXPECT_NE(report, nullptr);
+  // It sets the builder off a second time, on the same rowset, while the first one is at work.
+  EXPECT_EQ(g_walks, (std::vector<std::string>{"123", "123"}));
+  EXPECT_NE(delivered, nullptr);
+  EXPECT_EQ(module.bytFetchesDone, 0);
 }
 
 TEST_F(LaunchTest, OfSeveralFetchesOneThatFailsCountsAndItsErrorEndsTheBuilding) {
@@ -256,7 +286,7 @@ TEST_F(LaunchTest, ReportsThatCompleteInAnyOrderAreOne) {
   Hold("from first", Numbers(3));
   EXPECT_EQ(LaunchTwo(False), nullptr);
   PumpUntil([&] { return module.bytFetchesDone == 1; });
-  EXPECT_EQ(State(*frame->Rowset(Source::Rs1)), "5");
+  EXPECT_EQ(RowsOf(*frame->Rowset(Source::Rs1)), "5");
   books->Release();
   PumpUntil([&] { return delivered != nullptr; });
   EXPECT_EQ(Sizes(*delivered), "3 5");
