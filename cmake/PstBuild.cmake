@@ -27,13 +27,19 @@ function(pst_library name)
   set_property(GLOBAL APPEND PROPERTY PST_LIBRARIES ${name})
 endfunction()
 
-# pst_test(NAME SOURCES files... LINK targets...): one test program; ctest sees each of its cases.
+# pst_test(NAME [SERVER] SOURCES files... LINK targets...): one test program; ctest sees each of its
+# cases. With SERVER the cases have the throw-away PostgreSQL server of tests/server.
 function(pst_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SERVER" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest_main GTest::gmock pst_flags)
   target_compile_definitions(${name} PRIVATE PST_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+  set(properties TIMEOUT 300)
+  if(ARG_SERVER)
+    target_link_libraries(${name} PRIVATE test_server)
+    list(APPEND properties FIXTURES_REQUIRED postgres ENVIRONMENT "PST_POSTGRES=${PST_POSTGRES}")
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
 endfunction()
 
 # pst_bench(NAME SOURCES files... LINK targets...): one Google Benchmark program.

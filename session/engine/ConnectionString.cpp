@@ -33,6 +33,8 @@ constexpr std::array kKeywords{
     Naming{"sslmode", EngineKind::kPostgresql},
     Naming{"connect_timeout", EngineKind::kPostgresql},
     Naming{"application_name", EngineKind::kPostgresql},
+    Naming{"options", EngineKind::kPostgresql},
+    Naming{"target_session_attrs", EngineKind::kPostgresql},
     Naming{"driver", EngineKind::kOdbc},
     Naming{"dsn", EngineKind::kOdbc},
     Naming{"filedsn", EngineKind::kOdbc},

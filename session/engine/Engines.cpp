@@ -5,6 +5,7 @@
 
 #include "session/data/Error.h"
 #include "session/engine/ConnectionString.h"
+#include "session/engine/postgres/PostgresProvider.h"
 #include "session/engine/sqlite/SqliteProvider.h"
 
 namespace pstolvane1 {
@@ -32,6 +33,12 @@ bool HasTable(Provider& database, std::string_view table) {
   }
 }
 
+// Without what the text may hold of a password.
+std::string NameOfDatabase(const std::string& connection_string) {
+  const bool server = ReadConnectionString(connection_string).engine == EngineKind::kPostgresql;
+  return server ? postgres::Settings(connection_string).Name() : '"' + connection_string + '"';
+}
+
 std::shared_ptr<Provider> OpenBooks(const std::string& connection_string,
                                     std::chrono::milliseconds time_limit) {
   std::shared_ptr<Provider> database = OpenDatabase(connection_string, time_limit);
@@ -39,8 +46,8 @@ std::shared_ptr<Provider> OpenBooks(const std::string& connection_string,
     if (HasTable(*database, table)) return database;
   }
   throw Error(ErrorNumber::kConnection,
-              "The database \"" + connection_string +
-                  "\" holds no books: it has none of the tables Items1, Desr1, GodownItem1, "
+              "The database " + NameOfDatabase(connection_string) +
+                  " holds no books: it has none of the tables Items1, Desr1, GodownItem1, "
                   "LedgerNames1 and Voucher1.");
 }
 
@@ -53,10 +60,13 @@ std::shared_ptr<Connection> NewConnection() { return Connection::New(OpenDatabas
 std::shared_ptr<Provider> OpenDatabase(const std::string& connection_string,
                                        std::chrono::milliseconds time_limit) {
   const ConnectionTarget target = ReadConnectionString(connection_string);
+  if (target.engine == EngineKind::kPostgresql) {
+    return std::make_shared<postgres::PostgresProvider>(connection_string, time_limit);
+  }
   if (target.engine != EngineKind::kSqlite) {
     throw Error(ErrorNumber::kConnection, "The connection string names " +
                                               std::string(NameOf(target.engine)) +
-                                              ", and this build of the library has SQLite only.");
+                                              ", which this build of the library does not have.");
   }
   return std::make_shared<sqlite::SqliteProvider>(FileOf(target), time_limit);
 }

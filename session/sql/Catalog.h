@@ -32,6 +32,9 @@ struct CatalogColumn {
   int digits = 0;              // of a decimal column, before and behind the point together
   int places = 0;              // of a decimal column, behind the point
   bool date_has_time = false;  // of a date column: declared with a time of day
+  // What an engine writes behind the column's name to read it as its type, "::text"; empty where it
+  // reads so by itself.
+  std::string reading = {};
 };
 
 struct CatalogTable {

@@ -101,7 +101,7 @@ std::string SqliteEmitter::ItemText(const bound::Item& item, Use use, bool settl
   const bool collate = settled && item.value->type.type == Type::kText && use != Use::kCompared;
   const std::string text = collate ? WithCollation(value) : value.text;
   const std::string_view name = use == Use::kOnlyRows ? kOnlyColumn : item.name;
-  return name.empty() ? text : text + " AS " + SqliteName(name);
+  return name.empty() ? text : text + " AS " + QuotedName(name);
 }
 
 std::string SqliteEmitter::OrderText(const bound::Query& query,
@@ -142,7 +142,7 @@ std::string SqliteEmitter::OnlyText(const bound::Query& query, std::vector<Sqlit
     states.push_back(items[0].state);
     return text;
   }
-  return "SELECT pst_only(" + SqliteName(kOnlyColumn) + ") FROM (" +
+  return "SELECT pst_only(" + QuotedName(kOnlyColumn) + ") FROM (" +
          QueryText(query, Use::kOnlyRows, states) + ")";
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "session/sql/Bound.h"
+#include "session/sql/EngineText.h"
 
 namespace pstolvane1::sql {
 
@@ -122,8 +123,6 @@ class SqliteEmitter {
 };
 
 // The pieces that the emitter's files share.
-[[nodiscard]] std::string SqliteName(std::string_view name);     // "name", quotes doubled
-[[nodiscard]] std::string SqliteLiteral(std::string_view text);  // 'text', quotes doubled
 // In parentheses where it binds looser than asked for.
 [[nodiscard]] std::string Bracketed(const SqliteText& value, SqliteBinding at_least);
 // name(a, b, ...)

@@ -3,24 +3,6 @@
 namespace pstolvane1::sql {
 namespace {
 
-std::string_view SignOf(CompareOp op) {
-  switch (op) {
-    case CompareOp::kEqual:
-      return " = ";
-    case CompareOp::kNotEqual:
-      return " <> ";
-    case CompareOp::kLess:
-      return " < ";
-    case CompareOp::kLessOrEqual:
-      return " <= ";
-    case CompareOp::kGreater:
-      return " > ";
-    case CompareOp::kGreaterOrEqual:
-      return " >= ";
-  }
-  return "";
-}
-
 CompareOp Turned(CompareOp op) {
   switch (op) {
     case CompareOp::kLess:
@@ -189,11 +171,11 @@ SqliteText SqliteEmitter::DateComparisonText(const bound::Expr& column, CompareO
   const std::string stored = Value(column).text;
   const std::string day = date.substr(0, 10);
   const bool midnight = day == date;
-  SqliteText exact{"pst_date(" + stored + ")" + std::string(SignOf(op)) + SqliteLiteral(date),
+  SqliteText exact{"pst_date(" + stored + ")" + std::string(SignOf(op)) + QuotedText(date),
                    SqliteBinding::kCompare,
                    {}};
-  const std::string from = stored + " >= " + SqliteLiteral(day);
-  const std::string to = stored + " < " + SqliteLiteral(day + "~");
+  const std::string from = stored + " >= " + QuotedText(day);
+  const std::string to = stored + " < " + QuotedText(day + "~");
   const auto both = [&](const std::string& range) {
     return SqliteText{range + " AND " + exact.text, SqliteBinding::kAnd, {}};
   };
@@ -204,7 +186,7 @@ SqliteText SqliteEmitter::DateComparisonText(const bound::Expr& column, CompareO
       return exact;
     case CompareOp::kLess:
       if (!midnight) return both(to);
-      return {stored + " < " + SqliteLiteral(day), SqliteBinding::kCompare, {}};
+      return {stored + " < " + QuotedText(day), SqliteBinding::kCompare, {}};
     case CompareOp::kLessOrEqual:
       return both(to);
     case CompareOp::kGreater:

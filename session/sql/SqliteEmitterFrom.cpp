@@ -99,7 +99,7 @@ SqliteText SqliteEmitter::OnBesideFullJoin(const bound::Expr& on, const bound::F
   if (!bound::IsConstant(on)) return condition;
   std::string column;
   bound::ForEachSource(joined, [&](const bound::Source& source) {
-    if (column.empty()) column = SqliteName(source.name) + "." + SqliteName(source.columns[0].name);
+    if (column.empty()) column = QuotedName(source.name) + "." + QuotedName(source.columns[0].name);
   });
   return {"CASE WHEN " + column + " IS NULL THEN " + condition.text + " ELSE " + condition.text +
               " END",
@@ -112,7 +112,7 @@ std::string SqliteEmitter::SourceText(const bound::Source& source) {
     std::vector<SqliteState> states;
     std::string text = "(" + QueryText(*source.query, Use::kRows, states) + ")";
     states_[&source] = std::move(states);
-    return text + " AS " + SqliteName(source.name);
+    return text + " AS " + QuotedName(source.name);
   }
   std::vector<SqliteState>& states = states_[&source];
   for (const bound::SourceColumn& column : source.columns) {
@@ -123,8 +123,8 @@ std::string SqliteEmitter::SourceText(const bound::Source& source) {
     state.real = column.type.type == Type::kSingle || column.type.type == Type::kReal;
     states.push_back(state);
   }
-  const std::string table = SqliteName(source.table->name);
-  return source.name == source.table->name ? table : table + " AS " + SqliteName(source.name);
+  const std::string table = QuotedName(source.table->name);
+  return source.name == source.table->name ? table : table + " AS " + QuotedName(source.name);
 }
 
 }  // namespace pstolvane1::sql

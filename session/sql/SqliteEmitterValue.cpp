@@ -7,19 +7,10 @@
 namespace pstolvane1::sql {
 namespace {
 
-std::string WithDoubled(std::string_view text, char quote) {
-  std::string quoted(1, quote);
-  for (const char c : text) {
-    quoted += c;
-    if (c == quote) quoted += c;
-  }
-  return quoted + quote;
-}
-
 SqliteText LiteralText(const bound::Literal& literal, Type type) {
   if (literal.is_null) return {"NULL", SqliteBinding::kSingle, {SqliteForm::kSettled, true, 0, 0}};
   if (type == Type::kText || type == Type::kDate) {
-    return {SqliteLiteral(literal.text), SqliteBinding::kSingle, {}};
+    return {QuotedText(literal.text), SqliteBinding::kSingle, {}};
   }
   SqliteText text{literal.text, SqliteBinding::kSingle, {}};
   text.state.real = literal.text.find_first_of(".eE") != std::string::npos;
@@ -28,10 +19,6 @@ SqliteText LiteralText(const bound::Literal& literal, Type type) {
 }
 
 }  // namespace
-
-std::string SqliteName(std::string_view name) { return WithDoubled(name, '"'); }
-
-std::string SqliteLiteral(std::string_view text) { return WithDoubled(text, '\''); }
 
 std::string Bracketed(const SqliteText& value, SqliteBinding at_least) {
   return value.binding < at_least ? "(" + value.text + ")" : value.text;
@@ -139,7 +126,7 @@ SqliteText SqliteEmitter::Value(const bound::Expr& value) {
 
 SqliteText SqliteEmitter::ColumnText(const bound::Column& column, const ValueType&) {
   const bound::Source& source = *column.source;
-  return {SqliteName(source.name) + "." + SqliteName(source.columns[column.index].name),
+  return {QuotedName(source.name) + "." + QuotedName(source.columns[column.index].name),
           SqliteBinding::kSingle, states_.at(&source)[column.index]};
 }
 

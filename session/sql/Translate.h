@@ -24,5 +24,6 @@ struct Translation {
 // with "line L, column C" and the reason for what cannot be read, is not one SELECT, names what the
 // catalog does not have, is ambiguous, or cannot be given the dialect's meaning.
 [[nodiscard]] Translation TranslateForSqlite(std::string_view select, const Catalog& catalog);
+[[nodiscard]] Translation TranslateForPostgres(std::string_view select, const Catalog& catalog);
 
 }  // namespace pstolvane1::sql

@@ -18,7 +18,9 @@ std::vector<TextCase> ReadCaseFile(const std::string& path) {
     previous = line.empty() ? ' ' : line[0];
     if (line.empty() || line[0] == '#') continue;
     const std::string rest = line.size() > 2 ? line.substr(2) : "";
-    if (continues) {
+    if (line[0] == '~' && !cases.empty() && cases.back().is_error && next.where.empty()) {
+      cases.back().on_postgres = rest;
+    } else if (continues) {
       cases.back().expected += "\n" + rest;
     } else if (line[0] == '>') {
       if (next.where.empty()) {

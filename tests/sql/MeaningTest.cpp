@@ -1,18 +1,21 @@
-// The settled points of the dialect's meaning, run on SQLite.
+// The settled points of the dialect's meaning, run on every engine.
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 #include <sqlite3.h>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <unistd.h>
 
 #include "session/data/Chunk.h"
 #include "session/data/Error.h"
 #include "session/data/Provider.h"
 #include "session/engine/Engines.h"
+#include "tests/server/Server.h"
 #include "tests/sql/CaseFile.h"
 
 namespace pstolvane1::sql {
@@ -37,29 +40,70 @@ constexpr const char* kBooks =
     " (3, 1, 5, 9, 0, '2003-07-01'), (4, 2, 1, 0.1, 1, '2003-12-31'),"
     " (5, 2, 1, 0.2, 1, '2004-01-01'), (6, 9, 4, 1.5, 0, NULL);";
 
+// The same for PostgreSQL.
+constexpr const char* kServerBooks =
+    "CREATE DOMAIN single AS float8;"
+    "CREATE TABLE \"Item\" (\"Item_id\" int PRIMARY KEY, \"Name\" varchar(20), \"Deleted\" boolean,"
+    " \"State\" int, \"Qty\" single, \"Rate\" numeric(19,4), \"Weight\" numeric(12,6), \"Born\" "
+    "date,"
+    " \"Seen\" timestamp, \"Note\" text, \"Big\" bigint);"
+    "INSERT INTO \"Item\" VALUES"
+    " (1, 'Apple', false, 7, 2.5, 10, 0.1, '2003-04-01', '2003-04-01 08:00:00', 'red', 1),"
+    " (2, 'apple ', true, -7, 0.1, 0.1, 0.2, '2004-03-31', '2004-03-31', 'Red ',"
+    "  9223372036854775807),"
+    " (3, 'BANANA', true, 2, -3, 0.2, 1.5, '2004-04-01', '2004-03-31T14:05:09', 'yellow', 3),"
+    " (4, 'Pear_x', false, 0, 0, -2.345, 2, NULL, '2004-03-31 00:00:00.000', '', 4),"
+    " (5, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL);"
+    "CREATE TABLE \"Move\" (\"Move_id\" int, \"Item_id\" int, \"Qty\" single, \"Rate\" "
+    "numeric(19,4),"
+    " \"Added\" boolean, \"Date\" date);"
+    "INSERT INTO \"Move\" VALUES (1, 1, 10, 5, true, '2003-05-01'),"
+    " (2, 1, 10, 7, true, '2003-06-01'), (3, 1, 5, 9, false, '2003-07-01'),"
+    " (4, 2, 1, 0.1, true, '2003-12-31'), (5, 2, 1, 0.2, true, '2004-01-01'),"
+    " (6, 9, 4, 1.5, false, NULL);";
+
 constexpr std::chrono::milliseconds kTimeLimit = std::chrono::seconds(10);
 
-class Books {
+enum class Engine { kSqlite, kPostgres };
+
+class Folder {
  public:
-  Books() {
+  Folder() {
     std::string name = (std::filesystem::temp_directory_path() / "pst_meaning_XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    folder_ = name;
-    const std::string path = folder_ / "books.db";
+    path_ = name;
+  }
+  ~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+
+  [[nodiscard]] std::string Books() const {
+    const std::string path = path_ / "books.db";
     sqlite3* writer = nullptr;
     const bool made = sqlite3_open(path.c_str(), &writer) == SQLITE_OK &&
                       sqlite3_exec(writer, kBooks, nullptr, nullptr, nullptr) == SQLITE_OK;
     sqlite3_close(writer);
     if (!made) throw std::runtime_error("cannot make the books");
-    database_ = OpenDatabase(path, kTimeLimit);
+    return path;
   }
-  ~Books() {
-    database_.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
+
+ private:
+  std::filesystem::path path_;
+};
+
+class Books {
+ public:
+  explicit Books(Engine engine) {
+    if (engine == Engine::kSqlite) {
+      folder_.emplace();
+    } else {
+      scratch_.emplace(kServerBooks);
+    }
+    database_ = OpenDatabase(folder_ ? folder_->Books() : scratch_->ConnectionString(), kTimeLimit);
   }
-  Books(const Books&) = delete;
-  Books& operator=(const Books&) = delete;
 
   // A line for each row, cells apart by "|"; "NUMBER: description" of the error that it raises,
   // without the "while ...: " in front.
@@ -106,25 +150,38 @@ class Books {
     }
   }
 
-  std::filesystem::path folder_;
+  std::optional<Folder> folder_;
+  std::optional<Scratch> scratch_;
   std::shared_ptr<Provider> database_;
 };
 
-class Meaning : public testing::TestWithParam<const char*> {};
+std::string NumberOf(const std::string& error) { return error.substr(0, error.find(':')); }
+
+class Meaning : public testing::TestWithParam<std::tuple<Engine, const char*>> {};
 
 TEST_P(Meaning, IsWhatTheFileSays) {
-  Books books;
+  const auto [engine, file] = GetParam();
+  Books books(engine);
   const std::string folder = PST_SOURCE_DIR "/tests/sql/meaning/";
-  for (const TextCase& one : ReadCaseFile(folder + GetParam() + ".case")) {
+  for (const TextCase& one : ReadCaseFile(folder + file + ".case")) {
     SCOPED_TRACE(one.where);
-    EXPECT_EQ(books.Answer(one.input), one.expected);
+    const bool other_words = engine == Engine::kPostgres && !one.on_postgres.empty();
+    EXPECT_EQ(books.Answer(one.input), other_words ? one.on_postgres : one.expected);
+    if (!one.on_postgres.empty()) {
+      EXPECT_EQ(NumberOf(one.on_postgres), NumberOf(one.expected));
+    }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, Meaning,
-                         testing::Values("casts", "dates", "flags", "grouping", "joins", "money",
-                                         "nulls", "subqueries", "texts", "top", "whole"),
-                         [](const auto& file) { return std::string(file.param); });
+INSTANTIATE_TEST_SUITE_P(
+    Files, Meaning,
+    testing::Combine(testing::Values(Engine::kSqlite, Engine::kPostgres),
+                     testing::Values("casts", "dates", "flags", "grouping", "joins", "money",
+                                     "nulls", "subqueries", "texts", "top", "whole")),
+    [](const auto& setup) {
+      return std::string(std::get<0>(setup.param) == Engine::kSqlite ? "Sqlite_" : "Postgres_") +
+             std::get<1>(setup.param);
+    });
 
 }  // namespace
 }  // namespace pstolvane1::sql

@@ -19,6 +19,7 @@
 #include "session/data/Error.h"
 #include "session/engine/Engines.h"
 #include "session/sql/Parser.h"
+#include "tests/server/Server.h"
 #include "tests/sql/model/Evaluator.h"
 #include "tests/sql/model/Generator.h"
 #include "tests/sql/model/Show.h"
@@ -32,21 +33,29 @@ struct Outcome {
   std::optional<Error> error;
 };
 
-class Model : public testing::Test {
+enum class Engine { kSqlite, kPostgres };
+
+class Model : public testing::TestWithParam<Engine> {
  protected:
   void SetUp() override {
     std::filesystem::remove(path_);
-    WriteSqliteFile(path_, SmallTables());
     connection_ = NewConnection();
-    connection_->Open(path_.string());
+    if (GetParam() == Engine::kSqlite) {
+      WriteSqliteFile(path_, SmallTables());
+      connection_->Open(path_.string());
+    } else {
+      scratch_.emplace(PostgresScript(SmallTables()));
+      connection_->Open(scratch_->ConnectionString());
+    }
   }
   void TearDown() override {
-    connection_->Close();
+    if (connection_->State() == adStateOpen) connection_->Close();
     std::filesystem::remove(path_);
   }
 
   const std::filesystem::path path_ =
       std::filesystem::temp_directory_path() / ("sql_model_" + std::to_string(::getpid()) + ".db");
+  std::optional<Scratch> scratch_;
   std::shared_ptr<Connection> connection_;
 };
 
@@ -233,7 +242,7 @@ std::string Difference(const Outcome& expected, const Outcome& actual, const Sta
   return {};
 }
 
-TEST_F(Model, RandomSelectsMeanWhatTheEvaluatorSays) {
+TEST_P(Model, RandomSelectsMeanWhatTheEvaluatorSays) {
   constexpr int kMostFailures = 10;
   const int count = Setting("PST_MODEL_QUERIES", 3000);
   const int first = Setting("PST_MODEL_SEED", 1);
@@ -256,6 +265,11 @@ TEST_F(Model, RandomSelectsMeanWhatTheEvaluatorSays) {
     ADD_FAILURE() << "seed " << seed << ": " << text << "\n" << difference << "\n" << translation;
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, Model, testing::Values(Engine::kSqlite, Engine::kPostgres),
+                         [](const auto& engine) {
+                           return engine.param == Engine::kSqlite ? "Sqlite" : "Postgres";
+                         });
 
 }  // namespace
 }  // namespace pstolvane1::sql::model

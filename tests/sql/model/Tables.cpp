@@ -152,7 +152,52 @@ std::string ScriptOf(const Table& table) {
   return script;
 }
 
+std::string PostgresType(const Kind& kind) {
+  switch (kind.type) {
+    case Type::kText:
+      return "varchar(" + std::to_string(kind.size) + ")";
+    case Type::kFlag:
+      return "boolean";
+    case Type::kWhole:
+      return "int";
+    case Type::kBigWhole:
+      return "bigint";
+    case Type::kMoney:
+      return "numeric(19,4)";
+    case Type::kDecimal:
+      return "numeric(" + std::to_string(kind.digits) + "," + std::to_string(kind.places) + ")";
+    case Type::kSingle:
+      return "single";
+    case Type::kDate:
+      return kind.timed ? "timestamp" : "date";
+    default:
+      return "float8";
+  }
+}
+
 }  // namespace
+
+std::string PostgresScript(const std::vector<Table>& tables) {
+  std::string script = "CREATE DOMAIN single AS float8;";
+  for (const Table& table : tables) {
+    const std::vector<Column>& columns = table.content.columns;
+    script += "CREATE TABLE \"" + table.name + "\" (";
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      script += (i > 0 ? ", \"" : "\"") + columns[i].name + "\" " + PostgresType(columns[i].kind);
+    }
+    script += ");";
+    for (const Row& row : table.content.rows) {
+      script += "INSERT INTO \"" + table.name + "\" VALUES (";
+      for (std::size_t i = 0; i < row.size(); ++i) {
+        const std::string literal = Literal(row[i], columns[i].kind);
+        const bool flag = columns[i].kind.type == Type::kFlag && !row[i].null;
+        script += (i > 0 ? ", " : "") + (flag ? "'" + literal + "'" : literal);
+      }
+      script += ");";
+    }
+  }
+  return script;
+}
 
 const std::vector<Table>& SmallTables() {
   static const std::vector<Table> tables = {MakeSales(), MakeBills(), MakeTerms()};

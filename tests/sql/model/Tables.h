@@ -32,6 +32,8 @@ struct Table {
 // most four places, singles and reals are quarters, so that their sums are exact.
 [[nodiscard]] const std::vector<Table>& SmallTables();
 
+// The statements that make them on PostgreSQL.
+[[nodiscard]] std::string PostgresScript(const std::vector<Table>& tables);
 // Makes an SQLite file that holds them; it must not exist.
 void WriteSqliteFile(const std::string& path, const std::vector<Table>& tables);
 

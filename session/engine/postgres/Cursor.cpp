@@ -1,0 +1,73 @@
+#include "session/engine/postgres/Cursor.h"
+
+#include <utility>
+
+namespace pstolvane1::postgres {
+namespace {
+
+// Rows between two looks at the watch.
+constexpr std::size_t kRowsPerLook = 1024;
+
+}  // namespace
+
+PostgresCursor::PostgresCursor(std::shared_ptr<HeldState> state,
+                               const sql::Translation& translation,
+                               std::chrono::milliseconds time_limit)
+    : state_(std::move(state)),
+      columns_(ColumnsOf(translation.columns)),
+      watch_(time_limit, {state_->provider_cancel.get(), &state_->cancel, &cancel_}),
+      reader_(translation.columns) {
+  try {
+    database_ = state_->pool->Take(watch_);
+  } catch (const Error& error) {
+    throw Error(ErrorNumber::kQueryRefused, error.Description());
+  }
+  database_->SendCopy(
+      "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY;"
+      "SET TRANSACTION SNAPSHOT '" +
+      state_->exported + "';" + CopyText(translation) + ";COMMIT");
+}
+
+bool PostgresCursor::ReadPiece() {
+  std::size_t size = 0;
+  if (!database_->NextPiece(buffer_, size, watch_)) return false;
+  rest_ = {buffer_.get(), size};
+  return true;
+}
+
+void PostgresCursor::Begin() {
+  try {
+    database_->AwaitCopy(watch_);
+    begun_ = true;
+  } catch (const Error& error) {
+    // A statement that was refused leaves the session as good as before.
+    state_->pool->Give(std::move(database_));
+    throw error.While("preparing a statement");
+  }
+}
+
+std::size_t PostgresCursor::Read(Chunk& chunk) {
+  if (!database_) return 0;
+  const std::size_t before = chunk.Rows();
+  watch_.Start();
+  if (!begun_) Begin();
+  try {
+    while (!chunk.Full()) {
+      if ((chunk.Rows() - before) % kRowsPerLook == 0) Database::CheckWatch(watch_);
+      if (!reader_.Read(rest_, chunk) && !ReadPiece()) {
+        state_->pool->Give(std::move(database_));
+        break;
+      }
+    }
+  } catch (const Error& error) {
+    // What is left of the statement is of no use; its session goes with it.
+    database_.reset();
+    throw error.While("reading the rows");
+  }
+  watch_.Pause();
+  return chunk.Rows() - before;
+}
+
+void PostgresCursor::Cancel() noexcept { cancel_.Raise(); }
+
+}  // namespace pstolvane1::postgres

@@ -1,0 +1,47 @@
+// One statement that runs on a held state of the books, in a session of its own.
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "session/data/Provider.h"
+#include "session/engine/Watch.h"
+#include "session/engine/postgres/Cells.h"
+#include "session/engine/postgres/Snapshot.h"
+#include "session/sql/Translate.h"
+
+namespace pstolvane1::postgres {
+
+// The time limit counts the time in which somebody waits for the server, not that in which nobody
+// asks for more rows. What the server refuses is told by the first Read. A cursor that goes before
+// its end closes its session, which ends the statement.
+class PostgresCursor final : public Cursor {
+ public:
+  PostgresCursor(std::shared_ptr<HeldState> state, const sql::Translation& translation,
+                 std::chrono::milliseconds time_limit);
+  ~PostgresCursor() override = default;
+
+  [[nodiscard]] const std::vector<ColumnInfo>& Columns() const override { return columns_; }
+  std::size_t Read(Chunk& chunk) override;
+  void Cancel() noexcept override;
+
+ private:
+  // Waits for the first rows.
+  void Begin();
+  // False at the end of all rows.
+  [[nodiscard]] bool ReadPiece();
+
+  const std::shared_ptr<HeldState> state_;
+  const std::vector<ColumnInfo> columns_;
+  CancelSignal cancel_;
+  Watch watch_;
+  std::unique_ptr<Database> database_;  // until the end
+  bool begun_ = false;                  // the server has begun to copy
+  RowReader reader_;
+  NativeBuffer buffer_;
+  std::string_view rest_;  // of the buffer
+};
+
+}  // namespace pstolvane1::postgres

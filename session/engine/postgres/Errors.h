@@ -1,0 +1,29 @@
+// What the server's words and codes mean to whoever reads the books.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "session/data/Error.h"
+
+struct pg_conn;
+struct pg_result;
+
+namespace pstolvane1::postgres {
+
+// The words on one line, without the full stop and the blanks at their end.
+[[nodiscard]] std::string OneLine(std::string_view words);
+
+// The error for a failed result: by its SQLSTATE 6, 11, 13 or else -2147217900, with the dialect's
+// words where it has some and the server's words otherwise.
+[[nodiscard]] Error ErrorOf(const pg_result* result);
+
+// The same of its parts, for a result that is told in full: state, message and what the server adds
+// to it.
+[[nodiscard]] Error ErrorOf(std::string_view state, std::string_view message,
+                            std::string_view detail);
+
+// What libpq says of a connection that failed.
+[[nodiscard]] std::string WordsOf(const pg_conn* connection);
+
+}  // namespace pstolvane1::postgres

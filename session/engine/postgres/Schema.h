@@ -1,0 +1,40 @@
+// What the tables and views of a PostgreSQL database look like to the front end.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "session/engine/postgres/Database.h"
+#include "session/sql/Catalog.h"
+#include "session/sql/Translate.h"
+
+namespace pstolvane1::postgres {
+
+// Turns a SELECT of the dialect into the engine's text.
+using Translator = std::function<sql::Translation(std::string_view, const sql::Catalog&)>;
+
+// The domain under which the reference schema keeps quantities: they have 32 bits of meaning and
+// are stored as float8, so that 0.1 is the same 0.1 on every engine.
+inline constexpr std::string_view kSingleDomain = "single";
+
+// One column as the server describes it: the name of its type, of its domain if it has one, and the
+// type's modifier. Empty for a type that has no meaning in the dialect.
+[[nodiscard]] std::optional<sql::CatalogColumn> ColumnOf(std::string_view name,
+                                                         std::string_view type,
+                                                         std::string_view domain, int modifier);
+
+// The tables and views that the session's search_path finds, the server's own left out, and parts
+// of partitioned tables. Columns of types that the dialect does not have are left out.
+[[nodiscard]] sql::Catalog ReadCatalog(Database& database, Watch& watch);
+
+// An expression of the server whose value changes with what ReadCatalog would find.
+inline constexpr const char* kSchemaVersion =
+    "(SELECT count(*) || '/' || coalesce(sum(a.xmin::text::bigint + a.attrelid::bigint), 0) FROM "
+    "pg_class c JOIN pg_attribute a ON a.attrelid = c.oid WHERE a.attnum > 0 AND c.relkind IN "
+    "('r', 'v', 'm', 'f', 'p') AND NOT c.relispartition AND c.relnamespace NOT IN "
+    "('pg_catalog'::regnamespace, 'information_schema'::regnamespace) AND "
+    "pg_table_is_visible(c.oid))";
+
+}  // namespace pstolvane1::postgres

@@ -1,0 +1,69 @@
+#include "session/engine/postgres/Settings.h"
+
+#include <algorithm>
+#include <libpq-fe.h>
+#include <memory>
+
+#include "session/data/Error.h"
+#include "session/engine/postgres/Errors.h"
+
+namespace pstolvane1::postgres {
+namespace {
+
+struct FreeOptions {
+  void operator()(PQconninfoOption* options) const noexcept { PQconninfoFree(options); }
+};
+using Options = std::unique_ptr<PQconninfoOption, FreeOptions>;
+
+// A server that is gone without a word is noticed within a minute.
+constexpr std::pair<const char*, const char*> kDefaults[] = {
+    {"fallback_application_name", "pStolvane1"},
+    {"keepalives_idle", "30"},
+    {"keepalives_interval", "10"},
+    {"keepalives_count", "3"},
+};
+
+bool MayHoldPassword(std::string_view text) {
+  return text.find("password") != std::string_view::npos ||
+         text.find('@') != std::string_view::npos;
+}
+
+}  // namespace
+
+Settings::Settings(std::string_view connection_string) {
+  const std::string text(connection_string);
+  char* words = nullptr;
+  const Options options(PQconninfoParse(text.c_str(), &words));
+  const std::string why = words != nullptr ? OneLine(words) : "";
+  PQfreemem(words);
+  if (!options) {
+    throw Error(ErrorNumber::kConnection,
+                "The connection string of PostgreSQL cannot be read" +
+                    (MayHoldPassword(text) || why.empty() ? "." : ": " + why + "."));
+  }
+  for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option) {
+    if (option->val != nullptr) keywords_.emplace_back(option->keyword, option->val);
+  }
+  for (const auto& [keyword, value] : kDefaults) {
+    if (Value(keyword).empty()) keywords_.emplace_back(keyword, value);
+  }
+  std::erase_if(keywords_, [](const auto& one) { return one.first == "client_encoding"; });
+  keywords_.emplace_back("client_encoding", "UTF8");
+
+  const std::string database = Value("dbname");
+  const std::string host = Value("host").empty() ? Value("hostaddr") : Value("host");
+  const std::string service = Value("service");
+  name_ = database.empty() ? "the user's own database" : "\"" + database + "\"";
+  if (!service.empty()) name_ += " of the service \"" + service + "\"";
+  if (!host.empty()) {
+    name_ += " on \"" + host + (Value("port").empty() ? "" : ":" + Value("port")) + "\"";
+  }
+}
+
+std::string Settings::Value(std::string_view keyword) const {
+  const auto found =
+      std::ranges::find_if(keywords_, [&](const auto& one) { return one.first == keyword; });
+  return found == keywords_.end() ? "" : found->second;
+}
+
+}  // namespace pstolvane1::postgres

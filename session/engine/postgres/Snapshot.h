@@ -1,0 +1,48 @@
+// One unchanging state of the books, which a session of its own holds and exports to those that
+// read it.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "session/data/Provider.h"
+#include "session/engine/Watch.h"
+#include "session/engine/postgres/Pool.h"
+#include "session/engine/postgres/Schema.h"
+
+namespace pstolvane1::postgres {
+
+// What a snapshot and its cursors share. Shared because the state must be held until the last of
+// them is gone, whichever that is.
+struct HeldState {
+  // Begins the state.
+  HeldState(std::shared_ptr<Pool> sessions, std::shared_ptr<CancelSignal> all, Watch& watch);
+  ~HeldState();
+  HeldState(const HeldState&) = delete;
+  HeldState& operator=(const HeldState&) = delete;
+
+  const std::shared_ptr<Pool> pool;
+  const std::shared_ptr<CancelSignal> provider_cancel;
+  CancelSignal cancel;
+  std::shared_ptr<const sql::Catalog> catalog;
+  std::string exported;  // the server's name of the state
+
+ private:
+  std::unique_ptr<Database> holder_;
+};
+
+class PostgresSnapshot final : public Snapshot {
+ public:
+  PostgresSnapshot(std::shared_ptr<HeldState> state, Translator translate);
+
+  // Every cursor has a session of its own, so that they read side by side.
+  [[nodiscard]] std::shared_ptr<Cursor> Run(std::string_view select,
+                                            std::chrono::milliseconds time_limit) override;
+  void Cancel() noexcept override;
+
+ private:
+  const std::shared_ptr<HeldState> state_;
+  const Translator translate_;
+};
+
+}  // namespace pstolvane1::postgres

@@ -1,0 +1,131 @@
+#include "session/sql/PostgresEmitter.h"
+
+namespace pstolvane1::sql {
+namespace {
+
+// Of the rows with a text the one that the dialect's order puts first or last; of equal ones the
+// last by code point.
+PostgresText ExtremeText(const std::string& value, bool first) {
+  return {"(array_agg(" + value + " ORDER BY " + PostgresFolded(value) + (first ? "" : " DESC") +
+          ", " + value + " COLLATE \"C\" DESC) FILTER (WHERE " + value + " IS NOT NULL))[1]"};
+}
+
+std::string CaseMapped(std::string_view function, const std::string& value) {
+  return std::string(function) + "(" + value + " COLLATE \"und-x-icu\") COLLATE \"C\"";
+}
+
+}  // namespace
+
+PostgresText PostgresEmitter::CallText(const bound::Call& call, const ValueType& type) {
+  using F = bound::Function;
+  const bound::Expr& first = *call.arguments[0];
+  const PostgresText value = Value(first);
+  const auto part = [&](std::string_view field) {
+    return PostgresCast(PostgresCall("extract", {std::string(field) + " FROM " + value.text}),
+                        "int4");
+  };
+  switch (call.function) {
+    case F::kAbs:
+      return PostgresCall("abs", {value.text});
+    case F::kRound: {
+      const bool exact = type.type == Type::kMoney || type.type == Type::kDecimal;
+      const PostgresText rounded =
+          PostgresCall("round", {exact ? value.text : PostgresCast(value, "numeric").text,
+                                 Value(*call.arguments[1]).text});
+      return exact ? rounded : PostgresCast(rounded, PostgresTypeName(type));
+    }
+    case F::kIsNull:
+    case F::kCoalesce: {
+      std::vector<std::string> texts{value.text};
+      for (std::size_t i = 1; i < call.arguments.size(); ++i) {
+        texts.push_back(Value(*call.arguments[i]).text);
+      }
+      return PostgresCall("coalesce", texts);
+    }
+    case F::kNullIf:
+      return {"CASE WHEN " + Bracketed(Compared(first), PostgresBinding::kMember) + " = " +
+              Bracketed(Compared(*call.arguments[1]), PostgresBinding::kMember) +
+              " THEN NULL ELSE " + value.text + " END"};
+    case F::kYear:
+      return part("year");
+    case F::kMonth:
+      return part("month");
+    case F::kDay:
+      return part("day");
+    case F::kLeft:
+      return PostgresCall("left", {value.text, Value(*call.arguments[1]).text});
+    case F::kRight:
+      return PostgresCall("right", {value.text, Value(*call.arguments[1]).text});
+    case F::kSubstring:
+      return PostgresCall(
+          "substr", {value.text, Value(*call.arguments[1]).text, Value(*call.arguments[2]).text});
+    case F::kLength:
+      return PostgresCall("length", {PostgresCall("rtrim", {value.text}).text});
+    case F::kUpper:
+      return {CaseMapped("upper", Bracketed(value, PostgresBinding::kSign)),
+              PostgresBinding::kSign};
+    case F::kLower:
+      return {CaseMapped("lower", Bracketed(value, PostgresBinding::kSign)),
+              PostgresBinding::kSign};
+    case F::kTrimLeft:
+      return PostgresCall("ltrim", {value.text});
+    case F::kTrimRight:
+      return PostgresCall("rtrim", {value.text});
+  }
+  return {};
+}
+
+PostgresText PostgresEmitter::AggregateText(const bound::Aggregate& node, const ValueType& type) {
+  using Kind = bound::AggregateKind;
+  if (node.argument == nullptr) return PostgresCast(PostgresCall("count", {"*"}), "int4");
+  // An aggregate takes the rows of its own select before they are grouped.
+  const bound::Select* own = grouped_.back();
+  grouped_.pop_back();
+  const bound::Expr& argument = *node.argument;
+  const bool is_text = argument.type.type == Type::kText;
+  const std::string plain = Value(argument).text;
+  const std::string counted =
+      node.kind == Kind::kCount && node.distinct ? Compared(argument).text : plain;
+  grouped_.push_back(own);
+  const std::string value = (node.distinct ? "DISTINCT " : "") + counted;
+  switch (node.kind) {
+    case Kind::kCount:
+      return PostgresCast(PostgresCall("count", {value}), "int4");
+    case Kind::kMinimum:
+    case Kind::kMaximum: {
+      const bool first = node.kind == Kind::kMinimum;
+      if (is_text) return ExtremeText(plain, first);
+      return PostgresCall(first ? "min" : "max", {plain});
+    }
+    case Kind::kAverage:
+      return AverageText(value, type);
+    case Kind::kSum:
+      break;
+  }
+  const PostgresText sum = PostgresCall("sum", {value});
+  const bool widened = type.type == Type::kWhole || type.type == Type::kBigWhole;
+  return widened ? PostgresCast(sum, PostgresTypeName(type)) : sum;
+}
+
+PostgresText PostgresEmitter::AverageText(const std::string& value, const ValueType& type) {
+  const std::string sum = PostgresCall("sum", {value}).text;
+  const std::string count = PostgresCall("count", {value}).text;
+  switch (type.type) {
+    case Type::kWhole:
+      return PostgresCast({"(" + sum + " / " + count + ")"}, "int4");
+    case Type::kBigWhole:
+      return PostgresCast(PostgresCall("div", {sum, count}), "int8");
+    case Type::kMoney:
+      return PostgresMoney({sum + "::float8 / " + count, PostgresBinding::kMultiply});
+    case Type::kDecimal: {
+      const auto places = static_cast<std::size_t>(type.places);
+      return {"div(" + sum + " * 1" + std::string(places, '0') + "::numeric, " + count + ") * 0." +
+                  std::string(places - 1, '0') + "1",
+              PostgresBinding::kMultiply};
+    }
+    default:
+      return PostgresCall("avg", {value});
+  }
+}
+
+}  // namespace pstolvane1::sql
