@@ -16,6 +16,7 @@
 extern "C" {
 #endif
 
+/* NOLINTBEGIN(modernize-use-using): C reads this as well. */
 typedef struct pst_session pst_session;
 typedef struct pst_rowset pst_rowset;
 
@@ -135,6 +136,7 @@ int32_t DllUnregisterServer(void);
 /* pst_s_ok when no session, rowset, factory or lock of these functions is left, on any thread. */
 int32_t DllCanUnloadNow(void);
 
+/* NOLINTEND(modernize-use-using) */
 #ifdef __cplusplus
 }
 #endif

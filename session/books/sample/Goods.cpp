@@ -57,7 +57,8 @@ double DrawPurchaseQuantity(World& world, const Item& item) {
   const std::int64_t most = rupees < 20 ? 200 : rupees < 150 ? 60 : rupees < 600 ? 20 : 6;
   const std::int64_t quantity = world.random.Range(most / 3, most);
   if (item.relation == 1 || world.random.Chance(30)) return static_cast<double>(quantity);
-  return static_cast<double>((quantity / item.relation + 1) * item.relation);
+  const std::int64_t packs = quantity / item.relation + 1;
+  return static_cast<double>(packs * item.relation);
 }
 
 double DrawSaleQuantity(World& world, const Item& item) {
