@@ -27,8 +27,9 @@ bool IsNumberType(DataType type) {
          type == adBigInt;
 }
 
-// "12.50", "₹12.50", and "12.50 Nos".
+// "12.50", "₹12.50", "12.50 Nos" and "12.50%".
 bool LooksNumeric(std::string_view text, const Locale& locale) {
+  if (text.ends_with('%')) text.remove_suffix(1);
   return locale.ReadNumber(text) || locale.ReadCurrency(text) ||
          locale.ReadNumber(text.substr(0, text.find(' ')));
 }

@@ -56,6 +56,14 @@ TEST_F(ReportViewTest, TwinsKeysRulesAndColumnsWithoutContentAreNotShown) {
   EXPECT_EQ(view.Lines().at(0).cells, (Names{"Cash", "₹5.00", "3.00 Nos"}));
 }
 
+TEST_F(ReportViewTest, PercentagesAreNumbers) {
+  Add("10.00%", "-100.00%", "24.67% of all");
+  const ReportView view = View();
+  EXPECT_TRUE(view.Columns().at(0).numeric);
+  EXPECT_TRUE(view.Columns().at(1).numeric);
+  EXPECT_FALSE(view.Columns().at(2).numeric);
+}
+
 TEST_F(ReportViewTest, LinesAreToldApart) {
   const std::string rule(90, '_');
   Add("Cash", "₹5.00", "");
