@@ -104,6 +104,25 @@ TEST(Layers, AQuantityOfNothingInAYearEmptiesTheYearlyAverage) {
   EXPECT_EQ(StockYearlyAverageValue(years, true), Currency());
 }
 
+// -2 worth -4 and the 2 that come in cancel each other out: what is sold then has no rate.
+TEST(Layers, AQuantityOfNothingTakesTheValueAway) {
+  const std::vector<LayerYear> years = {
+      {.in = 4, .out = 6, .value_in = Rupees(8), .in_period = false},
+      {.in = 2, .out = 1, .value_in = Rupees(10), .in_period = true}};
+  EXPECT_EQ(StockYearlyAverageValue(years, true), Rupees(-4));
+  EXPECT_EQ(StockYearlyAverageValue(years, false), Currency());
+}
+
+// 1 and the negative layer's 3 are 4 to sell, and 1 of the 5 at 5 is left; but FIFO's quantity is
+// -2, and below 0 the yearly average decides: (-6 + 25) / 2 = 9.5 for the 1 that it has.
+TEST(Layers, BelowNothingTheYearlyAverageDecidesAlsoWhereTheLayersSuffice) {
+  const StockFigures figures =
+      Walk(FifoRate, {In(-3, 2, kBefore), In(5, 5), Out(1, 9)},
+           {{.in = -3, .out = 0, .value_in = Rupees(-6), .in_period = false},
+            {.in = 5, .out = 1, .value_in = Rupees(25), .in_period = true}});
+  EXPECT_EQ(figures.closing, (StockFigure{-2, Rupees(9.5)}));
+}
+
 // Sales of 2 that no line tells of, as a filter can leave them: with no inward quantity the average
 // of the opening divides by 0.
 TEST(Layers, SalesBeforeThePeriodWithoutInwardsDivideByZero) {
