@@ -18,7 +18,7 @@ std::vector<StockGroup> ReadGroups(const Recordset& source) {
     groups.push_back(
         {.id = row.Int64(id),
          .related_to = row.IsNull(related_to) ? std::nullopt : std::optional(row.Int64(related_to)),
-         .name = std::string(row.Text(name))});
+         .name = NameText(row, name)});
   }
   return groups;
 }

@@ -19,6 +19,11 @@ ColumnHandle OneOf(const Recordset& keys, std::string_view name, std::string_vie
 
 }  // namespace
 
+std::string NameText(const Recordset::Row& row, ColumnHandle column) {
+  const Variant name = row[column];
+  return name.IsNull() ? std::string() : name.ToText();
+}
+
 StockKeyColumns::StockKeyColumns(const Recordset& keys)
     : item_id_(keys.Column("Item_Id")),
       item_name_(keys.Column("ItemName")),
@@ -32,7 +37,7 @@ StockKeyColumns::StockKeyColumns(const Recordset& keys)
       maintain_batches_(FirstOf(keys, {"MaintainBatches"})) {}
 
 StockUnits StockKeyColumns::Units(const Recordset::Row& row) const {
-  return {.item = std::string(row.Text(item_name_)),
+  return {.item = NameText(row, item_name_),
           .unit = std::string(row.Text(unit_)),
           .alt_unit = std::string(row.Text(alt_unit_)),
           .relation_formula = row.IsNull(relation_formula_) ? 0 : row.Single(relation_formula_)};
@@ -40,10 +45,10 @@ StockUnits StockKeyColumns::Units(const Recordset::Row& row) const {
 
 std::string StockKeyColumns::GodownText(const Recordset::Row& row) const {
   std::string text;
-  if (godown_) text = row.Text(*godown_);
+  if (godown_) text = NameText(row, *godown_);
   const bool has_batches =
       maintain_batches_ && !row.IsNull(*maintain_batches_) && row.Flag(*maintain_batches_);
-  if (has_batches && batch_) text.append("    ").append(row.Text(*batch_));
+  if (has_batches && batch_) text.append("    ").append(NameText(row, *batch_));
   return text;
 }
 

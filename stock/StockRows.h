@@ -4,13 +4,16 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <string_view>
+#include <string>
 
 #include "session/data/Recordset.h"
 #include "stock/StockFigures.h"
 #include "stock/StockWriter.h"
 
 namespace pstolvane1 {
+
+// A name, "" for Null. Under an alias it may be a number or a day.
+[[nodiscard]] std::string NameText(const Recordset::Row& row, ColumnHandle column);
 
 // Where the names and ids of a stock key stand in a source rowset. The methods' queries differ in
 // what they call them, and the simple average's items have no godowns and batches.
@@ -19,8 +22,8 @@ class StockKeyColumns {
   explicit StockKeyColumns(const Recordset& keys);
 
   [[nodiscard]] std::int64_t ItemId(const Recordset::Row& row) const { return row.Int64(item_id_); }
-  [[nodiscard]] std::string_view ItemName(const Recordset::Row& row) const {
-    return row.Text(item_name_);
+  [[nodiscard]] std::string ItemName(const Recordset::Row& row) const {
+    return NameText(row, item_name_);
   }
   [[nodiscard]] StockUnits Units(const Recordset::Row& row) const;
   // The godown, and four blanks and the batch behind it where the item has batches.
