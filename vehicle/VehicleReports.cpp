@@ -10,7 +10,7 @@ RecordsetPtr TakeRs1(ReportFrame& frame) { return frame.Rowset(Source::Rs1); }
 RecordsetPtr TakeReport(ReportFrame& frame) { return frame.Rowset(Source::rsReport); }
 
 RecordsetPtr TakeDisconnectedRs1(ReportFrame& frame) {
-  const RecordsetPtr found = frame.Rowset(Source::Rs1);
+  RecordsetPtr found = frame.Rowset(Source::Rs1);
   found->ActiveConnection(nullptr);
   return found;
 }
