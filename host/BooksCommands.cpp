@@ -9,14 +9,34 @@
 #include "host/Terminal.h"
 #include "session/books/BooksFile.h"
 #include "session/books/CheckBooks.h"
+#include "session/books/CopyBooks.h"
 #include "session/books/ImportBooks.h"
 #include "session/books/SampleBooks.h"
+#include "session/engine/ConnectionString.h"
+#include "session/engine/Engines.h"
 
 namespace pstolvane1::host {
+namespace {
+
+// A file's path as it was typed, a server's books without a password.
+std::string Named(const std::string& connection) {
+  const bool file = ReadConnectionString(connection).engine == EngineKind::kSqlite;
+  return file ? connection : NameOfDatabase(connection);
+}
+
+std::string RowsOf(const std::vector<books::ImportedTable>& tables) {
+  std::string text;
+  for (const books::ImportedTable& table : tables) {
+    text += fmt::format("{:<24}{:>10} rows\n", table.table, table.rows);
+  }
+  return text;
+}
+
+}  // namespace
 
 void CreateBooksFile(const std::string& path) {
   books::CreateBooks(path);
-  Show(fmt::format("Empty books: {}\n", path));
+  Show(fmt::format("Empty books: {}\n", Named(path)));
 }
 
 void SampleBooksFile(const std::string& path, std::int64_t movements, std::uint64_t seed) {
@@ -27,15 +47,15 @@ void SampleBooksFile(const std::string& path, std::int64_t movements, std::uint6
                          bar.Show(static_cast<double>(done) / static_cast<double>(total), stage);
                        });
   }
-  Show(fmt::format("Sample books with {} movements: {}\n", movements, path));
+  Show(fmt::format("Sample books with {} movements: {}\n", movements, Named(path)));
 }
 
 void ImportBooksFile(const std::string& path, const std::string& folder) {
-  std::string text;
-  for (const books::ImportedTable& table : books::ImportBooks(path, folder)) {
-    text += fmt::format("{:<24}{:>10} rows\n", table.table, table.rows);
-  }
-  Show(text);
+  Show(RowsOf(books::ImportBooks(path, folder)));
+}
+
+void CopyBooksTo(const std::string& from, const std::string& to) {
+  Show(RowsOf(books::CopyBooks(from, to)));
 }
 
 bool CheckBooksAt(const std::string& connection_string) {

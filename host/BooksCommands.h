@@ -8,6 +8,7 @@ namespace pstolvane1::host {
 
 void CreateBooksFile(const std::string& path);
 void SampleBooksFile(const std::string& path, std::int64_t movements, std::uint64_t seed);
+void CopyBooksTo(const std::string& from, const std::string& to);
 void ImportBooksFile(const std::string& path, const std::string& folder);
 // Prints what it finds. False when reports fail on these books or their figures are wrong.
 bool CheckBooksAt(const std::string& connection_string);

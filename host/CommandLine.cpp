@@ -30,6 +30,7 @@ constexpr int kWrongCall = 2;
 struct BooksOptions {
   std::string path;
   std::string folder;
+  std::string target;
   std::int64_t movements = books::kFewestMovements;
   std::uint64_t seed = 1;
 };
@@ -74,13 +75,15 @@ void AddBooks(CLI::App& app, Typed& typed) {
   books->require_subcommand(1);
 
   CLI::App* create = books->add_subcommand("create", "Empty books with the reference schema");
-  create->add_option("FILE", typed.books.path, "the new file")->required();
+  create->add_option("FILE", typed.books.path, "the new file, or a server's connection string")
+      ->required();
   create->callback([&typed] {
     typed.command = [&books = typed.books] { return CreateBooksFile(books.path), kSuccess; };
   });
 
   CLI::App* sample = books->add_subcommand("sample", "Invented books of a vehicle dealer");
-  sample->add_option("FILE", typed.books.path, "the new file")->required();
+  sample->add_option("FILE", typed.books.path, "the new file, or a server's connection string")
+      ->required();
   sample->add_option("--movements", typed.books.movements, "stock movements")
       ->check(CLI::Range(books::kFewestMovements, books::kMostMovements))
       ->option_text("N");
@@ -99,6 +102,15 @@ void AddBooks(CLI::App& app, Typed& typed) {
   from_csv->callback([&typed] {
     typed.command = [&books = typed.books] {
       return ImportBooksFile(books.path, books.folder), kSuccess;
+    };
+  });
+
+  CLI::App* copy = books->add_subcommand("copy", "Books from one engine to another");
+  copy->add_option("FROM", typed.books.path, "the books that are there")->required();
+  copy->add_option("TO", typed.books.target, "those that are made")->required();
+  copy->callback([&typed] {
+    typed.command = [&books = typed.books] {
+      return CopyBooksTo(books.path, books.target), kSuccess;
     };
   });
 

@@ -11,8 +11,10 @@
 #include <unistd.h>
 
 #include "session/books/Schema.h"
+#include "session/books/ServerWriter.h"
 #include "session/books/Writer.h"
 #include "session/data/Error.h"
+#include "session/engine/ConnectionString.h"
 
 namespace pstolvane1::books {
 namespace {
@@ -89,8 +91,42 @@ void MakeBooks(const std::string& path, const std::function<void(Writer&)>& fill
   file.TakeName();
 }
 
-void CreateBooks(const std::string& path) {
-  MakeBooks(path, [](Writer&) {});
+void MakeServerBooks(ServerWriter& writer, const std::function<void()>& fill,
+                     const std::function<void(std::string_view table)>& indexing) {
+  if (writer.CountTables() > 0) {
+    throw Error(ErrorNumber::kConnection,
+                "cannot make the books " + writer.Name() +
+                    ": the schema holds books already; name another schema or remove them first");
+  }
+  writer.CreateTables();
+  fill();
+  for (const Table& table : Tables()) {
+    if (table.indexes.empty()) continue;
+    if (indexing) indexing(table.name);
+    writer.CreateIndexes(table);
+  }
+  writer.Finish();
+}
+
+void CreateBooks(const std::string& connection) {
+  const ConnectionTarget target = ReadConnectionString(connection);
+  if (target.engine == EngineKind::kPostgresql) {
+    ServerWriter writer(connection);
+    MakeServerBooks(writer, [] {});
+  } else {
+    MakeBooks(target.path, [](Writer&) {});
+  }
+}
+
+PassingBooks::PassingBooks() {
+  folder_ = (std::filesystem::temp_directory_path() / "passing_books_XXXXXX").string();
+  if (mkdtemp(folder_.data()) == nullptr) Refuse(folder_, std::strerror(errno));
+  path_ = folder_ + "/books.db";
+}
+
+PassingBooks::~PassingBooks() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
 }
 
 }  // namespace pstolvane1::books

@@ -6,11 +6,14 @@
 #include <map>
 
 #include "session/books/BooksFile.h"
+#include "session/books/CopyBooks.h"
 #include "session/books/CsvReader.h"
 #include "session/books/FieldValue.h"
 #include "session/books/Schema.h"
+#include "session/books/ServerWriter.h"
 #include "session/books/Writer.h"
 #include "session/data/Error.h"
+#include "session/engine/ConnectionString.h"
 
 namespace pstolvane1::books {
 namespace {
@@ -142,7 +145,9 @@ std::int64_t ImportTable(Writer& writer, const Source& source) {
 
 }  // namespace
 
-std::vector<ImportedTable> ImportBooks(const std::string& path, const std::string& folder) {
+namespace {
+
+std::vector<ImportedTable> ImportIntoFile(const std::string& path, const std::string& folder) {
   const std::vector<Source> sources = FindSources(folder);
   std::vector<ImportedTable> imported;
   const auto fill = [&](Writer& writer) {
@@ -158,6 +163,29 @@ std::vector<ImportedTable> ImportBooks(const std::string& path, const std::strin
     MakeBooks(path, fill);
   }
   return imported;
+}
+
+// The rows are read and checked in a file first, and go to the server as a whole.
+std::vector<ImportedTable> ImportIntoServer(const std::string& connection,
+                                            const std::string& folder) {
+  const PassingBooks books;
+  std::vector<ImportedTable> imported = ImportIntoFile(books.Path(), folder);
+  ServerWriter writer(connection);
+  if (writer.CountTables() > 0) {
+    CopyRows(books.Path(), imported, writer);
+    writer.Finish();
+  } else {
+    MakeServerBooks(writer, [&] { CopyRows(books.Path(), imported, writer); });
+  }
+  return imported;
+}
+
+}  // namespace
+
+std::vector<ImportedTable> ImportBooks(const std::string& connection, const std::string& folder) {
+  const ConnectionTarget target = ReadConnectionString(connection);
+  return target.engine == EngineKind::kPostgresql ? ImportIntoServer(connection, folder)
+                                                  : ImportIntoFile(target.path, folder);
 }
 
 }  // namespace pstolvane1::books

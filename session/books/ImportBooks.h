@@ -14,8 +14,8 @@ struct ImportedTable {
 };
 
 // Reads every TABLE.csv of the folder into the table of that name, in books that are made for it or
-// that exist already, all of it or nothing: on an error new books vanish and existing ones are as
-// they were. Gives the tables that had a file, in the schema's order.
+// that exist already, in a file or on a server, all of it or nothing: on an error new books vanish
+// and existing ones are as they were. Gives the tables that had a file, in the schema's order.
 //
 // A file has a header with column names in any order and case; columns left out are Null. A field
 // with nothing in it is Null, "" is an empty text. Whole numbers have 32 bits; flags are true,
@@ -24,6 +24,6 @@ struct ImportedTable {
 //
 // Error 13, "FILE:LINE:COLUMN: REASON", for what cannot be read or does not fit; 501 for books or a
 // folder that cannot be opened or have no such file.
-std::vector<ImportedTable> ImportBooks(const std::string& path, const std::string& folder);
+std::vector<ImportedTable> ImportBooks(const std::string& connection, const std::string& folder);
 
 }  // namespace pstolvane1::books

@@ -4,11 +4,13 @@
 #include <vector>
 
 #include "session/books/BooksFile.h"
+#include "session/books/CopyBooks.h"
 #include "session/books/Schema.h"
 #include "session/books/Writer.h"
 #include "session/books/sample/World.h"
 #include "session/books/sample/YearEnd.h"
 #include "session/data/Error.h"
+#include "session/engine/ConnectionString.h"
 
 namespace pstolvane1::books {
 namespace {
@@ -114,8 +116,10 @@ void PlayYears(World& world, sample::YearEnd& year_end, const SampleProgress& pr
 
 }  // namespace
 
-void SampleBooks(const std::string& path, std::int64_t movements, std::uint64_t seed,
-                 const SampleProgress& progress) {
+namespace {
+
+void SampleFile(const std::string& path, std::int64_t movements, std::uint64_t seed,
+                const SampleProgress& progress) {
   if (movements < kFewestMovements || movements > kMostMovements) {
     throw Error(ErrorNumber::kArgumentOutOfRange,
                 "sample books have from " + std::to_string(kFewestMovements) + " to " +
@@ -135,6 +139,19 @@ void SampleBooks(const std::string& path, std::int64_t movements, std::uint64_t 
       [&](std::string_view table) {
         if (progress) progress(table, ++indexed, std::ssize(Tables()));
       });
+}
+
+}  // namespace
+
+void SampleBooks(const std::string& connection, std::int64_t movements, std::uint64_t seed,
+                 const SampleProgress& progress) {
+  const ConnectionTarget target = ReadConnectionString(connection);
+  if (target.engine != EngineKind::kPostgresql) {
+    return SampleFile(target.path, movements, seed, progress);
+  }
+  const PassingBooks books;
+  SampleFile(books.Path(), movements, seed, progress);
+  static_cast<void>(CopyBooks(books.Path(), connection));
 }
 
 }  // namespace pstolvane1::books

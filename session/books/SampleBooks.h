@@ -19,8 +19,9 @@ using SampleProgress =
 // GodownItem1 and data for every report. The same bytes for the same movements and seed, with the
 // same version of SQLite. Time is linear in movements, memory does not grow with them beyond the
 // masters. Error 501 when the file exists or cannot be written, 3001 when movements is outside its
-// bounds; then there is no file.
-void SampleBooks(const std::string& path, std::int64_t movements = kFewestMovements,
+// bounds; then there is no file. On a server the books are made in the first schema of the
+// search_path, which holds none yet.
+void SampleBooks(const std::string& connection, std::int64_t movements = kFewestMovements,
                  std::uint64_t seed = 1, const SampleProgress& progress = {});
 
 }  // namespace pstolvane1::books

@@ -53,4 +53,13 @@ struct Table {
 // The statements that make empty books on SQLite, indexes included, in order, each ended by ";".
 [[nodiscard]] std::string SqliteSchema();
 
+// The same for PostgreSQL. Names are quoted as they are spelled here; quantities are of the domain
+// kSingleDomain, and an index on a text serves the comparisons that the front end writes.
+[[nodiscard]] std::string PostgresType(const Column& column);
+[[nodiscard]] std::string PostgresCreateTable(const Table& table);
+[[nodiscard]] std::string PostgresCreateIndex(const Table& table, const Index& index);
+// What has to be there before the tables are made; may be run again.
+[[nodiscard]] std::string PostgresCreateDomain();
+[[nodiscard]] std::string PostgresSchema();
+
 }  // namespace pstolvane1::books

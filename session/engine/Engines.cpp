@@ -33,12 +33,6 @@ bool HasTable(Provider& database, std::string_view table) {
   }
 }
 
-// Without what the text may hold of a password.
-std::string NameOfDatabase(const std::string& connection_string) {
-  const bool server = ReadConnectionString(connection_string).engine == EngineKind::kPostgresql;
-  return server ? postgres::Settings(connection_string).Name() : '"' + connection_string + '"';
-}
-
 std::shared_ptr<Provider> OpenBooks(const std::string& connection_string,
                                     std::chrono::milliseconds time_limit) {
   std::shared_ptr<Provider> database = OpenDatabase(connection_string, time_limit);
@@ -52,6 +46,11 @@ std::shared_ptr<Provider> OpenBooks(const std::string& connection_string,
 }
 
 }  // namespace
+
+std::string NameOfDatabase(const std::string& connection_string) {
+  const bool server = ReadConnectionString(connection_string).engine == EngineKind::kPostgresql;
+  return server ? postgres::Settings(connection_string).Name() : '"' + connection_string + '"';
+}
 
 std::shared_ptr<Connection> NewBooksConnection() { return Connection::New(OpenBooks); }
 

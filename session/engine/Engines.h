@@ -18,6 +18,10 @@ namespace pstolvane1 {
 // with a sentence that says so. A session's connection.
 [[nodiscard]] std::shared_ptr<Connection> NewBooksConnection();
 
+// How messages call the database that a connection string names: without what the string may hold of
+// a password. Error 501 for a wrong connection string.
+[[nodiscard]] std::string NameOfDatabase(const std::string& connection_string);
+
 // Opens the database that a connection string names; what NewConnection's connections call. Error
 // 501 for a wrong connection string, an engine that this build does not have, and a database that
 // cannot be opened.

@@ -22,13 +22,14 @@ enum class Path { kSynchronous, kAsynchronous };
 struct Setup {
   std::string file;  // relative to the folder of the cases
   Path path;
+  Engine engine;
 };
 
 void PrintTo(const Setup& setup, std::ostream* out) {
   *out << setup.file << (setup.path == Path::kSynchronous ? ", at once" : ", fetched");
 }
 
-std::vector<Setup> AllSetups() {
+std::vector<Setup> AllSetups(Engine engine) {
   std::vector<std::string> files;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(kCases)) {
     if (entry.path().extension() == ".case") {
@@ -39,7 +40,7 @@ std::vector<Setup> AllSetups() {
   std::vector<Setup> setups;
   for (const std::string& file : files) {
     for (const Path path : {Path::kSynchronous, Path::kAsynchronous})
-      setups.push_back({file, path});
+      setups.push_back({file, path, engine});
   }
   return setups;
 }
@@ -92,8 +93,8 @@ void Record(clsStolvane1& session, Outcome& outcome) {
   };
 }
 
-Outcome RunCase(const CaseFile& file, Path path) {
-  const SmallBooks books(file.books);
+Outcome RunCase(const CaseFile& file, Path path, Engine engine) {
+  const SmallBooks books(engine, file.books);
   clsStolvane1 session;
   Apply(session, file, books.ConnectionString());
   Outcome outcome;
@@ -138,10 +139,10 @@ class GoldenCase : public testing::TestWithParam<Setup> {};
 TEST_P(GoldenCase, GivesItsReport) {
   const std::string path = kCases + "/" + GetParam().file;
   const CaseFile file = ReadCase(path, kCases);
-  const Outcome outcome = RunCase(file, GetParam().path);
+  const Outcome outcome = RunCase(file, GetParam().path, GetParam().engine);
   const bool fetched = GetParam().path == Path::kAsynchronous;
   if (std::getenv("PST_REWRITE_CASES") != nullptr) {
-    if (fetched) {
+    if (fetched && GetParam().engine == Engine::kSqlite) {
       RewriteCase(path, Expectation(outcome, outcome.any_count) +
                             (file.has_events ? EventBlock(outcome.events) : std::string()));
     }
@@ -158,7 +159,9 @@ TEST_P(GoldenCase, GivesItsReport) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, GoldenCase, testing::ValuesIn(AllSetups()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Sqlite, GoldenCase, testing::ValuesIn(AllSetups(Engine::kSqlite)), NameOf);
+INSTANTIATE_TEST_SUITE_P(Postgres, GoldenCase, testing::ValuesIn(AllSetups(Engine::kPostgres)),
+                         NameOf);
 
 TEST(CaseFile, CellsSurviveReadingAndWriting) {
   for (const std::string text :

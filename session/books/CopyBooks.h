@@ -1,0 +1,32 @@
+// Books from one engine to another.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/books/ImportBooks.h"
+
+namespace pstolvane1::books {
+
+// Told before each table is read.
+using CopyProgress = std::function<void(std::string_view table)>;
+
+// Makes the books that the second connection names, with the reference schema, and fills them with
+// the rows of the first ones: all tables and columns of the reference schema that those have, as
+// they are in one moment. All of it or nothing. Gives the tables that were there, in the schema's
+// order.
+//
+// Error 501 when the first cannot be read, when the second exists already or cannot be written, and
+// for what does not fit there, such as a text that is longer than its column.
+std::vector<ImportedTable> CopyBooks(const std::string& from, const std::string& to,
+                                     const CopyProgress& progress = {});
+
+class ServerWriter;
+
+// Adds the rows of these tables of a file of books to those on a server.
+void CopyRows(const std::string& path, const std::vector<ImportedTable>& tables,
+              ServerWriter& writer);
+
+}  // namespace pstolvane1::books
