@@ -40,6 +40,8 @@ struct CatalogColumn {
 struct CatalogTable {
   std::string name;
   std::vector<CatalogColumn> columns;
+  // What an engine orders rows by that nothing else orders, as its key; empty where it needs none.
+  std::vector<std::string> row_order = {};
 
   [[nodiscard]] const CatalogColumn* Find(std::string_view column) const;  // any case
 };

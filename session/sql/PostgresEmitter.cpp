@@ -1,6 +1,7 @@
 #include "session/sql/PostgresEmitter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pstolvane1::sql {
 namespace {
@@ -55,7 +56,7 @@ std::string Directed(const std::string& by, bool descending) {
 }  // namespace
 
 std::string EmitPostgres(const bound::Query& query, const Statement& statement) {
-  return PostgresEmitter(statement).QueryText(query, PostgresEmitter::Use::kRows);
+  return PostgresEmitter(statement).QueryText(query, PostgresEmitter::Use::kStatement);
 }
 
 std::string PostgresEmitter::QueryText(const bound::Query& query, Use use) {
@@ -118,7 +119,10 @@ std::string PostgresEmitter::PlainText(const bound::Query& query, Use use) {
 std::string PostgresEmitter::SelectText(const bound::Select& select, Use use,
                                         std::vector<std::string>& items) {
   // The tables first: a full join moves their columns.
+  const bool ordered = (use == Use::kStatement || use == Use::kOrdered) && !select.distinct;
+  const bool around = std::exchange(ordered_, ordered && !select.aggregated);
   const std::string from = TablesText(select);
+  ordered_ = around;
   const std::string where = select.where ? " WHERE " + Condition(*select.where).text : "";
   std::string groups;
   for (const bound::ExprPtr& group : select.group_by) {
@@ -139,6 +143,7 @@ std::string PostgresEmitter::SelectText(const bound::Select& select, Use use,
     text += items.back();
     if (!item.name.empty()) text += " AS " + PostgresName(item.name);
   }
+  if (use == Use::kOrdered && !select.distinct) text += KeysBeside(select);
   text += from + where + groups;
   if (select.having) text += " HAVING " + Condition(*select.having).text;
   if (select.aggregated) grouped_.pop_back();
@@ -148,17 +153,22 @@ std::string PostgresEmitter::SelectText(const bound::Select& select, Use use,
 std::string PostgresEmitter::OrderText(const bound::Query& query, Use use,
                                        const std::vector<std::string>& items) {
   std::string text;
+  std::vector<std::string> ordered;
+  const auto add = [&](const std::string& by, bool descending) {
+    if (std::ranges::find(ordered, by) != ordered.end()) return;
+    ordered.push_back(by);
+    text += (text.empty() ? " ORDER BY " : ", ") + Directed(by, descending);
+  };
   for (const bound::Order& order : query.order_by) {
-    std::string by;
     if (order.value) {
-      by = Compared(*order.value).text;
+      add(Compared(*order.value).text, order.descending);
     } else if (use != Use::kCompared && IsText(query.columns[*order.column])) {
-      by = PostgresFolded(items[*order.column]);
+      add(PostgresFolded(items[*order.column]), order.descending);
     } else {
-      by = std::to_string(*order.column + 1);
+      add(std::to_string(*order.column + 1), order.descending);
     }
-    text += (text.empty() ? " ORDER BY " : ", ") + Directed(by, order.descending);
   }
+  for (const std::string& by : RowOrder(query, use, items)) add(by, false);
   return text;
 }
 

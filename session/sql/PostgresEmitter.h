@@ -60,7 +60,9 @@ class PostgresEmitter {
 
   // What the rows of a query are for.
   enum class Use {
-    kRows,       // a result, a derived table, a value
+    kStatement,  // a result: what its ORDER BY leaves open is ordered by keys
+    kOrdered,    // a derived table whose rows are to keep their order in the statement's
+    kRows,       // a derived table, a value
     kExistence,  // EXISTS: the columns do not matter
     kCompared,   // IN: texts come folded
   };
@@ -71,10 +73,19 @@ class PostgresEmitter {
   [[nodiscard]] std::string SelectText(const bound::Select& select, Use use,
                                        std::vector<std::string>& items);
   [[nodiscard]] std::string PlainText(const bound::Query& query, Use use);
-  // items are the columns as they are selected.
+  // items are the columns as they are selected; empty for a union.
   [[nodiscard]] std::string OrderText(const bound::Query& query, Use use,
                                       const std::vector<std::string>& items);
   [[nodiscard]] std::string BranchesText(const bound::Query& query, Use use);
+  // PostgresEmitterOrder.cpp
+  // The order in which rows come that nothing else orders, so that a report is the same every time:
+  // that of the groups, or that of the tables' keys in the order of the FROM.
+  [[nodiscard]] std::vector<std::string> RowOrder(const bound::Select& select);
+  [[nodiscard]] std::vector<std::string> TableOrder(const bound::Source& source);
+  [[nodiscard]] std::string KeysBeside(const bound::Select& select);
+  [[nodiscard]] std::vector<std::string> DerivedOrder(const bound::Source& source);
+  [[nodiscard]] std::vector<std::string> RowOrder(const bound::Query& query, Use use,
+                                                  const std::vector<std::string>& items);
   // PostgresEmitterFrom.cpp
   [[nodiscard]] std::string TablesText(const bound::Select& select);
   [[nodiscard]] std::string FromText(const bound::From& from);
@@ -114,6 +125,11 @@ class PostgresEmitter {
   // The columns of sources that a full join has put into one derived table: what stands for each.
   std::unordered_map<const bound::Source*, std::vector<std::string>> moved_;
   int full_joins_ = 0;
+  // Whether the tables at hand are those of a select whose rows are to be ordered; what orders the
+  // rows of each, and the names of what does in the derived table that was written last.
+  bool ordered_ = false;
+  std::unordered_map<const bound::Source*, std::vector<std::string>> orders_;
+  std::vector<std::string> kept_order_;
 };
 
 // The pieces that the emitter's files share.

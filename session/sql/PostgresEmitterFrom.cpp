@@ -128,6 +128,7 @@ std::string PostgresEmitter::FullJoinText(const bound::Join& join) {
   // A value may be written more than once, and its subqueries with it.
   for (const bound::From* side : {join.left.get(), join.right.get()}) {
     bound::ForEachSource(*side, [&](const bound::Source& source) { moved_.erase(&source); });
+    ordered_ = false;
   }
   const std::string left = FromText(*join.left);
   static_cast<void>(list(*join.left, ""));
@@ -143,7 +144,14 @@ std::string PostgresEmitter::FullJoinText(const bound::Join& join) {
 
 std::string PostgresEmitter::SourceText(const bound::Source& source) {
   const std::string name = PostgresName(source.name);
-  if (source.query) return "(" + QueryText(*source.query, Use::kRows) + ") AS " + name;
+  if (source.query) {
+    const bool keeps = ordered_ && source.query->branches.size() == 1 &&
+                       !source.query->branches[0].select.distinct;
+    const std::string rows = QueryText(*source.query, keeps ? Use::kOrdered : Use::kRows);
+    if (keeps) orders_[&source] = DerivedOrder(source);
+    return "(" + rows + ") AS " + name;
+  }
+  if (ordered_) orders_[&source] = TableOrder(source);
   const std::string table = QuotedName(source.table->name);
   return source.name == source.table->name ? table : table + " AS " + name;
 }

@@ -162,7 +162,7 @@ TEST(PostgresSchema, TablesThatAreMadeOrChangedMeanwhileAreSeen) {
   const Scratch scratch("CREATE TABLE t (id int); INSERT INTO t VALUES (1)");
   const auto books = OpenDatabase(scratch.ConnectionString(), milliseconds(5000));
   EXPECT_THAT(Lines(*books, "select * from t"), ElementsAre("1"));
-  ServerWriter(scratch.ConnectionString())
+  ServerSession(scratch.ConnectionString())
       .Run("CREATE TABLE u (id int); ALTER TABLE t ADD name text DEFAULT 'a'");
   EXPECT_EQ(books->Describe("select * from u").size(), 1U);
   EXPECT_THAT(Lines(*books, "select * from t"), ElementsAre("1|a"));
@@ -294,7 +294,7 @@ TEST(PostgresSnapshots, SeeOneStateFromSeveralSessionsAtATime) {
       "CREATE TABLE a (v int); CREATE TABLE b (v int); INSERT INTO a VALUES (0);"
       "INSERT INTO b VALUES (0)");
   const auto books = OpenDatabase(scratch.ConnectionString(), milliseconds(5000));
-  ServerWriter writer(scratch.ConnectionString());
+  ServerSession writer(scratch.ConnectionString());
   for (int round = 1; round <= 5; ++round) {
     const auto snapshot = books->TakeSnapshot(kNoLimit);
     const auto first = snapshot->Run("select v from a", kNoLimit);
@@ -357,7 +357,7 @@ TEST(PostgresCursors, EndAtTheirTimeLimitAndTheServerEndsThem) {
             "-2147217900 while preparing a statement: the time limit of 0.15 s was reached");
   EXPECT_LT(std::chrono::steady_clock::now() - begin, milliseconds(5000));
   EXPECT_THAT(Lines(*snapshot, kCount), ElementsAre("1000"));
-  ServerWriter server(ServerConnection());
+  ServerSession server(ServerConnection());
   std::string running;
   for (int i = 0; i < 100 && running != "0"; ++i) {
     std::this_thread::sleep_for(milliseconds(50));
@@ -413,7 +413,7 @@ TEST(PostgresCursors, CancelFromAnotherThreadAtAnyMoment) {
 std::string KillSessionsOf(const std::string& connection_string) {
   const std::size_t at = connection_string.find("application_name=");
   const std::string name = connection_string.substr(at + 17);
-  return ServerWriter(ServerConnection())
+  return ServerSession(ServerConnection())
       .Run(
           "SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity WHERE application_name = "
           "'" +

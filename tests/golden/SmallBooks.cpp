@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include "session/books/Schema.h"
-#include "session/sql/EngineText.h"
 
 namespace pstolvane1::golden {
 namespace {
@@ -29,23 +28,15 @@ void Execute(sqlite3* database, const std::string& text) {
           text.substr(0, 60));
 }
 
-// The table of the books, whose columns the head names.
-const books::Table& Known(const TextTable& table) {
+// Cells are bound as text; the columns' types turn them into numbers.
+void Insert(sqlite3* database, const TextTable& table) {
   const books::Table* const known = books::FindTable(table.name);
   if (known == nullptr) throw std::runtime_error("the books have no table " + table.name);
+  std::string names, places;
   for (const std::string& column : table.head) {
     if (known->Find(column) == nullptr) {
       throw std::runtime_error(table.name + " has no column " + column);
     }
-  }
-  return *known;
-}
-
-// Cells are bound as text; the columns' types turn them into numbers.
-void Insert(sqlite3* database, const TextTable& table) {
-  (void)Known(table);
-  std::string names, places;
-  for (const std::string& column : table.head) {
     names += (names.empty() ? "[" : ", [") + column + "]";
     places += places.empty() ? "?" : ", ?";
   }
@@ -71,35 +62,6 @@ void Insert(sqlite3* database, const TextTable& table) {
   }
 }
 
-// The rows as one INSERT; the server reads the texts as its columns' types.
-std::string Inserted(const TextTable& table) {
-  const books::Table& known = Known(table);
-  if (table.rows.empty()) return "";
-  std::string names;
-  for (const std::string& column : table.head) {
-    names += (names.empty() ? "" : ", ") + sql::QuotedName(known.Find(column)->name);
-  }
-  std::string rows;
-  for (const auto& row : table.rows) {
-    std::string cells;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      std::string text = TextOf(row[i]);
-      const bool flag = known.Find(table.head[i])->kind == books::ColumnKind::kFlag;
-      if (flag && text != "0") text = "1";
-      cells += (cells.empty() ? "" : ", ") +
-               (row[i] == kNullCell ? std::string("NULL") : sql::QuotedText(text));
-    }
-    rows += (rows.empty() ? "(" : ", (") + cells + ")";
-  }
-  return "INSERT INTO " + sql::QuotedName(known.name) + " (" + names + ") VALUES " + rows + ";";
-}
-
-std::string OnServer(const std::vector<TextTable>& tables) {
-  std::string statements = books::PostgresSchema();
-  for (const TextTable& table : tables) statements += Inserted(table);
-  return statements;
-}
-
 std::string NewPath() {
   static std::atomic<int> number = 0;
   return (std::filesystem::temp_directory_path() /
@@ -109,12 +71,7 @@ std::string NewPath() {
 
 }  // namespace
 
-SmallBooks::SmallBooks(Engine engine, const std::vector<TextTable>& tables) {
-  if (engine == Engine::kPostgres) {
-    scratch_.emplace(OnServer(tables));
-    return;
-  }
-  path_ = NewPath();
+SmallBooks::SmallBooks(const std::vector<TextTable>& tables) : path_(NewPath()) {
   std::filesystem::remove(path_);
   sqlite3* raw = nullptr;
   const int opened = sqlite3_open(path_.c_str(), &raw);
@@ -128,7 +85,7 @@ SmallBooks::SmallBooks(Engine engine, const std::vector<TextTable>& tables) {
 
 SmallBooks::~SmallBooks() {
   std::error_code ignored;
-  if (!path_.empty()) std::filesystem::remove(path_, ignored);
+  std::filesystem::remove(path_, ignored);
 }
 
 }  // namespace pstolvane1::golden

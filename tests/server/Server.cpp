@@ -19,7 +19,7 @@ std::string ServerConnection() {
   return connection;
 }
 
-ServerWriter::ServerWriter(const std::string& connection_string)
+ServerSession::ServerSession(const std::string& connection_string)
     : connection_(PQconnectdb(connection_string.c_str())) {
   if (PQstatus(connection_) == CONNECTION_OK) {
     PQsetNoticeReceiver(
@@ -31,9 +31,9 @@ ServerWriter::ServerWriter(const std::string& connection_string)
   throw std::runtime_error(words);
 }
 
-ServerWriter::~ServerWriter() { PQfinish(connection_); }
+ServerSession::~ServerSession() { PQfinish(connection_); }
 
-std::string ServerWriter::Run(const std::string& statements) {
+std::string ServerSession::Run(const std::string& statements) {
   PGresult* result = PQexec(connection_, statements.c_str());
   const ExecStatusType status = PQresultStatus(result);
   const std::string words = PQresultErrorMessage(result);
@@ -48,20 +48,20 @@ Scratch::Scratch(const std::string& statements) {
   static std::atomic<int> number = 0;
   name_ = "scratch_" + std::to_string(getpid()) + "_" + std::to_string(++number);
   connection_string_ = ServerConnection() + " options='-c search_path=" + name_ + "'";
-  ServerWriter writer(connection_string_);
+  ServerSession writer(connection_string_);
   writer.Run("CREATE SCHEMA " + name_ + ";" + statements);
 }
 
 Scratch::~Scratch() {
   try {
-    ServerWriter(ServerConnection()).Run("DROP SCHEMA " + name_ + " CASCADE");
+    ServerSession(ServerConnection()).Run("DROP SCHEMA " + name_ + " CASCADE");
   } catch (const std::exception&) {
     // The server is thrown away as a whole.
   }
 }
 
 std::string Scratch::Run(const std::string& statements) {
-  return ServerWriter(connection_string_).Run(statements);
+  return ServerSession(connection_string_).Run(statements);
 }
 
 }  // namespace pstolvane1

@@ -12,12 +12,12 @@ namespace pstolvane1 {
 [[nodiscard]] std::string ServerConnection();
 
 // A session for setting the scene. Errors are std::runtime_error with the server's words.
-class ServerWriter {
+class ServerSession {
  public:
-  explicit ServerWriter(const std::string& connection_string);
-  ~ServerWriter();
-  ServerWriter(const ServerWriter&) = delete;
-  ServerWriter& operator=(const ServerWriter&) = delete;
+  explicit ServerSession(const std::string& connection_string);
+  ~ServerSession();
+  ServerSession(const ServerSession&) = delete;
+  ServerSession& operator=(const ServerSession&) = delete;
 
   // The first cell of the last result, or an empty text.
   std::string Run(const std::string& statements);

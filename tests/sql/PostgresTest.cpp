@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "session/books/Schema.h"
 #include "session/data/Error.h"
+#include "session/engine/Engines.h"
 #include "session/sql/Translate.h"
 #include "tests/server/Server.h"
 #include "tests/sql/CaseFile.h"
+#include "tests/sql/ReportQueryFiles.h"
 
 namespace pstolvane1::sql {
 namespace {
@@ -56,7 +59,7 @@ class PostgresCases : public testing::TestWithParam<const char*> {};
 TEST_P(PostgresCases, GiveWhatTheFileSaysAndTheServerTakesIt) {
   const Catalog catalog = CaseCatalog();
   const Scratch scratch(kTables);
-  ServerWriter server(scratch.ConnectionString());
+  ServerSession server(scratch.ConnectionString());
   const std::string folder = PST_SOURCE_DIR "/tests/sql/postgres/";
   for (const TextCase& one : ReadCaseFile(folder + GetParam() + ".case")) {
     SCOPED_TRACE(one.where);
@@ -88,11 +91,56 @@ TEST(PostgresTranslation, ReadsColumnsAsTheirTypes) {
             "\"n\" FROM \"move\" WHERE \"move\".\"qty\"::text::float8 > 1::float8");
 }
 
+// What no ORDER BY orders comes by the keys of the tables, also through derived tables that do not
+// select them; groups come by what they are made of.
+TEST(PostgresTranslation, RowsThatNothingOrdersComeByTheirKeys) {
+  const auto whole = [](const char* name) {
+    return CatalogColumn{.name = name, .type = Type::kWhole};
+  };
+  const Catalog catalog({{"a", {whole("id"), whole("x")}, {"id"}},
+                         {"b", {whole("a_id"), whole("y")}, {"a_id", "ctid"}}});
+  const auto text = [&](const char* select) { return TranslateForPostgres(select, catalog).text; };
+  EXPECT_EQ(text("select x from a order by x desc"),
+            "SELECT \"a\".\"x\" AS \"x\" FROM \"a\" ORDER BY 1 DESC NULLS LAST, \"a\".\"id\" NULLS "
+            "FIRST");
+  EXPECT_EQ(
+      text("select q.y from (select x, y from a inner join b on id = a_id) as q"),
+      "SELECT \"q\".\"y\" AS \"y\" FROM (SELECT \"a\".\"x\" AS \"x\", \"b\".\"y\" AS \"y\", "
+      "\"a\".\"id\" AS \"key~1\", \"b\".\"a_id\" AS \"key~2\", \"b\".\"ctid\" AS \"key~3\" "
+      "FROM \"a\" JOIN \"b\" ON \"a\".\"id\" = \"b\".\"a_id\") AS \"q\" ORDER BY "
+      "\"q\".\"key~1\" NULLS FIRST, \"q\".\"key~2\" NULLS FIRST, \"q\".\"key~3\" NULLS FIRST");
+  EXPECT_EQ(text("select x, count(*) as n from a group by x"),
+            "SELECT \"a\".\"x\" AS \"x\", count(*)::int4 AS \"n\" FROM \"a\" GROUP BY \"a\".\"x\" "
+            "ORDER BY \"a\".\"x\" NULLS FIRST");
+  EXPECT_EQ(text("select x from a union select y from b"),
+            "SELECT \"a\".\"x\" AS \"x\" FROM \"a\" UNION SELECT \"b\".\"y\" AS \"y\" FROM \"b\" "
+            "ORDER BY 1 NULLS FIRST");
+  EXPECT_EQ(text("select x from a where x in (select y from b)"),
+            "SELECT \"a\".\"x\" AS \"x\" FROM \"a\" WHERE \"a\".\"x\" IN (SELECT \"b\".\"y\" AS "
+            "\"y\" FROM \"b\") ORDER BY \"a\".\"id\" NULLS FIRST");
+}
+
+// Nothing in the emitter knows a report: whatever they send is written, and the server takes it.
+TEST(PostgresReportQueries, AllAreWrittenAndTheServerTakesThem) {
+  const Scratch scratch(books::PostgresSchema());
+  ServerSession server(scratch.ConnectionString());
+  const auto books = OpenDatabase(scratch.ConnectionString(), std::chrono::seconds(10));
+  std::size_t selects = 0;
+  for (const std::filesystem::path& file : QueryFiles(false)) {
+    SCOPED_TRACE(file);
+    for (const std::string& select : SelectsOf(file)) {
+      ++selects;
+      EXPECT_NO_THROW(server.Run("EXPLAIN " + books->Translate(select)));
+    }
+  }
+  EXPECT_GT(selects, 300U);
+}
+
 TEST(PostgresTranslation, LongChainsStayWithinTheServersLimits) {
   std::string select = "select 1 as x from item where item_id = 0";
   for (int i = 1; i < 5000; ++i) select += " or item_id = " + std::to_string(i);
   const Scratch scratch(kTables);
-  ServerWriter server(scratch.ConnectionString());
+  ServerSession server(scratch.ConnectionString());
   EXPECT_NO_THROW(server.Run("EXPLAIN " + TranslateForPostgres(select, CaseCatalog()).text));
 }
 

@@ -1,10 +1,7 @@
 // Every query text of the reports is typed, written for SQLite and accepted by it; those that must
 // be refused are refused with a reason.
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,40 +9,13 @@
 #include "session/books/Schema.h"
 #include "session/data/Error.h"
 #include "session/sql/Translate.h"
+#include "tests/sql/ReportQueryFiles.h"
 #include "tests/sql/SqliteBooks.h"
 
 namespace pstolvane1::sql {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<fs::path> QueryFiles(bool refused) {
-  std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(PST_SOURCE_DIR "/tests/queries")) {
-    const std::string extension = entry.path().extension();
-    if (extension != ".sql" && extension != ".shape") continue;
-    if ((entry.path().parent_path().filename() == "refused") == refused) {
-      files.push_back(entry.path());
-    }
-  }
-  std::ranges::sort(files);
-  return files;
-}
-
-// The SELECT of a .sql file, or those in the braces of a .shape file.
-std::vector<std::string> SelectsOf(const fs::path& path) {
-  std::ostringstream read;
-  read << std::ifstream(path).rdbuf();
-  const std::string text = read.str();
-  if (path.extension() == ".sql") return {text};
-  std::vector<std::string> selects;
-  std::size_t open = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '{') open = i + 1;
-    if (text[i] == '}') selects.push_back(text.substr(open, i - open));
-  }
-  return selects;
-}
 
 TEST(ReportQueries, AllAreWrittenForSqliteAndPrepared) {
   const Catalog catalog = ReferenceCatalog();

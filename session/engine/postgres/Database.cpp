@@ -27,6 +27,7 @@ constexpr const char* kSettings =
     "SET extra_float_digits = 1;"
     "SET idle_in_transaction_session_timeout = 0;"
     "SET jit = off;"
+    "SET synchronize_seqscans = off;"
     "SET client_connection_check_interval = 500";
 
 constexpr const char* kHasCollation =

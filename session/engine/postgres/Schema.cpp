@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <libpq-fe.h>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -15,10 +16,15 @@ using sql::Type;
 constexpr const char* kColumns =
     "SELECT c.relname, a.attname, coalesce(b.typname, t.typname),"
     " CASE WHEN b.oid IS NULL THEN '' ELSE t.typname END,"
-    " CASE WHEN b.oid IS NULL THEN a.atttypmod ELSE t.typtypmod END"
+    " CASE WHEN b.oid IS NULL THEN a.atttypmod ELSE t.typtypmod END,"
+    " array_position(i.indkey::int2[], a.attnum), a.attnotnull, c.relkind,"
+    " coalesce(i.indisprimary, false)"
     " FROM pg_class c JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = "
     "a.atttypid"
     " LEFT JOIN pg_type b ON b.oid = nullif(t.typbasetype, 0)"
+    " LEFT JOIN LATERAL (SELECT x.indkey, x.indisprimary FROM pg_index x WHERE x.indrelid = c.oid"
+    " AND x.indexprs IS NULL AND x.indpred IS NULL ORDER BY x.indisprimary DESC, x.indexrelid LIMIT"
+    " 1) i ON true"
     " WHERE a.attnum > 0 AND NOT a.attisdropped AND c.relkind IN ('r', 'v', 'm', 'f', 'p')"
     " AND NOT c.relispartition AND c.relnamespace NOT IN"
     " ('pg_catalog'::regnamespace, 'information_schema'::regnamespace)"
@@ -67,9 +73,8 @@ void ReadNumeric(sql::CatalogColumn& column, int modifier) {
   column.places = places;
 }
 
-int WholeOf(const char* text) {
+int WholeOf(std::string_view digits) {
   int number = 0;
-  const std::string_view digits(text);
   std::from_chars(digits.data(), digits.data() + digits.size(), number);
   return number;
 }
@@ -95,14 +100,53 @@ std::optional<sql::CatalogColumn> ColumnOf(std::string_view name, std::string_vi
   return std::nullopt;
 }
 
+namespace {
+
+// A table of the catalog while its columns are read.
+struct Described {
+  sql::CatalogTable table;
+  bool is_key = false;               // the index is the primary key
+  bool has_places = false;           // its rows have a place in a file of the server
+  std::map<int, std::string> index;  // of its key or its first index, by their place in it
+  std::vector<std::string> never_null;
+
+  // By the primary key; or by what is never Null, as where tables that are spread over servers can
+  // have no key; or else by the first index, and as the rows were added.
+  [[nodiscard]] std::vector<std::string> RowOrder() const {
+    if (!is_key && !never_null.empty()) return never_null;
+    std::vector<std::string> order;
+    for (const auto& [place, name] : index) order.push_back(name);
+    if (!is_key && has_places) order.emplace_back("ctid");
+    return order;
+  }
+};
+
+}  // namespace
+
 sql::Catalog ReadCatalog(Database& database, Watch& watch) {
   const NativeResult rows = database.Run(kColumns, watch);
-  std::vector<sql::CatalogTable> tables;
+  std::vector<Described> described;
   for (int row = 0; row < PQntuples(rows.get()); ++row) {
-    const auto cell = [&](int column) { return PQgetvalue(rows.get(), row, column); };
-    if (tables.empty() || tables.back().name != cell(0)) tables.push_back({cell(0), {}});
+    const auto cell = [&](int column) {
+      return std::string_view(PQgetvalue(rows.get(), row, column));
+    };
+    if (described.empty() || described.back().table.name != cell(0)) {
+      described.push_back({.table = {std::string(cell(0)), {}},
+                           .is_key = cell(8) == "t",
+                           .has_places = cell(7) == "r" || cell(7) == "m",
+                           .index = {},
+                           .never_null = {}});
+    }
+    Described& table = described.back();
     const auto column = ColumnOf(cell(1), cell(2), cell(3), WholeOf(cell(4)));
-    if (column) tables.back().columns.push_back(*column);
+    if (column) table.table.columns.push_back(*column);
+    if (column && !cell(5).empty()) table.index.emplace(WholeOf(cell(5)), cell(1));
+    if (column && cell(6) == "t") table.never_null.emplace_back(cell(1));
+  }
+  std::vector<sql::CatalogTable> tables;
+  for (Described& one : described) {
+    one.table.row_order = one.RowOrder();
+    tables.push_back(std::move(one.table));
   }
   return sql::Catalog(std::move(tables));
 }

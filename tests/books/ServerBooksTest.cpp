@@ -1,0 +1,190 @@
+// Books on a PostgreSQL server: made, filled and copied.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "session/books/BooksFile.h"
+#include "session/books/CopyBooks.h"
+#include "session/books/ImportBooks.h"
+#include "session/books/SampleBooks.h"
+#include "session/books/Schema.h"
+#include "session/data/Error.h"
+#include "session/engine/Engines.h"
+#include "tests/books/BooksOnDisk.h"
+#include "tests/server/Server.h"
+
+namespace pstolvane1::books {
+namespace {
+
+using test::Database;
+using test::Folder;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ServerBooks : public testing::Test {
+ protected:
+  [[nodiscard]] const std::string& Server() const { return scratch_.ConnectionString(); }
+  std::string Ask(const std::string& select) { return scratch_.Run(select); }
+  std::string CountTables() {
+    return Ask(
+        "SELECT count(*) FROM pg_class WHERE relnamespace = "
+        "current_schema()::regnamespace AND relkind = 'r'");
+  }
+
+  Scratch scratch_;
+  Folder folder_;
+};
+
+std::string ErrorOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Error& error) {
+    return std::to_string(static_cast<std::int32_t>(error.Number())) + " " + error.Description();
+  }
+  return "no error";
+}
+
+// "Item_id 3 0, ItemName 200 100": the columns as the reports see them.
+std::string Columns(Provider& books, std::string_view table) {
+  std::string text;
+  for (const ColumnInfo& column : books.Describe("select * from " + std::string(table))) {
+    text += column.name + " " + std::to_string(column.type) + " " +
+            std::to_string(column.defined_size) + ", ";
+  }
+  return text;
+}
+
+TEST_F(ServerBooks, TheReportsSeeTheSameColumnsAsInAFile) {
+  CreateBooks(Server());
+  CreateBooks(folder_.File("books.db"));
+  const auto server = OpenDatabase(Server(), std::chrono::seconds(10));
+  const auto file = OpenDatabase(folder_.File("books.db"), std::chrono::seconds(10));
+  for (const Table& table : Tables()) {
+    EXPECT_EQ(Columns(*server, table.name), Columns(*file, table.name)) << table.name;
+  }
+}
+
+TEST_F(ServerBooks, IndexesServeWhatTheFrontEndWrites) {
+  CreateBooks(Server());
+  const auto books = OpenDatabase(Server(), std::chrono::seconds(10));
+  const auto plan = [&](const char* select) {
+    ServerSession server(Server());
+    server.Run("SET enable_seqscan = off; SET enable_bitmapscan = off");
+    return server.Run("EXPLAIN (FORMAT json) " + books->Translate(select));
+  };
+  EXPECT_THAT(plan("select partno from items1 where itemname = 'Bolt '"),
+              AllOf(HasSubstr("\"Items1_Name\""), HasSubstr("Index Cond")));
+  EXPECT_THAT(plan("select color_id from batches1 where engineno between 'A' and 'B'"),
+              AllOf(HasSubstr("\"Batches1_EngineNo\""), HasSubstr("Index Cond")));
+  EXPECT_THAT(plan("select narration from desr1 where date between '04/01/2003' and '03/31/2004'"),
+              HasSubstr("Index Cond"));
+}
+
+TEST_F(ServerBooks, AreNotMadeWhereBooksAre) {
+  CreateBooks(Server());
+  const std::string there = CountTables();
+  for (const auto& make : std::vector<std::function<void()>>{
+           [&] { CreateBooks(Server()); }, [&] { SampleBooks(Server()); },
+           [&] {
+             CreateBooks(folder_.File("from.db"));
+             (void)CopyBooks(folder_.File("from.db"), Server());
+           }}) {
+    EXPECT_THAT(ErrorOf(make),
+                AllOf(StartsWith("501 cannot make the books \"postgres\" on \""),
+                      HasSubstr(": the schema holds books already; name another schema or remove "
+                                "them first")));
+  }
+  EXPECT_EQ(CountTables(), there);
+}
+
+TEST_F(ServerBooks, SampleBooksAreTheSameAsInAFileAndComeBackAsTheyWere) {
+  SampleBooks(Server(), 2000, 7);
+  SampleBooks(folder_.File("sample.db"), 2000, 7);
+  (void)CopyBooks(Server(), folder_.File("back.db"));
+  Database sample(folder_.File("sample.db"));
+  Database back(folder_.File("back.db"));
+  for (const Table& table : Tables()) {
+    std::string all;
+    for (const Column& column : table.columns) {
+      all += (all.empty() ? "quote(" : " || ',' || quote(") + std::string(column.name) + ")";
+    }
+    const std::string select = "SELECT " + all + " FROM " + std::string(table.name) + " ORDER BY 1";
+    EXPECT_EQ(sample.Rows(select), back.Rows(select)) << table.name;
+  }
+}
+
+TEST_F(ServerBooks, CopiesKeepEverySignAndEveryKindOfValue) {
+  CreateBooks(folder_.File("from.db"));
+  Database(folder_.File("from.db"))
+      .Execute(
+          "INSERT INTO Items1 (Item_id, ItemName, RelationFormula, MaintainBatches, Deleted) VALUES"
+          " (1, 'a' || char(9) || 'b' || char(10) || 'c\\d' || char(13), 0.1, -1, 0),"
+          " (2, '', 1234567.125, NULL, 1), (3, NULL, NULL, 0, NULL), (-4, '\\N', -3, 1, 1);"
+          "INSERT INTO StandardRate1 (Item_id, Rate, DateFrom) VALUES (1, 12345.6789, "
+          "'2004-02-29'),"
+          " (2, -0.05, NULL);"
+          "INSERT INTO Terms1 (DesrTerms_id, PromisedDeliveryTime) VALUES (1, '2004-03-31 "
+          "14:05:09')");
+  const auto copied = CopyBooks(folder_.File("from.db"), Server());
+  EXPECT_EQ(copied.size(), Tables().size());
+  EXPECT_EQ(
+      Ask("SELECT string_agg(concat_ws('|', \"Item_id\", coalesce(quote_literal(\"ItemName\"),"
+          " 'null'), \"RelationFormula\", \"MaintainBatches\", \"Deleted\"), ';' ORDER BY "
+          "\"Item_id\") FROM \"Items1\""),
+      "-4|E'\\\\N'|-3|t|t;1|E'a\tb\nc\\\\d\r'|0.1|t|f;2|''|1234567.125|t;3|null|f");
+  EXPECT_EQ(
+      Ask("SELECT string_agg(concat_ws('|', \"Rate\", \"DateFrom\"), ';' ORDER BY \"Item_id\")"
+          " FROM \"StandardRate1\""),
+      "12345.6789|2004-02-29;-0.0500");
+  EXPECT_EQ(Ask("SELECT \"PromisedDeliveryTime\" FROM \"Terms1\""), "2004-03-31 14:05:09");
+}
+
+TEST_F(ServerBooks, WhatDoesNotFitIsToldAndLeavesNothingBehind) {
+  CreateBooks(folder_.File("from.db"));
+  Database(folder_.File("from.db"))
+      .Execute("INSERT INTO Uom1 (Uom_id, UomName) VALUES (1, 'a unit with a name of many signs')");
+  EXPECT_THAT(ErrorOf([&] { (void)CopyBooks(folder_.File("from.db"), Server()); }),
+              AllOf(StartsWith("501 while copying Uom1: cannot write the books "),
+                    HasSubstr("value too long for type character varying(20)")));
+  Database(folder_.File("from.db"))
+      .Execute(
+          "DELETE FROM Uom1; INSERT INTO Batches1 (Batch_id, DateOfPurchase) VALUES (1, "
+          "'2004-03-31 10:00:00')");
+  EXPECT_EQ(ErrorOf([&] { (void)CopyBooks(folder_.File("from.db"), Server()); }),
+            "13 while copying Batches1: the date 2004-03-31 10:00:00 in DateOfPurchase has a time "
+            "of day, which would be lost");
+  EXPECT_EQ(CountTables(), "0");
+}
+
+TEST_F(ServerBooks, ImportMakesThemOrAddsToThemAllOrNothing) {
+  folder_.Write("Uom1.csv", "Uom_id,UomName\n1,Nos\nx,Kg\n");
+  EXPECT_EQ(
+      ErrorOf([&] { (void)ImportBooks(Server(), folder_.Path()); }),
+      "13 " + folder_.File("Uom1.csv") + ":3:1: Uom_id: \"x\" is not a whole number of 32 bits");
+  EXPECT_EQ(CountTables(), "0");
+  folder_.Write("Uom1.csv", "Uom_id,UomName\n1,Nos\n2,Kg\n");
+  const auto imported = ImportBooks(Server(), folder_.Path());
+  ASSERT_EQ(imported.size(), 1U);
+  EXPECT_EQ(imported[0].rows, 2);
+  EXPECT_EQ(CountTables(), std::to_string(Tables().size()));
+  folder_.Write("Uom1.csv", "Uom_id,UomName\n3,Litre\n2,Kg\n");
+  EXPECT_THAT(ErrorOf([&] { (void)ImportBooks(Server(), folder_.Path()); }),
+              AllOf(StartsWith("501 cannot write the books "),
+                    HasSubstr("duplicate key value violates unique constraint"),
+                    HasSubstr("(\"Uom_id\")=(2)")));
+  folder_.Write("Uom1.csv", "Uom_id,UomName\n3,Litre\n");
+  (void)ImportBooks(Server(), folder_.Path());
+  EXPECT_EQ(Ask("SELECT string_agg(\"UomName\", ',' ORDER BY \"Uom_id\") FROM \"Uom1\""),
+            "Nos,Kg,Litre");
+}
+
+TEST_F(ServerBooks, AServerThatIsNotThereIsError501) {
+  EXPECT_THAT(
+      ErrorOf([] { CreateBooks("host=/nowhere dbname=books password=secret"); }),
+      AllOf(StartsWith("501 cannot write the books \"books\" on \"/nowhere\": connection to "
+                       "server on socket "),
+            testing::Not(HasSubstr("secret"))));
+}
+
+}  // namespace
+}  // namespace pstolvane1::books
