@@ -18,8 +18,8 @@ namespace pstolvane1 {
 // with a sentence that says so. A session's connection.
 [[nodiscard]] std::shared_ptr<Connection> NewBooksConnection();
 
-// How messages call the database that a connection string names: without what the string may hold of
-// a password. Error 501 for a wrong connection string.
+// How messages call the database that a connection string names: without what the string may hold
+// of a password. Error 501 for a wrong connection string.
 [[nodiscard]] std::string NameOfDatabase(const std::string& connection_string);
 
 // Opens the database that a connection string names; what NewConnection's connections call. Error
