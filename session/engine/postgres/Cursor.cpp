@@ -42,8 +42,16 @@ void PostgresCursor::Begin() {
   } catch (const Error& error) {
     // A statement that was refused leaves the session as good as before.
     state_->pool->Give(std::move(database_));
-    throw error.While("preparing a statement");
+    throw Meant(error).While("preparing a statement");
   }
+}
+
+// The name of the state is in no other words than those of a server that does not know it any more.
+Error PostgresCursor::Meant(const Error& error) const {
+  if (error.Description().find(state_->exported) == std::string::npos) return error;
+  return Error(ErrorNumber::kQueryRefused,
+               "the state of the books that the report reads is gone, because the server has ended "
+               "the session that held it");
 }
 
 std::size_t PostgresCursor::Read(Chunk& chunk) {

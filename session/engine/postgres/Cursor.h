@@ -30,6 +30,8 @@ class PostgresCursor final : public Cursor {
  private:
   // Waits for the first rows.
   void Begin();
+  // What the error of a statement that was not begun means to the reader.
+  [[nodiscard]] Error Meant(const Error& error) const;
   // False at the end of all rows.
   [[nodiscard]] bool ReadPiece();
 

@@ -83,6 +83,8 @@ void Database::Connect(const Settings& settings, Watch& watch) {
     WaitFor(step == PGRES_POLLING_READING ? POLLIN : POLLOUT, watch);
     step = PQconnectPoll(native_.get());
   }
+  // A server that takes nothing in would hold whoever sends a long text, or goes.
+  if (PQsetnonblocking(native_.get(), 1) != 0) throw Lost();
 }
 
 void Database::CheckServer(Watch& watch) {
