@@ -189,7 +189,7 @@ class ServerKilled : public testing::TestWithParam<std::tuple<Path, End>> {
         kill(sender, SIGTERM);
         break;
       case End::kBackendKilled:
-        kill(sender, SIGKILL);
+        KillAndAwaitAllAnew(sender);
         break;
       case End::kServerHalted:
         server_.Halt();
@@ -197,6 +197,27 @@ class ServerKilled : public testing::TestWithParam<std::tuple<Path, End>> {
       case End::kServerKilled:
         server_.Kill();
         break;
+    }
+  }
+
+  // The server ends all of its sessions and begins anew once it sees that one of them was killed.
+  void KillAndAwaitAllAnew(pid_t sender) const {
+    const std::string before = Checkpointer();
+    kill(sender, SIGKILL);
+    const auto end = std::chrono::steady_clock::now() + kHangs;
+    while (std::chrono::steady_clock::now() < end) {
+      const std::string now = Checkpointer();
+      if (!now.empty() && now != before) break;
+      std::this_thread::sleep_for(milliseconds(5));
+    }
+  }
+
+  // The process of that work, or nothing while the server lets nobody in.
+  [[nodiscard]] std::string Checkpointer() const {
+    try {
+      return server_.Run("SELECT pid FROM pg_stat_activity WHERE backend_type = 'checkpointer'");
+    } catch (const std::exception&) {
+      return "";
     }
   }
 
