@@ -15,8 +15,10 @@ PostgresCursor::PostgresCursor(std::shared_ptr<HeldState> state,
                                std::chrono::milliseconds time_limit)
     : state_(std::move(state)),
       columns_(ColumnsOf(translation.columns)),
+      copy_(CopyText(translation)),
       watch_(time_limit, {state_->provider_cancel.get(), &state_->cancel, &cancel_}),
       reader_(translation.columns) {
+  if (state_->spread) return;
   try {
     database_ = state_->pool->Take(watch_);
   } catch (const Error& error) {
@@ -25,10 +27,17 @@ PostgresCursor::PostgresCursor(std::shared_ptr<HeldState> state,
   database_->SendCopy(
       "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY;"
       "SET TRANSACTION SNAPSHOT '" +
-      state_->exported + "';" + CopyText(translation) + ";COMMIT");
+      state_->exported + "';" + copy_ + ";COMMIT");
 }
 
 bool PostgresCursor::ReadPiece() {
+  if (state_->spread) {
+    if (pieces_.empty()) return false;
+    held_ = std::move(pieces_.front());
+    pieces_.pop_front();
+    rest_ = held_;
+    return true;
+  }
   std::size_t size = 0;
   if (!database_->NextPiece(buffer_, size, watch_)) return false;
   rest_ = {buffer_.get(), size};
@@ -36,12 +45,17 @@ bool PostgresCursor::ReadPiece() {
 }
 
 void PostgresCursor::Begin() {
+  begun_ = true;
   try {
-    database_->AwaitCopy(watch_);
-    begun_ = true;
+    if (state_->spread) {
+      pieces_ = state_->CopyHere(copy_, watch_);
+    } else {
+      database_->AwaitCopy(watch_);
+    }
   } catch (const Error& error) {
+    ended_ = true;
     // A statement that was refused leaves the session as good as before.
-    state_->pool->Give(std::move(database_));
+    if (database_) state_->pool->Give(std::move(database_));
     throw Meant(error).While("preparing a statement");
   }
 }
@@ -55,7 +69,7 @@ Error PostgresCursor::Meant(const Error& error) const {
 }
 
 std::size_t PostgresCursor::Read(Chunk& chunk) {
-  if (!database_) return 0;
+  if (ended_) return 0;
   const std::size_t before = chunk.Rows();
   watch_.Start();
   if (!begun_) Begin();
@@ -63,12 +77,14 @@ std::size_t PostgresCursor::Read(Chunk& chunk) {
     while (!chunk.Full()) {
       if ((chunk.Rows() - before) % kRowsPerLook == 0) Database::CheckWatch(watch_);
       if (!reader_.Read(rest_, chunk) && !ReadPiece()) {
-        state_->pool->Give(std::move(database_));
+        ended_ = true;
+        if (database_) state_->pool->Give(std::move(database_));
         break;
       }
     }
   } catch (const Error& error) {
     // What is left of the statement is of no use; its session goes with it.
+    ended_ = true;
     database_.reset();
     throw error.While("reading the rows");
   }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -37,13 +39,17 @@ class PostgresCursor final : public Cursor {
 
   const std::shared_ptr<HeldState> state_;
   const std::vector<ColumnInfo> columns_;
+  const std::string copy_;
   CancelSignal cancel_;
   Watch watch_;
-  std::unique_ptr<Database> database_;  // until the end
+  std::unique_ptr<Database> database_;  // until the end; none where the books are spread
+  std::deque<std::string> pieces_;      // what is still to be read of spread books
   bool begun_ = false;                  // the server has begun to copy
+  bool ended_ = false;
   RowReader reader_;
   NativeBuffer buffer_;
-  std::string_view rest_;  // of the buffer
+  std::string held_;
+  std::string_view rest_;  // of the buffer, or of what is held
 };
 
 }  // namespace pstolvane1::postgres

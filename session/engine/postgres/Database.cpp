@@ -229,6 +229,10 @@ bool Database::TakeUp(Watch& watch) noexcept {
 
 bool Database::IsLost() const noexcept { return PQstatus(native_.get()) == CONNECTION_BAD; }
 
+bool Database::Failed() const noexcept {
+  return PQtransactionStatus(native_.get()) == PQTRANS_INERROR;
+}
+
 Error Database::Lost() const {
   return Refused("the connection to the server was lost (" + WordsOf(native_.get()) + ")");
 }

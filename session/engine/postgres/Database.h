@@ -39,6 +39,8 @@ class Database {
   // server was stopped.
   [[nodiscard]] bool TakeUp(Watch& watch) noexcept;
   [[nodiscard]] bool IsLost() const noexcept;
+  // A statement of the open transaction was refused, and nothing runs.
+  [[nodiscard]] bool Failed() const noexcept;
   // Error -2147217900 when the watch has ended.
   static void CheckWatch(const Watch& watch);
 

@@ -7,6 +7,21 @@
 
 namespace pstolvane1::postgres {
 
+namespace {
+
+// One SELECT that reaches every server on which a table of the search_path, or a part of one, lies;
+// Null where all tables are here.
+constexpr const char* kReachAll =
+    "(SELECT string_agg(format('(SELECT 1 FROM %s LIMIT 1)', one), ' UNION ALL ') FROM"
+    " (SELECT min(ftrelid)::regclass AS one FROM pg_foreign_table"
+    " WHERE pg_table_is_visible(coalesce(pg_partition_root(ftrelid), ftrelid))"
+    " GROUP BY ftserver) AS servers)";
+
+// Of what is read ahead, about; a row is never parted.
+constexpr std::size_t kPieceBytes = 65536;
+
+}  // namespace
+
 HeldState::HeldState(std::shared_ptr<Pool> sessions, std::shared_ptr<CancelSignal> all,
                      Watch& watch)
     : pool(std::move(sessions)), provider_cancel(std::move(all)) {
@@ -14,10 +29,12 @@ HeldState::HeldState(std::shared_ptr<Pool> sessions, std::shared_ptr<CancelSigna
   const NativeResult state =
       holder_->Run(std::string("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY;"
                                "SELECT pg_export_snapshot(), ") +
-                       kSchemaVersion,
+                       kSchemaVersion + ", " + kReachAll,
                    watch);
   exported = PQgetvalue(state.get(), 0, 0);
   const std::string version = PQgetvalue(state.get(), 0, 1);
+  spread = PQgetisnull(state.get(), 0, 2) == 0;
+  if (spread) static_cast<void>(holder_->Run(PQgetvalue(state.get(), 0, 2), watch));
   catalog = pool->Catalog(version);
   if (catalog) return;
   catalog = std::make_shared<sql::Catalog>(ReadCatalog(*holder_, watch));
@@ -26,6 +43,36 @@ HeldState::HeldState(std::shared_ptr<Pool> sessions, std::shared_ptr<CancelSigna
 
 HeldState::~HeldState() {
   if (holder_) pool->Give(std::move(holder_));
+}
+
+std::deque<std::string> HeldState::CopyHere(const std::string& copy, Watch& watch) {
+  watch.Pause();
+  const std::lock_guard lock(one_at_a_time_);
+  watch.Start();
+  if (!holder_ || holder_->IsLost()) {
+    throw Error(ErrorNumber::kQueryRefused,
+                "the state of the books is gone, because another statement on it was broken off");
+  }
+  std::deque<std::string> pieces;
+  try {
+    holder_->SendCopy("SAVEPOINT before;" + copy + ";RELEASE before");
+    holder_->AwaitCopy(watch);
+    NativeBuffer buffer;
+    std::size_t size = 0;
+    while (holder_->NextPiece(buffer, size, watch)) {
+      if (pieces.empty() || pieces.back().size() > kPieceBytes) pieces.emplace_back();
+      pieces.back().append(buffer.get(), size);
+    }
+  } catch (const Error&) {
+    // What the server refused leaves the state as it was; what was broken off ends it.
+    if (holder_->Failed()) {
+      static_cast<void>(holder_->Run("ROLLBACK TO before", watch));
+    } else {
+      holder_.reset();
+    }
+    throw;
+  }
+  return pieces;
 }
 
 PostgresSnapshot::PostgresSnapshot(std::shared_ptr<HeldState> state, Translator translate)

@@ -2,10 +2,12 @@
 // read it.
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <string>
 
 #include "session/data/Provider.h"
+#include "session/engine/FairMutex.h"
 #include "session/engine/Watch.h"
 #include "session/engine/postgres/Pool.h"
 #include "session/engine/postgres/Schema.h"
@@ -15,19 +17,26 @@ namespace pstolvane1::postgres {
 // What a snapshot and its cursors share. Shared because the state must be held until the last of
 // them is gone, whichever that is.
 struct HeldState {
-  // Begins the state.
+  // Begins the state, on the servers behind foreign tables as well.
   HeldState(std::shared_ptr<Pool> sessions, std::shared_ptr<CancelSignal> all, Watch& watch);
   ~HeldState();
   HeldState(const HeldState&) = delete;
   HeldState& operator=(const HeldState&) = delete;
+
+  // All that a COPY gives, read in the holder's own session, one statement at a time.
+  [[nodiscard]] std::deque<std::string> CopyHere(const std::string& copy, Watch& watch);
 
   const std::shared_ptr<Pool> pool;
   const std::shared_ptr<CancelSignal> provider_cancel;
   CancelSignal cancel;
   std::shared_ptr<const sql::Catalog> catalog;
   std::string exported;  // the server's name of the state
+  // Tables lie on other servers. Those do not know the exported state: they keep one for each
+  // session, so that what is to see one state must be read in one session.
+  bool spread = false;
 
  private:
+  FairMutex one_at_a_time_;
   std::unique_ptr<Database> holder_;
 };
 
@@ -35,7 +44,8 @@ class PostgresSnapshot final : public Snapshot {
  public:
   PostgresSnapshot(std::shared_ptr<HeldState> state, Translator translate);
 
-  // Every cursor has a session of its own, so that they read side by side.
+  // Every cursor has a session of its own, so that they read side by side, unless the books are
+  // spread.
   [[nodiscard]] std::shared_ptr<Cursor> Run(std::string_view select,
                                             std::chrono::milliseconds time_limit) override;
   void Cancel() noexcept override;
