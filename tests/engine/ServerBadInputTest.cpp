@@ -162,7 +162,7 @@ TEST_P(ServerBadInput, ATableThatSomebodyElseHasLocked) {
   const Scratch scratch("CREATE TABLE t (id int); INSERT INTO t VALUES (1)");
   const auto connection = Opened(scratch.ConnectionString());
   connection->CommandTimeout(1);
-  ServerWriter other(scratch.ConnectionString());
+  ServerSession other(scratch.ConnectionString());
   other.Run("BEGIN; LOCK TABLE t IN ACCESS EXCLUSIVE MODE");
   EXPECT_THAT(FetchError(connection, "select id from t", GetParam()),
               EndsWith("while preparing a statement: the time limit of 1 s was reached"));
@@ -256,7 +256,7 @@ TEST_P(ServerBadInput, ATextThatIsNotUtf8) {
 TEST_P(ServerBadInput, ATextThatTheDatabasesEncodingDoesNotHave) {
   const OwnServer server;
   const NarrowDatabase narrow(server, "LATIN1");
-  ServerWriter(narrow.connection_string + " client_encoding=UTF8")
+  ServerSession(narrow.connection_string + " client_encoding=UTF8")
       .Run("CREATE TABLE t (name text); INSERT INTO t VALUES ('Caf\u00e9')");
   const auto connection = Opened(narrow.connection_string);
   EXPECT_EQ(Cell(connection, "select name from t where name = 'CAF\u00c9'", GetParam()),
@@ -271,7 +271,7 @@ TEST_P(ServerBadInput, ACellThatCannotBeWrittenAsUtf8) {
   const OwnServer server;
   const NarrowDatabase narrow(server, "WIN1252");
   // A byte that this encoding does not define.
-  ServerWriter(narrow.connection_string)
+  ServerSession(narrow.connection_string)
       .Run("CREATE TABLE t (id int, name text); INSERT INTO t VALUES (1, 'a'), (2, E'b\\x81')");
   const auto connection = Opened(narrow.connection_string);
   EXPECT_THAT(FetchError(connection, "select name from t order by id", GetParam()),

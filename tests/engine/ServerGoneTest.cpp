@@ -172,7 +172,7 @@ class ServerKilled : public testing::TestWithParam<std::tuple<Path, End>> {
 
   // The process that sends the rows, once it has begun.
   [[nodiscard]] pid_t Sender() const {
-    ServerWriter watching(server_.ConnectionString());
+    ServerSession watching(server_.ConnectionString());
     const auto end = std::chrono::steady_clock::now() + kHangs;
     while (std::chrono::steady_clock::now() < end) {
       const std::string found = watching.Run(

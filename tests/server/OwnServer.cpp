@@ -54,7 +54,7 @@ std::string OwnServer::ConnectionString() const {
 }
 
 std::string OwnServer::Run(const std::string& statements) const {
-  ServerWriter writer(ConnectionString());
+  ServerSession writer(ConnectionString());
   // What is written stays when the server is killed.
   writer.Run("SET synchronous_commit = on");
   return writer.Run(statements);
