@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -22,11 +23,18 @@ Error CannotWrite(const std::string& path, int reason) {
           "cannot write \"" + path + "\": " + std::generic_category().message(reason)};
 }
 
-// A file beside the one that is wanted; it takes that one's name at the end, or goes.
+// A file beside the one that is wanted, or that a link leads to; it takes that one's name at the
+// end, or goes. A device or a pipe is written into as it is.
 class FileInMaking {
  public:
-  explicit FileInMaking(const std::string& path)
-      : path_(path), making_(path + "." + std::to_string(getpid()) + ".tmp") {}
+  explicit FileInMaking(const std::string& path) : path_(path) {
+    std::error_code ignored;
+    const auto kind = std::filesystem::status(path, ignored).type();
+    using enum std::filesystem::file_type;
+    done_ = kind != regular && kind != directory && std::filesystem::exists(path, ignored);
+    if (kind == regular) path_ = std::filesystem::canonical(path, ignored).string();
+    making_ = done_ ? path_ : path_ + "." + std::to_string(getpid()) + ".tmp";
+  }
   FileInMaking(const FileInMaking&) = delete;
   FileInMaking& operator=(const FileInMaking&) = delete;
   ~FileInMaking() {
@@ -34,12 +42,13 @@ class FileInMaking {
   }
   [[nodiscard]] const std::string& Path() const { return making_; }
   void Done() {
+    if (done_) return;
     if (std::rename(making_.c_str(), path_.c_str()) != 0) throw CannotWrite(path_, errno);
     done_ = true;
   }
 
  private:
-  const std::string& path_;
+  std::string path_;
   std::string making_;
   bool done_ = false;
 };

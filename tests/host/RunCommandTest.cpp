@@ -1,6 +1,9 @@
 // stolvane run and stolvane reports.
 #include <csignal>
+#include <filesystem>
+#include <future>
 #include <nlohmann/json.hpp>
+#include <sys/stat.h>
 
 #include "HostProgram.h"
 
@@ -194,6 +197,26 @@ TEST_F(Run, WritesFilesWholeAndInEveryFormat) {
     }
   }
   EXPECT_EQ(folder.Names().size(), 5U);  // no file in the making is left
+}
+
+TEST_F(Run, APipeAndADeviceAreWrittenInto) {
+  const std::string pipe = folder.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  auto read = std::async(std::launch::async, [&pipe] { return books::test::Content(pipe); });
+  const Finished finished = Stolvane(Sales({"--format", "csv", "--out", pipe}));
+  EXPECT_EQ(finished.status, 0) << finished.err;
+  EXPECT_TRUE(read.get().starts_with("Ledger,Amount,"));
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+}
+
+TEST_F(Run, ALinkLeadsToTheFile) {
+  folder.Write("report.csv", "old");
+  const std::string link = folder.File("link.csv");
+  std::filesystem::create_symlink(folder.File("report.csv"), link);
+  const Finished finished = Stolvane(Sales({"--format", "csv", "--out", link}));
+  EXPECT_EQ(finished.status, 0) << finished.err;
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  EXPECT_TRUE(books::test::Content(folder.File("report.csv")).starts_with("Ledger,Amount,"));
 }
 
 TEST_F(Run, AWorkbookNeedsAFile) {
