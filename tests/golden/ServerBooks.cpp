@@ -42,14 +42,15 @@ std::string Inserted(const TextTable& table) {
          ") VALUES " + rows + ";";
 }
 
-std::string Statements(const std::vector<TextTable>& tables) {
-  std::string statements = books::PostgresSchema();
+}  // namespace
+
+std::string RowsOf(const std::vector<TextTable>& tables) {
+  std::string statements;
   for (const TextTable& table : tables) statements += Inserted(table);
   return statements;
 }
 
-}  // namespace
-
-ServerBooks::ServerBooks(const std::vector<TextTable>& tables) : scratch_(Statements(tables)) {}
+ServerBooks::ServerBooks(const std::vector<TextTable>& tables)
+    : scratch_(books::PostgresSchema() + RowsOf(tables)) {}
 
 }  // namespace pstolvane1::golden

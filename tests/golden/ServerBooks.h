@@ -9,6 +9,9 @@
 
 namespace pstolvane1::golden {
 
+// Statements that add the rows to PostgreSQL books.
+[[nodiscard]] std::string RowsOf(const std::vector<TextTable>& tables);
+
 // PostgreSQL books with the reference schema and these rows; they go with the object.
 class ServerBooks {
  public:

@@ -1,0 +1,177 @@
+// Sample books are larger than those of the cases, and nobody has reckoned their reports: the
+// engines are held against each other, and each report is played on a cluster as well.
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <sstream>
+#include <unistd.h>
+
+#include "Play.h"
+#include "ServerBooks.h"
+#include "session/books/BooksFile.h"
+#include "session/books/CopyBooks.h"
+#include "session/books/SampleBooks.h"
+#include "session/books/Schema.h"
+#include "session/data/Chunk.h"
+#include "session/engine/Engines.h"
+#include "session/sql/EngineText.h"
+#include "tests/server/OwnServer.h"
+
+namespace pstolvane1::golden {
+namespace {
+
+class SampleFile {
+ public:
+  SampleFile() {
+    std::filesystem::remove(path_);
+    books::SampleBooks(path_, 4000);
+  }
+  ~SampleFile() {
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
+  }
+  SampleFile(const SampleFile&) = delete;
+  SampleFile& operator=(const SampleFile&) = delete;
+
+  [[nodiscard]] std::string Path() const { return path_; }
+
+ private:
+  const std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                      ("golden_sample_" + std::to_string(getpid()) + ".db");
+};
+
+// Books on the tests' server whose movements and document lines lie on two servers of their own.
+class Cluster {
+ public:
+  void Spread() const {
+    const std::string command = fmt::format("'{}/scripts/spread' \"{}\" \"{}\" \"{}\"",
+                                            PST_SOURCE_DIR, books_.ConnectionString(),
+                                            first_.ConnectionString(), second_.ConnectionString());
+    if (std::system(command.c_str()) != 0) throw std::runtime_error(command + " failed");
+  }
+  void Replace(const std::vector<TextTable>& tables) {
+    std::string names;
+    for (const books::Table& table : books::Tables()) {
+      names += (names.empty() ? "" : ", ") + sql::QuotedName(table.name);
+    }
+    books_.Run("TRUNCATE " + names + ";" + RowsOf(tables));
+  }
+  [[nodiscard]] const std::string& ConnectionString() const { return books_.ConnectionString(); }
+  std::string Run(const std::string& statements) { return books_.Run(statements); }
+  [[nodiscard]] const OwnServer& Worker() const { return first_; }
+
+ private:
+  OwnServer first_, second_;
+  Scratch books_;
+};
+
+// Its lines of one day come as the engine finds them.
+const std::string kOrderedByDateAlone = "POrderTextQuery";
+
+std::string LinesInOrder(const std::string& text) {
+  std::istringstream in(text);
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(in, line);) lines.push_back(line + "\n");
+  std::sort(lines.begin(), lines.end());
+  return std::accumulate(lines.begin(), lines.end(), std::string());
+}
+
+// Every call of the cases gives the same on both books.
+void ExpectTheSame(const std::string& in_file, const std::string& elsewhere) {
+  std::ptrdiff_t calls = 0;
+  std::ptrdiff_t lines = 0;
+  for (const std::string& name : AllCases()) {
+    const CaseFile file = ReadCase(kCases + "/" + name, kCases);
+    std::string one = Expectation(Play(file, Path::kSynchronous, in_file), {});
+    std::string other = Expectation(Play(file, Path::kSynchronous, elsewhere), {});
+    if (file.operation == kOrderedByDateAlone) {
+      one = LinesInOrder(one);
+      other = LinesInOrder(other);
+    }
+    EXPECT_EQ(one, other) << name;
+    lines += std::count(one.begin(), one.end(), '\n');
+    ++calls;
+  }
+  EXPECT_GT(lines, 20 * calls) << "the calls find something";
+}
+
+TEST(Engines, GiveTheSameReportsOfSampleBooks) {
+  const SampleFile file;
+  const Scratch server;
+  (void)books::CopyBooks(file.Path(), server.ConnectionString());
+  ExpectTheSame(file.Path(), server.ConnectionString());
+}
+
+TEST(ClusterBooks, GiveTheSameReportsOfSampleBooks) {
+  const SampleFile file;
+  const Cluster cluster;
+  (void)books::CopyBooks(file.Path(), cluster.ConnectionString());
+  cluster.Spread();
+  ExpectTheSame(file.Path(), cluster.ConnectionString());
+}
+
+TEST(ClusterBooks, GiveTheReportOfEveryCaseOnBothPaths) {
+  Cluster cluster;
+  books::CreateBooks(cluster.ConnectionString());
+  cluster.Spread();
+  for (const std::string& name : AllCases()) {
+    const CaseFile file = ReadCase(kCases + "/" + name, kCases);
+    cluster.Replace(file.books);
+    for (const Path path : {Path::kSynchronous, Path::kAsynchronous}) {
+      const Outcome outcome = Play(file, path, cluster.ConnectionString());
+      EXPECT_EQ(RowsetPart(file.expected), Expectation(outcome, CountOf(file, outcome, path)))
+          << name;
+    }
+  }
+}
+
+std::int64_t CountMovements(Snapshot& state) {
+  const std::shared_ptr<Cursor> cursor =
+      state.Run("select count(*) as n from godownitem1", std::chrono::seconds(60));
+  Chunk chunk(cursor->Columns());
+  while (cursor->Read(chunk) > 0) {
+  }
+  return chunk.Get<std::int32_t>(0, 0);
+}
+
+TEST(ClusterBooks, ShowOneStateOfEachServerWhileAnotherProgramWrites) {
+  Cluster cluster;
+  books::CreateBooks(cluster.ConnectionString());
+  cluster.Spread();
+  const std::shared_ptr<Provider> books =
+      OpenDatabase(cluster.ConnectionString(), std::chrono::seconds(60));
+  const std::shared_ptr<Snapshot> before = books->TakeSnapshot(std::chrono::seconds(60));
+  // Movements of many items, so that each server gets some.
+  cluster.Run(
+      "INSERT INTO \"GodownItem1\" (\"GodownItem_id\", \"Item_id\") SELECT n, n FROM "
+      "generate_series(1, 100) n");
+  EXPECT_EQ(CountMovements(*before), 0);
+  EXPECT_EQ(CountMovements(*books->TakeSnapshot(std::chrono::seconds(60))), 100);
+  EXPECT_EQ(CountMovements(*before), 0);
+}
+
+TEST(ClusterBooks, ASelectThatIsRefusedLeavesTheStateAndAWorkerThatIsGoneIsAnError) {
+  Cluster cluster;
+  books::CreateBooks(cluster.ConnectionString());
+  cluster.Spread();
+  cluster.Run("INSERT INTO \"GodownItem1\" (\"GodownItem_id\", \"Item_id\") VALUES (1, 1)");
+  const std::shared_ptr<Provider> books =
+      OpenDatabase(cluster.ConnectionString(), std::chrono::seconds(60));
+  const std::shared_ptr<Snapshot> state = books->TakeSnapshot(std::chrono::seconds(60));
+  const std::shared_ptr<Cursor> refused =
+      state->Run("select item_id / 0 as n from godownitem1", std::chrono::seconds(60));
+  Chunk chunk(refused->Columns());
+  EXPECT_THROW((void)refused->Read(chunk), Error);
+  EXPECT_EQ(CountMovements(*state), 1);
+
+  cluster.Worker().Stop();
+  EXPECT_THROW((void)books->TakeSnapshot(std::chrono::seconds(60)), Error);
+  cluster.Worker().Resume();
+  EXPECT_EQ(CountMovements(*books->TakeSnapshot(std::chrono::seconds(60))), 1);
+}
+
+}  // namespace
+}  // namespace pstolvane1::golden
