@@ -109,7 +109,7 @@ void MakeServerBooks(ServerWriter& writer, const std::function<void()>& fill,
 }
 
 void CreateBooks(const std::string& connection) {
-  const ConnectionTarget target = ReadConnectionString(connection);
+  const ConnectionTarget target = TargetOf(connection);
   if (target.engine == EngineKind::kPostgresql) {
     ServerWriter writer(connection);
     MakeServerBooks(writer, [] {});

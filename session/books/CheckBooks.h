@@ -21,7 +21,7 @@ struct Finding {
   std::string remedy;    // a statement that mends it, "" where there is none
 };
 
-// Looks through books on SQLite, given by path or as sqlite:///path: tables and columns that the
+// Looks through books in a file or on a server: tables and columns that the
 // reports read and that are missing or of another type, indexes that would serve them, and data
 // that they do not expect. Errors first, then warnings, then hints; no findings when all is well.
 // Everything is read from one state of the books, and nothing is written. Error 501 for what cannot

@@ -127,7 +127,7 @@ constexpr Rule kRules[] = {
     {Severity::kWarning, "Desr_id",
      "(SELECT min(Desr_id) AS Desr_id FROM Desr1 WHERE Deleted = 0 GROUP BY Vouchertype_id, "
      "YearNo, "
-     "Prefix, DesrRefno, Suffix HAVING count(*) > 1)",
+     "Prefix, DesrRefno, Suffix HAVING count(*) > 1) AS twice",
      "document number is given twice in its type and year",
      "document numbers are given twice in their type and year"},
     {Severity::kError, "Item_id", "Items1 WHERE coalesce(RelationFormula, 0) = 0",
@@ -141,13 +141,14 @@ constexpr Rule kRules[] = {
      "item has no unit or no alternate unit and stays out of the stock statements",
      "items have no unit or no alternate unit and stay out of the stock statements"},
     {Severity::kError, "Batch_id",
-     "(SELECT Batch_id FROM GodownItem1 JOIN Batches1 USING (Batch_id) WHERE EngineNo <> '' AND "
-     "GOriginalVouchertype_id = 7 GROUP BY Batch_id HAVING count(*) > 1)",
+     "(SELECT b.Batch_id FROM GodownItem1 g JOIN Batches1 b ON b.Batch_id = g.Batch_id WHERE "
+     "b.EngineNo <> '' AND g.GOriginalVouchertype_id = 7 GROUP BY b.Batch_id HAVING count(*) > 1) "
+     "AS twice",
      "vehicle is bought more than once, and looking it up fails",
      "vehicles are bought more than once, and looking them up fails"},
     {Severity::kWarning, "Voucher_id",
      "(SELECT Voucher_id FROM VoucherDetails1 GROUP BY Voucher_id HAVING "
-     "abs(sum(coalesce(DebitAmt, 0)) - sum(coalesce(CreditAmt, 0))) > 0.00005)",
+     "abs(sum(coalesce(DebitAmt, 0)) - sum(coalesce(CreditAmt, 0))) > 0.00005) AS odd",
      "voucher's debits differ from its credits", "vouchers' debits differ from their credits"},
     {Severity::kWarning, "Item_id",
      "PriceListDiscount1 WHERE Price1 IS NULL OR Price2 IS NULL OR Price3 IS NULL OR Price4 IS "

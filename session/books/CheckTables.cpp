@@ -7,30 +7,10 @@
 namespace pstolvane1::books {
 namespace {
 
-struct Declared {
-  std::string name, type;
-};
-
-std::string Folded(std::string text) {
-  std::ranges::transform(text, text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+const DeclaredColumn* Find(const std::vector<DeclaredColumn>& columns, std::string_view name) {
+  const auto found = std::ranges::find_if(columns, [&](const DeclaredColumn& one) {
+    return InSmallLetters(one.name) == InSmallLetters(name);
   });
-  return text;
-}
-
-// Of a table or a view; none when there is no such thing.
-std::vector<Declared> ColumnsIn(Reader& books, const Table& table) {
-  std::vector<Declared> columns;
-  for (const auto& row :
-       books.Rows("SELECT name, type FROM pragma_table_info('" + std::string(table.name) + "')")) {
-    columns.push_back({row[0].value_or(""), row[1].value_or("")});
-  }
-  return columns;
-}
-
-const Declared* Find(const std::vector<Declared>& columns, std::string_view name) {
-  const auto found = std::ranges::find_if(
-      columns, [&](const Declared& one) { return Folded(one.name) == Folded(std::string(name)); });
   return found == columns.end() ? nullptr : &*found;
 }
 
@@ -78,28 +58,14 @@ std::string_view Wanted(ColumnKind kind) {
   return "text";
 }
 
-void CheckType(const Table& table, const Column& column, const Declared& declared,
-               Findings& findings) {
-  const auto read = sql::ColumnOfDeclaration(declared.name, declared.type);
-  if (read && Carries(read->type, column.kind)) return;
+void CheckType(const Reader& books, const Table& table, const Column& column,
+               const DeclaredColumn& declared, Findings& findings) {
+  if (declared.type && Carries(*declared.type, column.kind)) return;
   findings.push_back({Severity::kError,
                       "The column " + std::string(table.name) + "." + declared.name +
-                          " is declared \"" + declared.type + "\", where the reports need " +
-                          std::string(Wanted(column.kind)) + " (" + SqliteType(column) + ").",
+                          " is declared \"" + declared.declared + "\", where the reports need " +
+                          std::string(Wanted(column.kind)) + " (" + books.TypeOf(column) + ").",
                       ""});
-}
-
-// The indexes' columns as "a,b,c" in small letters, one text an index. Indexes over a part of the
-// rows or over expressions do not count.
-std::vector<std::string> IndexesIn(Reader& books, const Table& table) {
-  std::vector<std::string> indexes;
-  for (const auto& row : books.Rows(
-           "SELECT (SELECT group_concat(name) FROM (SELECT coalesce(name, '()') AS name FROM "
-           "pragma_index_info(l.name) ORDER BY seqno)) FROM pragma_index_list('" +
-           std::string(table.name) + "') l WHERE partial = 0")) {
-    indexes.push_back(Folded(row[0].value_or("")));
-  }
-  return indexes;
 }
 
 }  // namespace
@@ -107,16 +73,16 @@ std::vector<std::string> IndexesIn(Reader& books, const Table& table) {
 bool CheckTables(Reader& books, Findings& findings) {
   bool complete = true;
   for (const Table& table : Tables()) {
-    const auto columns = ColumnsIn(books, table);
+    const auto columns = books.ColumnsIn(table);
     if (columns.empty()) {
       complete = false;
       findings.push_back({Severity::kError, "The table " + std::string(table.name) + " is missing.",
-                          SqliteCreateTable(table) + ";"});
+                          books.CreateTable(table)});
       continue;
     }
     for (const Column& column : table.columns) {
-      if (const Declared* declared = Find(columns, column.name)) {
-        CheckType(table, column, *declared, findings);
+      if (const DeclaredColumn* declared = Find(columns, column.name)) {
+        CheckType(books, table, column, *declared, findings);
         continue;
       }
       complete = false;
@@ -124,9 +90,7 @@ bool CheckTables(Reader& books, Findings& findings) {
       findings.push_back({Severity::kError,
                           "The column " + std::string(table.name) + "." + std::string(column.name) +
                               " is missing.",
-                          key ? ""
-                              : "ALTER TABLE " + std::string(table.name) + " ADD COLUMN " +
-                                    std::string(column.name) + " " + SqliteType(column) + ";"});
+                          key ? "" : books.AddColumn(table, column)});
     }
   }
   return complete;
@@ -134,16 +98,10 @@ bool CheckTables(Reader& books, Findings& findings) {
 
 void CheckIndexes(Reader& books, Findings& findings) {
   for (const Table& table : Tables()) {
-    const auto present = IndexesIn(books, table);
-    const bool is_table =
-        !books
-             .Rows("SELECT 1 FROM sqlite_master WHERE type = 'table' AND lower(name) = '" +
-                   Folded(std::string(table.name)) + "'")
-             .empty();
-    if (!is_table) continue;
+    if (!books.IsTable(table)) continue;
+    const auto present = books.IndexesIn(table);
     for (const Index& index : table.indexes) {
-      std::string wanted = Folded(std::string(index.columns));
-      std::erase(wanted, ' ');
+      const std::string wanted = books.Serving(table, index);
       const bool served = std::ranges::any_of(
           present, [&](const std::string& one) { return (one + ",").starts_with(wanted + ","); });
       if (served || !books.Understands("SELECT " + std::string(index.columns) + " FROM " +
@@ -153,7 +111,7 @@ void CheckIndexes(Reader& books, Findings& findings) {
       findings.push_back({Severity::kHint,
                           "No index of " + std::string(table.name) + " begins with " +
                               std::string(index.columns) + ".",
-                          SqliteCreateIndex(table, index) + ";"});
+                          books.CreateIndex(table, index)});
     }
   }
 }

@@ -76,9 +76,10 @@ std::set<std::string> LoopsIn(const std::map<long long, long long>& parents) {
 void CheckYears(Reader& books, bool complete, Findings& findings) {
   for (const std::string name : {"Desr1", "GodownItem1"}) {
     const std::string key(FindTable(name)->columns.front().name);
+    const std::string month = books.MonthOf("Date");
     const std::string select =
-        "SELECT YearNo, substr(Date, 1, 4) * 12 + substr(Date, 6, 2) - 1 AS month, count(*), min(" +
-        key + ") FROM " + name + " WHERE Date IS NOT NULL AND YearNo IS NOT NULL GROUP BY 1, 2";
+        "SELECT YearNo, " + month + ", count(*), min(" + key + ") FROM " + name +
+        " WHERE Date IS NOT NULL AND YearNo IS NOT NULL GROUP BY YearNo, " + month;
     if (!complete && !books.Understands(select)) continue;
     std::vector<MonthGroup> groups;
     for (const auto& row : books.Rows(select)) {

@@ -233,7 +233,7 @@ std::vector<ImportedTable> CopyTables(Provider& books, Target& target,
 std::vector<ImportedTable> CopyBooks(const std::string& from, const std::string& to,
                                      const CopyProgress& progress) {
   const std::shared_ptr<Provider> books = OpenDatabase(from, std::chrono::seconds(30));
-  const ConnectionTarget target = ReadConnectionString(to);
+  const ConnectionTarget target = TargetOf(to);
   std::vector<ImportedTable> copied;
   if (target.engine == EngineKind::kPostgresql) {
     ServerWriter writer(to);

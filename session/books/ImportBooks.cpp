@@ -183,7 +183,7 @@ std::vector<ImportedTable> ImportIntoServer(const std::string& connection,
 }  // namespace
 
 std::vector<ImportedTable> ImportBooks(const std::string& connection, const std::string& folder) {
-  const ConnectionTarget target = ReadConnectionString(connection);
+  const ConnectionTarget target = TargetOf(connection);
   return target.engine == EngineKind::kPostgresql ? ImportIntoServer(connection, folder)
                                                   : ImportIntoFile(target.path, folder);
 }

@@ -1,35 +1,67 @@
-// Reading a file of books past the front end, for checking it.
+// Reading books for checking them.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-struct sqlite3;
+#include "session/sql/Catalog.h"
 
 namespace pstolvane1::books {
 
-// One state of one file, read by one thread. It cannot write.
+struct Column;
+struct Index;
+struct Table;
+
+struct DeclaredColumn {
+  std::string name;
+  std::string declared;           // its type as the books spell it
+  std::optional<sql::Type> type;  // what that is to the dialect; nothing where it is nothing
+};
+
+// One state of one company's books, read by one thread. It cannot write. Errors are 501 with the
+// engine's words.
 class Reader {
  public:
   using Row = std::vector<std::optional<std::string>>;
 
-  // Error 501 when the file cannot be opened or is no database.
-  explicit Reader(const std::string& path);
-  ~Reader();
-  Reader(const Reader&) = delete;
-  Reader& operator=(const Reader&) = delete;
+  virtual ~Reader() = default;
 
-  // Error 501 with the engine's words when the query fails.
-  [[nodiscard]] std::vector<Row> Rows(const std::string& select);
+  // What both the dialect and SQLite understand.
+  [[nodiscard]] virtual std::vector<Row> Rows(const std::string& select) = 0;
   // Whether the query names only what is there.
-  [[nodiscard]] bool Understands(const std::string& select);
+  [[nodiscard]] virtual bool Understands(const std::string& select) = 0;
+  // Of a table or a view, any case; none when there is no such thing.
+  [[nodiscard]] virtual std::vector<DeclaredColumn> ColumnsIn(const Table& table) = 0;
+  // Whether it is a table, which can have an index.
+  [[nodiscard]] virtual bool IsTable(const Table& table) = 0;
+  // The columns of each index in small letters, as "a,b,c"; indexes over a part of the rows do not
+  // count.
+  [[nodiscard]] virtual std::vector<std::string> IndexesIn(const Table& table) = 0;
+  // How IndexesIn tells an index that serves as this one does.
+  [[nodiscard]] virtual std::string Serving(const Table& table, const Index& index) const = 0;
 
- private:
-  [[noreturn]] void Fail();
+  // Whether any value may stand in a column, whatever its type.
+  [[nodiscard]] virtual bool KeepsAnyValue() const = 0;
+  // The month of a date, counted from the year 0.
+  [[nodiscard]] virtual std::string MonthOf(const std::string& date) const = 0;
 
-  std::string path_;
-  sqlite3* database_ = nullptr;
+  // The statements that would mend the books, ended by ";".
+  [[nodiscard]] virtual std::string CreateTable(const Table& table) const = 0;
+  [[nodiscard]] virtual std::string CreateIndex(const Table& table, const Index& index) const = 0;
+  [[nodiscard]] virtual std::string AddColumn(const Table& table, const Column& column) const = 0;
+  [[nodiscard]] virtual std::string TypeOf(const Column& column) const = 0;
+
+  // How messages call the books.
+  [[nodiscard]] virtual const std::string& Name() const = 0;
 };
+
+// Error 501 when the books cannot be opened.
+[[nodiscard]] std::unique_ptr<Reader> ReadFile(const std::string& path);
+[[nodiscard]] std::unique_ptr<Reader> ReadServer(const std::string& connection_string);
+
+[[nodiscard]] std::string InSmallLetters(std::string_view text);
 
 }  // namespace pstolvane1::books

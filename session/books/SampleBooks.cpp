@@ -145,7 +145,7 @@ void SampleFile(const std::string& path, std::int64_t movements, std::uint64_t s
 
 void SampleBooks(const std::string& connection, std::int64_t movements, std::uint64_t seed,
                  const SampleProgress& progress) {
-  const ConnectionTarget target = ReadConnectionString(connection);
+  const ConnectionTarget target = TargetOf(connection);
   if (target.engine != EngineKind::kPostgresql) {
     return SampleFile(target.path, movements, seed, progress);
   }

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "session/data/Error.h"
 
@@ -195,6 +197,24 @@ ConnectionTarget ReadConnectionString(std::string_view text) {
   if (Trimmed(text).empty()) CheckPath({});
   CheckPath(text);
   return {.engine = EngineKind::kSqlite, .path = std::string(text), .other_path = {}};
+}
+
+std::string FileOf(const ConnectionTarget& target) {
+  std::error_code unreadable;
+  if (target.other_path.empty() || std::filesystem::exists(target.path, unreadable)) {
+    return target.path;
+  }
+  return std::filesystem::exists(target.other_path, unreadable) ? target.other_path : target.path;
+}
+
+ConnectionTarget TargetOf(std::string_view text) {
+  ConnectionTarget target = ReadConnectionString(text);
+  if (target.engine == EngineKind::kOdbc) {
+    throw Error(ErrorNumber::kConnection, "The connection string names " +
+                                              std::string(NameOf(target.engine)) +
+                                              ", which this build of the library does not have.");
+  }
+  return target;
 }
 
 }  // namespace pstolvane1

@@ -30,4 +30,10 @@ struct ConnectionTarget {
 // text that names no database; it never repeats a text that may hold a password.
 [[nodiscard]] ConnectionTarget ReadConnectionString(std::string_view text);
 
+// The same, but error 501 for an engine that this build does not have.
+[[nodiscard]] ConnectionTarget TargetOf(std::string_view text);
+
+// The file of SQLite that is meant: path, or other_path where there is one and none at path.
+[[nodiscard]] std::string FileOf(const ConnectionTarget& target);
+
 }  // namespace pstolvane1

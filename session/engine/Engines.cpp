@@ -1,8 +1,5 @@
 #include "session/engine/Engines.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "session/data/Error.h"
 #include "session/engine/ConnectionString.h"
 #include "session/engine/postgres/PostgresProvider.h"
@@ -10,14 +7,6 @@
 
 namespace pstolvane1 {
 namespace {
-
-std::string FileOf(const ConnectionTarget& target) {
-  std::error_code unreadable;
-  if (target.other_path.empty() || std::filesystem::exists(target.path, unreadable)) {
-    return target.path;
-  }
-  return std::filesystem::exists(target.other_path, unreadable) ? target.other_path : target.path;
-}
 
 // One of them is enough: books need not have what no report is asked for.
 constexpr std::string_view kChiefTables[] = {"Items1", "Desr1", "GodownItem1", "LedgerNames1",
@@ -58,14 +47,9 @@ std::shared_ptr<Connection> NewConnection() { return Connection::New(OpenDatabas
 
 std::shared_ptr<Provider> OpenDatabase(const std::string& connection_string,
                                        std::chrono::milliseconds time_limit) {
-  const ConnectionTarget target = ReadConnectionString(connection_string);
+  const ConnectionTarget target = TargetOf(connection_string);
   if (target.engine == EngineKind::kPostgresql) {
     return std::make_shared<postgres::PostgresProvider>(connection_string, time_limit);
-  }
-  if (target.engine != EngineKind::kSqlite) {
-    throw Error(ErrorNumber::kConnection, "The connection string names " +
-                                              std::string(NameOf(target.engine)) +
-                                              ", which this build of the library does not have.");
   }
   return std::make_shared<sqlite::SqliteProvider>(FileOf(target), time_limit);
 }

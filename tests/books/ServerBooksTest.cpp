@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "session/books/BooksFile.h"
+#include "session/books/CheckBooks.h"
 #include "session/books/CopyBooks.h"
 #include "session/books/ImportBooks.h"
 #include "session/books/SampleBooks.h"
@@ -176,6 +177,59 @@ TEST_F(ServerBooks, ImportMakesThemOrAddsToThemAllOrNothing) {
   (void)ImportBooks(Server(), folder_.Path());
   EXPECT_EQ(Ask("SELECT string_agg(\"UomName\", ',' ORDER BY \"Uom_id\") FROM \"Uom1\""),
             "Nos,Kg,Litre");
+}
+
+std::string Findings(const std::string& connection) {
+  std::string text;
+  for (const Finding& finding : CheckBooks(connection)) {
+    text += std::string(NameOf(finding.severity)) + ": " + finding.sentence + "\n";
+    if (!finding.remedy.empty()) text += "  " + finding.remedy + "\n";
+  }
+  return text;
+}
+
+TEST_F(ServerBooks, CheckFindsNothingInSampleBooks) {
+  SampleBooks(Server());
+  EXPECT_EQ(Findings(Server()), "");
+}
+
+TEST_F(ServerBooks, CheckTellsWhatIsMissingOrOddAndWhatMendsIt) {
+  SampleBooks(Server());
+  Ask("DROP INDEX \"Items1_Name\"; DROP INDEX \"Batches1_Item\"; CREATE INDEX plain ON \"Items1\" "
+      "(\"ItemName\"); ALTER TABLE \"Desr1\" DROP COLUMN \"Narration\";"
+      "ALTER TABLE \"Uom1\" ALTER COLUMN \"UomName\" TYPE json USING NULL;"
+      "UPDATE \"GodownItem1\" SET \"Qty\" = -1 WHERE \"GodownItem_id\" = 5;"
+      "UPDATE \"GodownItem1\" SET \"Item_id\" = 9999 WHERE \"GodownItem_id\" IN (7, 8);"
+      "UPDATE \"ItemClass1\" SET \"RelatedTo\" = 3 - \"ItemClass_id\" WHERE \"ItemClass_id\" IN "
+      "(1, 2)");
+  const std::string found = Findings(Server());
+  for (const char* line : {
+           "error: The column Desr1.Narration is missing.\n  ALTER TABLE \"Desr1\" ADD COLUMN "
+           "\"Narration\" varchar(255);\n",
+           "error: The column Uom1.UomName is declared \"json\", where the reports need text "
+           "(varchar(20)).\n",
+           "error: 2 rows of GodownItem1 name in Item_id what Items1 does not have, the first with "
+           "GodownItem_id 7.\n",
+           "error: 1 movement has a negative quantity, where IsAdded should tell the direction, "
+           "the "
+           "first with GodownItem_id 5.\n",
+           "error: The tree ItemClass1 runs in a loop (1, 2, 1), over which the reports would not "
+           "end.\n",
+           "hint: No index of Items1 begins with ItemName.\n  CREATE INDEX \"Items1_Name\" ON "
+           "\"Items1\" ((lower(rtrim(\"ItemName\") COLLATE \"und-x-icu\") COLLATE \"C\"));\n",
+           "hint: No index of Batches1 begins with Item_id, Color_id.\n  CREATE INDEX "
+           "\"Batches1_Item\" ON \"Batches1\" (\"Item_id\", \"Color_id\");\n",
+       }) {
+    EXPECT_THAT(found, HasSubstr(line));
+  }
+}
+
+TEST_F(ServerBooks, CheckRefusesWhatHoldsNoBooks) {
+  EXPECT_THAT(ErrorOf([&] { (void)CheckBooks(Server()); }),
+              AllOf(StartsWith("501 \"postgres\" on \""),
+                    HasSubstr("holds no books: it has none of their tables")));
+  EXPECT_THAT(ErrorOf([] { (void)CheckBooks("host=/nowhere dbname=books"); }),
+              StartsWith("501 The books \"books\" on \"/nowhere\" cannot be opened: "));
 }
 
 TEST_F(ServerBooks, AServerThatIsNotThereIsError501) {

@@ -1,0 +1,149 @@
+// A file of books, past the front end: what stands in a column may be anything.
+#include <algorithm>
+#include <memory>
+#include <sqlite3.h>
+
+#include "session/books/Reader.h"
+#include "session/books/Schema.h"
+#include "session/data/Error.h"
+
+namespace pstolvane1::books {
+namespace {
+
+constexpr int kWaitMilliseconds = 10'000;  // for whoever writes to the books
+
+struct Finalize {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Prepared = std::unique_ptr<sqlite3_stmt, Finalize>;
+
+Prepared Prepare(sqlite3* database, const std::string& select) {
+  sqlite3_stmt* statement = nullptr;
+  sqlite3_prepare_v2(database, select.c_str(), -1, &statement, nullptr);
+  return Prepared(statement);
+}
+
+class FileReader final : public Reader {
+ public:
+  explicit FileReader(const std::string& path);
+  ~FileReader() override;
+  FileReader(const FileReader&) = delete;
+  FileReader& operator=(const FileReader&) = delete;
+
+  [[nodiscard]] std::vector<Row> Rows(const std::string& select) override;
+  [[nodiscard]] bool Understands(const std::string& select) override;
+  [[nodiscard]] std::vector<DeclaredColumn> ColumnsIn(const Table& table) override;
+  [[nodiscard]] bool IsTable(const Table& table) override;
+  [[nodiscard]] std::vector<std::string> IndexesIn(const Table& table) override;
+
+  [[nodiscard]] std::string Serving(const Table& /*table*/, const Index& index) const override {
+    std::string columns = InSmallLetters(index.columns);
+    std::erase(columns, ' ');
+    return columns;
+  }
+  [[nodiscard]] bool KeepsAnyValue() const override { return true; }
+  [[nodiscard]] std::string MonthOf(const std::string& date) const override {
+    return "substr(" + date + ", 1, 4) * 12 + substr(" + date + ", 6, 2) - 1";
+  }
+  [[nodiscard]] std::string CreateTable(const Table& table) const override {
+    return SqliteCreateTable(table) + ";";
+  }
+  [[nodiscard]] std::string CreateIndex(const Table& table, const Index& index) const override {
+    return SqliteCreateIndex(table, index) + ";";
+  }
+  [[nodiscard]] std::string AddColumn(const Table& table, const Column& column) const override {
+    return "ALTER TABLE " + std::string(table.name) + " ADD COLUMN " + std::string(column.name) +
+           " " + SqliteType(column) + ";";
+  }
+  [[nodiscard]] std::string TypeOf(const Column& column) const override {
+    return SqliteType(column);
+  }
+  [[nodiscard]] const std::string& Name() const override { return name_; }
+
+ private:
+  [[noreturn]] void Fail();
+
+  std::string path_;
+  std::string name_;
+  sqlite3* database_ = nullptr;
+};
+
+FileReader::FileReader(const std::string& path) : path_(path), name_('"' + path + '"') {
+  const int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
+  const bool opened = sqlite3_open_v2(path.c_str(), &database_, flags, nullptr) == SQLITE_OK;
+  if (opened) sqlite3_busy_timeout(database_, kWaitMilliseconds);
+  // The state is taken by the first reading in a transaction.
+  if (!opened || sqlite3_exec(database_, "BEGIN; SELECT count(*) FROM sqlite_master", nullptr,
+                              nullptr, nullptr) != SQLITE_OK) {
+    const std::string words = database_ ? sqlite3_errmsg(database_) : "out of memory";
+    sqlite3_close(database_);
+    throw Error(ErrorNumber::kConnection, "cannot open the books \"" + path + "\": " + words);
+  }
+}
+
+FileReader::~FileReader() { sqlite3_close(database_); }
+
+void FileReader::Fail() {
+  throw Error(ErrorNumber::kConnection,
+              "cannot read the books \"" + path_ + "\": " + sqlite3_errmsg(database_));
+}
+
+std::vector<Reader::Row> FileReader::Rows(const std::string& select) {
+  const Prepared statement = Prepare(database_, select);
+  if (!statement) Fail();
+  std::vector<Row> rows;
+  int result = sqlite3_step(statement.get());
+  for (; result == SQLITE_ROW; result = sqlite3_step(statement.get())) {
+    Row& row = rows.emplace_back();
+    for (int i = 0; i < sqlite3_column_count(statement.get()); ++i) {
+      const auto* text = sqlite3_column_text(statement.get(), i);
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement.get(), i));
+      row.push_back(text ? std::optional(std::string(reinterpret_cast<const char*>(text), size))
+                         : std::nullopt);
+    }
+  }
+  if (result != SQLITE_DONE) Fail();
+  return rows;
+}
+
+bool FileReader::Understands(const std::string& select) {
+  return Prepare(database_, select) != nullptr;
+}
+
+std::vector<DeclaredColumn> FileReader::ColumnsIn(const Table& table) {
+  std::vector<DeclaredColumn> columns;
+  for (const auto& row :
+       Rows("SELECT name, type FROM pragma_table_info('" + std::string(table.name) + "')")) {
+    DeclaredColumn column{row[0].value_or(""), row[1].value_or(""), std::nullopt};
+    const auto read = sql::ColumnOfDeclaration(column.name, column.declared);
+    if (read) column.type = read->type;
+    columns.push_back(std::move(column));
+  }
+  return columns;
+}
+
+bool FileReader::IsTable(const Table& table) {
+  return !Rows("SELECT 1 FROM sqlite_master WHERE type = 'table' AND lower(name) = '" +
+               InSmallLetters(table.name) + "'")
+              .empty();
+}
+
+// Those over expressions do not count.
+std::vector<std::string> FileReader::IndexesIn(const Table& table) {
+  std::vector<std::string> indexes;
+  for (const auto& row :
+       Rows("SELECT (SELECT group_concat(name) FROM (SELECT coalesce(name, '()') AS name FROM "
+            "pragma_index_info(l.name) ORDER BY seqno)) FROM pragma_index_list('" +
+            std::string(table.name) + "') l WHERE partial = 0")) {
+    indexes.push_back(InSmallLetters(row[0].value_or("")));
+  }
+  return indexes;
+}
+
+}  // namespace
+
+std::unique_ptr<Reader> ReadFile(const std::string& path) {
+  return std::make_unique<FileReader>(path);
+}
+
+}  // namespace pstolvane1::books
