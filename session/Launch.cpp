@@ -1,6 +1,9 @@
 #include "session/Launch.h"
 
 #include <optional>
+#include <vector>
+
+#include "session/data/OpenTogether.h"
 
 namespace pstolvane1 {
 namespace {
@@ -8,6 +11,14 @@ namespace {
 void OpenAll(ReportFrame& frame, std::initializer_list<SourceQuery> queries, int options) {
   std::optional<Connection::OneState> one_state;
   if (frame.MainCn) one_state.emplace(frame.MainCn);
+  if (options == adOptionUnspecified) {
+    std::vector<RowsetQuery> rowsets;
+    for (const SourceQuery& query : queries) {
+      rowsets.push_back({frame.Rowset(query.source), query.text});
+    }
+    OpenTogether(frame.MainCn, rowsets);
+    return;
+  }
   for (const SourceQuery& query : queries) {
     const RecordsetPtr rowset = frame.Rowset(query.source);
     rowset->Open(query.text, frame.MainCn, adOpenStatic, adLockReadOnly, options);

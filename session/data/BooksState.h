@@ -36,6 +36,7 @@ class BooksState {
     }
     return snapshot_;
   }
+  [[nodiscard]] bool ReadsSideBySide() const noexcept { return provider_->ReadsSideBySide(); }
   // Whether it cannot be had any more. Does not wait.
   [[nodiscard]] bool Failed() const noexcept { return failed_; }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 #include <utility>
+#include <vector>
 
 #include "session/data/Error.h"
 #include "session/data/Provider.h"
@@ -13,11 +14,11 @@ namespace pstolvane1 {
 // Shared by a fetch and those who may end it; any thread.
 class FetchStop {
  public:
-  // Ends the statement that runs and refuses those that would follow.
+  // Ends the statements that run and refuses those that would follow.
   void Stop() noexcept {
     const std::lock_guard lock(mutex_);
     stopped_ = true;
-    if (running_) running_->Cancel();
+    for (const auto& cursor : running_) cursor->Cancel();
   }
   [[nodiscard]] bool Stopped() const noexcept {
     const std::lock_guard lock(mutex_);
@@ -31,27 +32,29 @@ class FetchStop {
   // While it lives, the cursor is what Stop ends.
   class Running {
    public:
-    Running(FetchStop& stop, std::shared_ptr<Cursor> cursor) : stop_(stop) {
+    Running(FetchStop& stop, std::shared_ptr<Cursor> cursor)
+        : stop_(stop), cursor_(std::move(cursor)) {
       const std::lock_guard lock(stop_.mutex_);
-      stop_.running_ = std::move(cursor);
-      if (stop_.stopped_) stop_.running_->Cancel();
+      stop_.running_.push_back(cursor_);
+      if (stop_.stopped_) cursor_->Cancel();
     }
+    // The cursor goes behind the lock: what it lets go may take time.
     ~Running() {
-      std::shared_ptr<Cursor> cursor;  // goes behind the lock: what a cursor lets go may take time
       const std::lock_guard lock(stop_.mutex_);
-      cursor.swap(stop_.running_);
+      std::erase(stop_.running_, cursor_);
     }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
 
    private:
     FetchStop& stop_;
+    const std::shared_ptr<Cursor> cursor_;
   };
 
  private:
   mutable std::mutex mutex_;
   bool stopped_ = false;
-  std::shared_ptr<Cursor> running_;
+  std::vector<std::shared_ptr<Cursor>> running_;
 };
 
 }  // namespace pstolvane1

@@ -54,6 +54,8 @@ class Provider {
   [[nodiscard]] virtual std::vector<ColumnInfo> Describe(std::string_view select) = 0;
   // The engine's own text for one SELECT of the dialect, under the same conditions.
   [[nodiscard]] virtual std::string Translate(std::string_view select) = 0;
+  // Whether statements that run at the same time are done sooner than one after another.
+  [[nodiscard]] virtual bool ReadsSideBySide() const noexcept { return false; }
   // Ends whatever runs or waits for a lock on it now with error -2147217900, from any thread. What
   // starts later is not touched.
   virtual void Cancel() noexcept = 0;

@@ -22,7 +22,7 @@ QueryReader::QueryReader(std::shared_ptr<BooksState> state, std::chrono::millise
     : state_(std::move(state)), time_limit_(time_limit), stop_(std::move(stop)) {}
 
 void QueryReader::Read(const shape::QueryPlan& query, const std::vector<ColumnInfo>& columns,
-                       std::size_t first_rows, const std::function<void(Chunk)>& take) {
+                       std::size_t first_rows, const std::function<void(Chunk)>& take) const {
   try {
     ReadChunks(query, columns, first_rows, take);
   } catch (const Error& error) {
@@ -33,7 +33,7 @@ void QueryReader::Read(const shape::QueryPlan& query, const std::vector<ColumnIn
 }
 
 void QueryReader::ReadChunks(const shape::QueryPlan& query, const std::vector<ColumnInfo>& columns,
-                             std::size_t first_rows, const std::function<void(Chunk)>& take) {
+                             std::size_t first_rows, const std::function<void(Chunk)>& take) const {
   stop_->Check();
   const std::shared_ptr<Snapshot> snapshot = state_->Take();
   stop_->Check();

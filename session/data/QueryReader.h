@@ -14,7 +14,8 @@
 
 namespace pstolvane1 {
 
-// Used by one thread, which may wait for a lock on the books in the first call.
+// Used by one thread, or by several at a time where the engine reads side by side. The first call
+// may wait for a lock on the books.
 class QueryReader {
  public:
   // The rows of the first chunk where nobody asks for a number: room for the many small results
@@ -28,14 +29,17 @@ class QueryReader {
   // and hands each over when it is full or the last. The first has first_rows rows. Error
   // -2147217900 when a statement fails or the fetch is stopped, told with what was being read.
   void Read(const shape::QueryPlan& query, const std::vector<ColumnInfo>& columns,
-            std::size_t first_rows, const std::function<void(Chunk)>& take);
+            std::size_t first_rows, const std::function<void(Chunk)>& take) const;
 
+  [[nodiscard]] bool ReadsSideBySide() const noexcept { return state_->ReadsSideBySide(); }
+  // Ends what other threads read.
+  void Stop() const noexcept { stop_->Stop(); }
   // Error -2147217900 once the fetch was stopped.
   void CheckNotStopped() const { stop_->Check(); }
 
  private:
   void ReadChunks(const shape::QueryPlan& query, const std::vector<ColumnInfo>& columns,
-                  std::size_t first_rows, const std::function<void(Chunk)>& take);
+                  std::size_t first_rows, const std::function<void(Chunk)>& take) const;
 
   std::shared_ptr<BooksState> state_;
   std::chrono::milliseconds time_limit_;

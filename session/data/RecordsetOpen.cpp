@@ -1,11 +1,16 @@
 // How a rowset comes to the rows of a query.
 #include <algorithm>
+#include <chrono>
+#include <future>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
+#include <vector>
 
 #include "session/data/AsyncFetch.h"
 #include "session/data/ConnectionAccess.h"
+#include "session/data/OpenTogether.h"
 #include "session/data/QueryReader.h"
 #include "session/data/Recordset.h"
 #include "session/data/RecordsetAccess.h"
@@ -22,7 +27,75 @@ void CheckArgument(const char* name, int value, int allowed) {
                                                     std::to_string(value));
 }
 
+void CheckClosed(const Recordset& rowset) {
+  if (rowset.State() == adStateClosed) return;
+  throw Error(ErrorNumber::kArgumentOutOfRange, "the rowset is open already: close it first");
+}
+
+// What the rows of a rowset's query are read with.
+struct Reading {
+  shape::Plan plan;
+  std::shared_ptr<BooksState> state;
+  std::chrono::milliseconds time_limit;
+  std::shared_ptr<FetchStop> stop = std::make_shared<FetchStop>();
+};
+
+Reading Prepare(Recordset& rowset, std::string_view source,
+                std::shared_ptr<Connection> connection) {
+  auto& own = RecordsetAccess::ImplOf(rowset).connection;
+  if (connection) own = std::move(connection);
+  if (!own) {
+    throw Error(ErrorNumber::kNoConnection, "the rowset has no connection to open a query on");
+  }
+  const std::shared_ptr<Provider> provider = ConnectionAccess::ProviderOf(*own);
+  shape::Plan plan =
+      shape::MakePlan(source, [&](std::string_view select) { return provider->Describe(select); });
+  return {.plan = std::move(plan),
+          .state = ConnectionAccess::StateToRead(*own),
+          .time_limit = ConnectionAccess::TimeLimit(*own)};
+}
+
+std::shared_ptr<RowStore> RowsOf(const Reading& reading) {
+  const QueryReader reader(reading.state, reading.time_limit, reading.stop);
+  return shape::Join(reading.plan, reader, QueryReader::kSmallChunk);
+}
+
+// Ends what is still read when it goes.
+class EndOfReading {
+ public:
+  explicit EndOfReading(const std::vector<Reading>& readings) : readings_(readings) {}
+  ~EndOfReading() {
+    for (const Reading& reading : readings_) reading.stop->Stop();
+  }
+  EndOfReading(const EndOfReading&) = delete;
+  EndOfReading& operator=(const EndOfReading&) = delete;
+
+ private:
+  const std::vector<Reading>& readings_;
+};
+
 }  // namespace
+
+void OpenTogether(const std::shared_ptr<Connection>& connection,
+                  std::span<const RowsetQuery> queries) {
+  if (!connection || !ConnectionAccess::ProviderOf(*connection)->ReadsSideBySide()) {
+    for (const RowsetQuery& query : queries) query.rowset->Open(query.source, connection);
+    return;
+  }
+  std::vector<Reading> readings;
+  for (const RowsetQuery& query : queries) {
+    CheckClosed(*query.rowset);
+    readings.push_back(Prepare(*query.rowset, query.source, connection));
+  }
+  std::vector<std::future<std::shared_ptr<RowStore>>> stores;
+  for (const Reading& reading : readings) {
+    stores.push_back(std::async([&reading] { return RowsOf(reading); }));
+  }
+  const EndOfReading end(readings);
+  for (std::size_t i = 0; i < stores.size(); ++i) {
+    RecordsetAccess::Attach(*queries[i].rowset, stores[i].get());
+  }
+}
 
 void Recordset::ActiveConnection(std::shared_ptr<Connection> connection) {
   if (impl_->view && connection) {
@@ -49,34 +122,21 @@ void Recordset::WaitForRows() {
 
 void Recordset::Open(std::string_view source, std::shared_ptr<Connection> connection,
                      int cursor_type, int lock_type, int options) {
-  if (impl_->view) {
-    throw Error(ErrorNumber::kArgumentOutOfRange, "the rowset is open already: close it first");
-  }
+  CheckClosed(*this);
   CheckArgument("the cursor type", cursor_type, adOpenStatic);
   CheckArgument("the lock type", lock_type, adLockReadOnly);
   CheckArgument("options", options, adAsyncExecuteFetch);
-  if (connection) impl_->connection = std::move(connection);
-  if (!impl_->connection) {
-    throw Error(ErrorNumber::kNoConnection, "the rowset has no connection to open a query on");
-  }
-  Connection& books = *impl_->connection;
-  const std::shared_ptr<Provider> provider = ConnectionAccess::ProviderOf(books);
-  shape::Plan plan =
-      shape::MakePlan(source, [&](std::string_view select) { return provider->Describe(select); });
-  const std::shared_ptr<BooksState> state = ConnectionAccess::StateToRead(books);
-  const auto stop = std::make_shared<FetchStop>();
-
+  Reading reading = Prepare(*this, source, std::move(connection));
   if (options == adOptionUnspecified) {
-    QueryReader reader(state, ConnectionAccess::TimeLimit(books), stop);
-    RecordsetAccess::Attach(*this, shape::Join(plan, reader, QueryReader::kSmallChunk));
+    RecordsetAccess::Attach(*this, RowsOf(reading));
     return;
   }
-  auto store = std::make_shared<RowStore>(plan.columns, RowStore::Kind::kQuery);
+  auto store = std::make_shared<RowStore>(reading.plan.columns, RowStore::Kind::kQuery);
   const std::size_t first_rows =
       std::clamp<std::size_t>(static_cast<std::size_t>(impl_->initial_fetch_size), 1, Chunk::kRows);
-  auto fetch = AsyncFetch::Start(shared_from_this(), std::move(plan), state,
-                                 ConnectionAccess::TimeLimit(books), first_rows, stop);
-  ConnectionAccess::Register(books, stop);
+  auto fetch = AsyncFetch::Start(shared_from_this(), std::move(reading.plan), reading.state,
+                                 reading.time_limit, first_rows, reading.stop);
+  ConnectionAccess::Register(*impl_->connection, reading.stop);
   RecordsetAccess::Attach(*this, std::move(store));
   impl_->fetch = std::move(fetch);
 }

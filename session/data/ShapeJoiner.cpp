@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "session/data/Error.h"
+#include "session/data/PlanRows.h"
 #include "session/data/RowKeys.h"
 #include "session/data/ShapeAggregate.h"
 
@@ -71,14 +72,15 @@ std::shared_ptr<ChapterRows> Relate(const ParentKeys& parent, std::shared_ptr<Ro
 
 class Joiner {
  public:
-  explicit Joiner(QueryReader& reader) : reader_(reader) {}
+  Joiner(const Plan& plan, const QueryReader& reader, std::size_t first_rows)
+      : reader_(reader), rows_(plan, reader, first_rows) {}
 
   std::shared_ptr<RowStore> Join(const Plan& plan, std::size_t first_rows) {
-    auto store = std::make_shared<RowStore>(plan.columns, RowStore::Kind::kQuery);
+    std::shared_ptr<RowStore> store;
     if (plan.query) {
-      reader_.Read(*plan.query, plan.columns, first_rows,
-                   [&](Chunk chunk) { store->Append(std::move(chunk)); });
+      store = rows_.Take(plan);
     } else {
+      store = std::make_shared<RowStore>(plan.columns, RowStore::Kind::kQuery);
       Group(*plan.groups, *store, first_rows);
     }
     std::map<std::vector<int>, ParentKeys> keys;
@@ -133,13 +135,15 @@ class Joiner {
     }
   }
 
-  QueryReader& reader_;
+  const QueryReader& reader_;
+  PlanRows rows_;
 };
 
 }  // namespace
 
-std::shared_ptr<RowStore> Join(const Plan& plan, QueryReader& reader, std::size_t first_rows) {
-  return Joiner(reader).Join(plan, first_rows);
+std::shared_ptr<RowStore> Join(const Plan& plan, const QueryReader& reader,
+                               std::size_t first_rows) {
+  return Joiner(plan, reader, first_rows).Join(plan, first_rows);
 }
 
 }  // namespace pstolvane1::shape

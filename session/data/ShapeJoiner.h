@@ -22,7 +22,7 @@ namespace pstolvane1::shape {
 // Aggregates pass over Nulls; of no value, and ANY of no row, they are Null, and COUNT is 0. ANY is
 // the value of the first row. Of texts that are equal but for case, MIN and MAX give the first.
 // Error 6 when a sum leaves its type.
-[[nodiscard]] std::shared_ptr<RowStore> Join(const Plan& plan, QueryReader& reader,
+[[nodiscard]] std::shared_ptr<RowStore> Join(const Plan& plan, const QueryReader& reader,
                                              std::size_t first_rows);
 
 }  // namespace pstolvane1::shape

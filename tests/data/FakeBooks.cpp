@@ -179,6 +179,7 @@ class FakeProvider final : public Provider {
     (void)FindTable(*books_, select);
     return "ENGINE " + Trimmed(select);
   }
+  bool ReadsSideBySide() const noexcept override { return books_->side_by_side; }
   void Cancel() noexcept override {
     cancelled_ = true;
     if (books_->snapshot_gate) books_->snapshot_gate->Ring();

@@ -59,6 +59,7 @@ struct FakeTable {
 // of a table is its name; anything else is refused with its place.
 struct FakeBooks {
   std::map<std::string, FakeTable> tables;
+  bool side_by_side = false;   // what the engine says of itself
   std::atomic<int> state = 1;  // of the books; a snapshot keeps the one it was taken in
 
   // What opening the database does.

@@ -389,7 +389,8 @@ TEST_P(ServerTexts, DoNotReachOtherSchemasAndTheServersFiles) {
 TEST_P(ServerTexts, ReadNoMoreThanTheConnectionsUserMay) {
   const OwnServer server;
   server.Run(
-      "CREATE ROLE clerk LOGIN; CREATE TABLE items (id int, cost int); INSERT INTO items "
+      "CREATE ROLE clerk LOGIN; CREATE TABLE items (id int PRIMARY KEY, cost int); INSERT INTO "
+      "items "
       "VALUES (1, 7); CREATE TABLE wages (pay int); GRANT SELECT (id) ON items TO clerk;"
       "CREATE VIEW cheap AS SELECT id FROM items WHERE cost < 10; GRANT SELECT ON cheap TO "
       "clerk");

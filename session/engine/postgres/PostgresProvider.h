@@ -27,6 +27,7 @@ class PostgresProvider final : public Provider {
       std::chrono::milliseconds time_limit) override;
   [[nodiscard]] std::vector<ColumnInfo> Describe(std::string_view select) override;
   [[nodiscard]] std::string Translate(std::string_view select) override;
+  [[nodiscard]] bool ReadsSideBySide() const noexcept override { return true; }
   void Cancel() noexcept override;
 
  private:
