@@ -27,10 +27,11 @@ function(pst_library name)
   set_property(GLOBAL APPEND PROPERTY PST_LIBRARIES ${name})
 endfunction()
 
-# pst_test(NAME [SERVER] SOURCES files... LINK targets...): one test program; ctest sees each of its
-# cases. With SERVER the cases have the throw-away PostgreSQL server of tests/server.
+# pst_test(NAME [SERVER] [LARGE] SOURCES files... LINK targets...): one test program; ctest sees each
+# of its cases. With SERVER the cases have the throw-away PostgreSQL server of tests/server. LARGE
+# ones are left out under the thread sanitizer, which slows them tenfold.
 function(pst_test name)
-  cmake_parse_arguments(ARG "SERVER" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SERVER;LARGE" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest_main GTest::gmock pst_flags)
   target_compile_definitions(${name} PRIVATE PST_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
@@ -38,6 +39,9 @@ function(pst_test name)
   if(ARG_SERVER)
     target_link_libraries(${name} PRIVATE test_server)
     list(APPEND properties FIXTURES_REQUIRED postgres ENVIRONMENT "PST_POSTGRES=${PST_POSTGRES}")
+  endif()
+  if(ARG_LARGE)
+    list(APPEND properties LABELS large)
   endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
 endfunction()
