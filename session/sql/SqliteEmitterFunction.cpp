@@ -117,8 +117,8 @@ SqliteText SqliteEmitter::AggregateText(const bound::Aggregate& node, const Valu
       }
       return SqliteCall("pst_sum_decimal", {value.text, std::to_string(type.places)});
     default:
-      return SqliteCall("sum", {distinct + value.text},
-                        {SqliteForm::kSettled, value.state.real, 0, 0});
+      return SqliteCall("pst_sum_real", {distinct + value.text},
+                        {SqliteForm::kSettled, true, 0, 0});
   }
 }
 
@@ -143,7 +143,7 @@ SqliteText SqliteEmitter::AverageText(const bound::Aggregate& node, const ValueT
                         {sum, places, count.text, "0", std::to_string(type.places)});
     }
     default:
-      return SqliteCall("avg", {value}, {SqliteForm::kSettled, true, 0, 0});
+      return SqliteCall("pst_average_real", {value}, {SqliteForm::kSettled, true, 0, 0});
   }
 }
 

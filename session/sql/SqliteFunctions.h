@@ -108,6 +108,12 @@ inline constexpr SqliteFunction kSqliteFunctions[] = {
     // --- Aggregates: rows with Null are passed over, and no row gives Null
     // (x): the exact sum of every pst_money(x); integer when it is whole, otherwise real. Error 6.
     {"pst_sum_money", 1, true},
+    // (x): the sum of floats, to the 13th figure of the sum of their sizes, so that it does not
+    // depend
+    // on their order; whole from 1e13 on.
+    {"pst_sum_real", 1, true},
+    // (x): that sum through the count.
+    {"pst_average_real", 1, true},
     // (x, places): the exact sum of every x rounded to so many decimals. Error 6.
     {"pst_sum_decimal", 2, true},
     // (x): the value, Null or not, of the only row; a second row is error -2147217900 "a subquery

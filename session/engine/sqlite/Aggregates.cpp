@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "session/data/Currency.h"
 #include "session/engine/sqlite/Decimal.h"
@@ -53,6 +55,54 @@ void MoneyResult(sqlite3_context* context) {
     Call call(context, nullptr);
     if (sum->units % 10000 == 0) return call.Return(sum->units / 10000);
     call.Return(Currency::FromTenThousandths(sum->units).ToDouble());
+  });
+}
+
+// A sum of floats that keeps what each addition loses (Neumaier), and how much was added in all.
+struct RealSum {
+  double sum;
+  double lost;
+  double size;
+  std::int64_t count;
+};
+
+void AddReal(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+  Guarded(context, [&] {
+    auto* total = StateOf<RealSum>(context);
+    const double value = sqlite3_value_double(values[0]);
+    const double sum = total->sum + value;
+    total->lost += std::fabs(total->sum) >= std::fabs(value) ? (total->sum - sum) + value
+                                                             : (value - sum) + total->sum;
+    total->sum = sum;
+    total->size += std::fabs(value);
+    ++total->count;
+  });
+}
+
+// To the figures that do not depend on the order of the rows: what came in as 0.1 and 0.2 and went
+// out as 0.3 is gone. The text for PostgreSQL reckons the same.
+double SureSum(const RealSum& total) {
+  constexpr int kSureFigures = 13;
+  if (!std::isfinite(total.size)) return total.sum;
+  if (total.size == 0) return 0;
+  const double places = kSureFigures - std::ceil(std::log10(total.size));
+  const double scale = std::pow(10.0, std::clamp(places, 0.0, 300.0));
+  const double sum = std::nearbyint((total.sum + total.lost) * scale) / scale;
+  return sum == 0 ? 0 : sum;  // no -0
+}
+
+void RealResult(sqlite3_context* context) {
+  const auto* total = StateAtEnd<RealSum>(context);
+  if (total == nullptr || total->count == 0) return;
+  Guarded(context, [&] { Call(context, nullptr).Return(SureSum(*total)); });
+}
+
+void RealAverage(sqlite3_context* context) {
+  const auto* total = StateAtEnd<RealSum>(context);
+  if (total == nullptr || total->count == 0) return;
+  Guarded(context, [&] {
+    Call(context, nullptr).Return(SureSum(*total) / static_cast<double>(total->count));
   });
 }
 
@@ -120,6 +170,8 @@ void OnlyResult(sqlite3_context* context) {
 
 constexpr std::array kFunctions{
     AggregateFunction{"pst_sum_money", 1, &AddMoney, &MoneyResult},
+    AggregateFunction{"pst_sum_real", 1, &AddReal, &RealResult},
+    AggregateFunction{"pst_average_real", 1, &AddReal, &RealAverage},
     AggregateFunction{"pst_sum_decimal", 2, &AddDecimal, &DecimalResult},
     AggregateFunction{"pst_only", 1, &TakeOnly, &OnlyResult},
 };
