@@ -97,10 +97,7 @@ RecordsetPtr Fetched(clsStolvane1& session, enmValuationMethod method) {
 
 void Run(const std::string& server, std::int64_t movements, int rounds) {
   const std::string schema = "bench_" + std::to_string(getpid());
-  const std::string connection =
-      server + " options='-c search_path=" + schema +
-      " -c jit=off "
-      "-c max_parallel_workers_per_gather=0 -c synchronize_seqscans=off'";
+  const std::string connection = server + " options='-c search_path=" + schema + " -c jit=off'";
   Bare bare(connection);
   bare.Run("CREATE SCHEMA " + schema);
   books::SampleBooks(connection, movements);

@@ -3,11 +3,12 @@
 
 #include <atomic>
 #include <chrono>
-#include <exception>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 
+#include "session/data/Error.h"
 #include "session/data/Provider.h"
 
 namespace pstolvane1 {
@@ -24,12 +25,12 @@ class BooksState {
   // for all with the same error: each would only wait as long again.
   [[nodiscard]] std::shared_ptr<Snapshot> Take() {
     const std::lock_guard lock(mutex_);
-    if (failure_) std::rethrow_exception(failure_);
+    if (failure_) throw Error(*failure_);
     if (!snapshot_) {
       try {
         snapshot_ = provider_->TakeSnapshot(time_limit_);
-      } catch (...) {
-        failure_ = std::current_exception();
+      } catch (const Error& failure) {
+        failure_ = failure;
         failed_ = true;
         throw;
       }
@@ -45,7 +46,7 @@ class BooksState {
   std::shared_ptr<Provider> provider_;
   std::chrono::milliseconds time_limit_;
   std::shared_ptr<Snapshot> snapshot_;
-  std::exception_ptr failure_;
+  std::optional<Error> failure_;
   std::atomic<bool> failed_ = false;
 };
 

@@ -113,8 +113,8 @@ class PostgresEmitter {
   // PostgresEmitterFunction.cpp
   [[nodiscard]] PostgresText CallText(const bound::Call& call, const ValueType& type);
   [[nodiscard]] PostgresText AggregateText(const bound::Aggregate& node, const ValueType& type);
-  [[nodiscard]] PostgresText AverageText(const std::string& distinct, const std::string& value,
-                                         const ValueType& type);
+  // Of exact numbers.
+  [[nodiscard]] PostgresText AverageText(const std::string& value, const ValueType& type);
 
   // PostgresEmitterCondition.cpp
   [[nodiscard]] PostgresText Condition(const bound::Expr& condition);

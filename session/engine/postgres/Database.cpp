@@ -19,9 +19,7 @@ constexpr int kOldestVersion = 140000;
 
 // What the emitted texts count on, what keeps the session from writing, and what lets the server
 // notice at once that nobody waits for a statement any more. To compile the hundreds of expressions
-// of a report takes the server longer than to run them. A sum of real numbers depends on the order
-// in which they are added: workers beside each other, and a scan that joins another's in the middle
-// of a table, would give other figures from one run to the next.
+// of a report takes the server longer than to run them.
 constexpr const char* kSettings =
     "SET default_transaction_read_only = on;"
     "SET DateStyle = 'ISO, MDY';"
@@ -29,9 +27,6 @@ constexpr const char* kSettings =
     "SET extra_float_digits = 1;"
     "SET idle_in_transaction_session_timeout = 0;"
     "SET jit = off;"
-    "SET max_parallel_workers_per_gather = 0;"
-    "SET synchronize_seqscans = off;"
-    "SET synchronize_seqscans = off;"
     "SET client_connection_check_interval = 500";
 
 constexpr const char* kHasCollation =
