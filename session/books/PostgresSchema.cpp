@@ -28,7 +28,7 @@ std::string PostgresType(const Column& column) {
     case ColumnKind::kFlag:
       return "boolean";
     case ColumnKind::kSingle:
-      return std::string(postgres::kSingleDomain);
+      return std::string(postgres::kSingleMark);
     case ColumnKind::kMoney:
       return "numeric(19,4)";
     case ColumnKind::kDate:
@@ -72,7 +72,7 @@ std::string PostgresCreateIndex(const Table& table, const Index& index) {
 }
 
 std::string PostgresCreateDomain() {
-  return "DO $$ BEGIN CREATE DOMAIN " + std::string(postgres::kSingleDomain) +
+  return "DO $$ BEGIN CREATE DOMAIN " + std::string(postgres::kSingleMark) +
          " AS double precision; EXCEPTION WHEN duplicate_object THEN NULL; END $$";
 }
 

@@ -54,7 +54,7 @@ struct Table {
 [[nodiscard]] std::string SqliteSchema();
 
 // The same for PostgreSQL. Names are quoted as they are spelled here; quantities are of the domain
-// kSingleDomain, and an index on a text serves the comparisons that the front end writes.
+// kSingleMark, and an index on a text serves the comparisons that the front end writes.
 [[nodiscard]] std::string PostgresType(const Column& column);
 [[nodiscard]] std::string PostgresCreateTable(const Table& table);
 [[nodiscard]] std::string PostgresCreateIndex(const Table& table, const Index& index);

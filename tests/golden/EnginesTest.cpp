@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fmt/format.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <numeric>
 #include <sstream>
@@ -135,6 +136,28 @@ std::int64_t CountMovements(Snapshot& state) {
   while (cursor->Read(chunk) > 0) {
   }
   return chunk.Get<std::int32_t>(0, 0);
+}
+
+TEST(ClusterBooks, SumTheirQuantitiesWhereTheMovementsLie) {
+  Cluster cluster;
+  books::CreateBooks(cluster.ConnectionString());
+  cluster.Spread();
+  cluster.Run(
+      "INSERT INTO \"GodownItem1\" (\"GodownItem_id\", \"Item_id\") SELECT n, n % 10 FROM "
+      "generate_series(1, 5000) n; ANALYZE \"GodownItem1\"");
+  const std::string sums = OpenDatabase(cluster.ConnectionString(), std::chrono::seconds(60))
+                               ->Translate(
+                                   "select item_id, sum(case when isadded = 1 then qty * rate else "
+                                   "-qty end) as q from godownitem1 group by item_id");
+  const std::string plan = cluster.Run(
+      "SET enable_partitionwise_aggregate = on; EXPLAIN (VERBOSE, FORMAT JSON) " + sums);
+  EXPECT_THAT(plan, testing::ContainsRegex("Remote SQL\": \"SELECT .*sum\\(.*GROUP BY"));
+  const std::shared_ptr<Snapshot> state =
+      OpenDatabase(cluster.ConnectionString(), std::chrono::seconds(60))
+          ->TakeSnapshot(std::chrono::seconds(60));
+  const std::shared_ptr<Cursor> quantities =
+      state->Run("select qty from godownitem1", std::chrono::seconds(60));
+  EXPECT_EQ(quantities->Columns()[0].type, adSingle);
 }
 
 TEST(ClusterBooks, ShowOneStateOfEachServerWhileAnotherProgramWrites) {

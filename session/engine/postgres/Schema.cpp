@@ -15,7 +15,8 @@ using sql::Type;
 
 constexpr const char* kColumns =
     "SELECT c.relname, a.attname, coalesce(b.typname, t.typname),"
-    " CASE WHEN b.oid IS NULL THEN '' ELSE t.typname END,"
+    " CASE WHEN b.oid IS NULL THEN coalesce(col_description(c.oid, a.attnum), '') ELSE t.typname "
+    "END,"
     " CASE WHEN b.oid IS NULL THEN a.atttypmod ELSE t.typtypmod END,"
     " array_position(i.indkey::int2[], a.attnum), a.attnotnull, c.relkind,"
     " coalesce(i.indisprimary, false)"
@@ -82,7 +83,7 @@ int WholeOf(std::string_view digits) {
 }  // namespace
 
 std::optional<sql::CatalogColumn> ColumnOf(std::string_view name, std::string_view type,
-                                           std::string_view domain, int modifier) {
+                                           std::string_view mark, int modifier) {
   for (const Meaning& meaning : kMeanings) {
     if (meaning.name != type) continue;
     sql::CatalogColumn column;
@@ -93,7 +94,7 @@ std::optional<sql::CatalogColumn> ColumnOf(std::string_view name, std::string_vi
     if (column.type == Type::kText && sized) column.size = modifier - kModifierBase;
     if (type == "bit" && modifier != 1) return std::nullopt;
     if (type == "numeric") ReadNumeric(column, modifier);
-    if (type == "float8" && sql::SameName(domain, kSingleDomain)) column.type = Type::kSingle;
+    if (type == "float8" && sql::SameName(mark, kSingleMark)) column.type = Type::kSingle;
     column.date_has_time = column.type == Type::kDate && type != "date";
     return column;
   }

@@ -15,15 +15,16 @@ namespace pstolvane1::postgres {
 // Turns a SELECT of the dialect into the engine's text.
 using Translator = std::function<sql::Translation(std::string_view, const sql::Catalog&)>;
 
-// The domain under which the reference schema keeps quantities: they have 32 bits of meaning and
-// are stored as float8, so that 0.1 is the same 0.1 on every engine.
-inline constexpr std::string_view kSingleDomain = "single";
+// Quantities have 32 bits of meaning and are stored as float8, so that 0.1 is the same 0.1 on every
+// engine. This is the domain under which the reference schema keeps them, and the comment that a
+// plain float8 column has instead: one of a domain of its own is never summed on another server.
+inline constexpr std::string_view kSingleMark = "single";
 
-// One column as the server describes it: the name of its type, of its domain if it has one, and the
-// type's modifier. Empty for a type that has no meaning in the dialect.
+// One column as the server describes it: the name of its type, of its domain or else its comment,
+// and the type's modifier. Empty for a type that has no meaning in the dialect.
 [[nodiscard]] std::optional<sql::CatalogColumn> ColumnOf(std::string_view name,
                                                          std::string_view type,
-                                                         std::string_view domain, int modifier);
+                                                         std::string_view mark, int modifier);
 
 // The tables and views that the session's search_path finds, the server's own left out, and parts
 // of partitioned tables. Columns of types that the dialect does not have are left out.
