@@ -174,6 +174,24 @@ void Tell(const Error& error) {
   std::cerr << '\n';
 }
 
+// The parser misses a command before it minds the word that stands in its place.
+bool TellUnknownCommand(const CLI::App& app, const CLI::ParseError& error) {
+  const CLI::App* last = &app;
+  std::string path = "stolvane";
+  while (!last->get_subcommands().empty()) {
+    last = last->get_subcommands().front();
+    path += " " + last->get_name();
+  }
+  const std::vector<std::string> words = last->remaining();
+  if (error.get_name() != "RequiredError" || last->get_require_subcommand_min() == 0 ||
+      words.empty()) {
+    return false;
+  }
+  std::cerr << "stolvane: there is no command \"" << words.front() << "\"; \"" << path
+            << " --help\" lists them\n";
+  return true;
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
@@ -189,6 +207,7 @@ int RunCommandLine(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
+    if (TellUnknownCommand(app, error)) return kWrongCall;
     if (app.exit(error) == 0) return kSuccess;
     if (const std::string usage = UsageOfRun(typed.run.operation); !usage.empty()) {
       std::cerr << '\n' << usage << '\n';

@@ -63,9 +63,12 @@ class Totals {
   Side opening_, inwards_, outwards_, closing_;
 };
 
+// From clones: a fetch that was left over may set the builder off a second time while the first one
+// yields, and each closes the sources.
 StockRows Rows(ReportFrame& frame) {
-  const RecordsetPtr items = frame.Rowset(Source::rsItems);
-  const auto totals = std::make_shared<Totals>(*frame.Rowset(Source::rsReport));
+  const RecordsetPtr items = frame.Rowset(Source::rsItems)->Clone(adLockUnspecified);
+  const RecordsetPtr year = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
+  const auto totals = std::make_shared<Totals>(*year);
   return {.keys = items,
           .value = [totals, id = items->Column("Item_Id")](const Recordset::Row& item) {
             return totals->Value(item.Int64(id));
@@ -94,8 +97,9 @@ RecordsetPtr StockDetails_Group_SimpleAvg(ReportFrame& frame, const StockArgumen
 
 RecordsetPtr mStock_SimpleAvg(ReportFrame& frame) {
   RecordsetPtr report = WriteItemStatement(frame, Rows(frame));
-  frame.Rowset(Source::rsItems)->Close();
-  frame.Rowset(Source::rsReport)->Close();
+  for (const Source source : {Source::rsItems, Source::rsReport}) {
+    if (frame.Rowset(source)->State() != adStateClosed) frame.Rowset(source)->Close();
+  }
   return report;
 }
 

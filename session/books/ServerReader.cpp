@@ -102,6 +102,7 @@ class ServerReader final : public Reader {
             Named(table) + " LIMIT 1) GROUP BY i.indexrelid",
         watch_);
     std::vector<std::string> indexes;
+    indexes.reserve(static_cast<std::size_t>(PQntuples(rows.get())));
     for (int row = 0; row < PQntuples(rows.get()); ++row) {
       indexes.emplace_back(PQgetvalue(rows.get(), row, 0));
     }

@@ -88,6 +88,7 @@ void OpenTogether(const std::shared_ptr<Connection>& connection,
     readings.push_back(Prepare(*query.rowset, query.source, connection));
   }
   std::vector<std::future<std::shared_ptr<RowStore>>> stores;
+  stores.reserve(readings.size());
   for (const Reading& reading : readings) {
     stores.push_back(std::async([&reading] { return RowsOf(reading); }));
   }

@@ -105,7 +105,7 @@ std::string PostgresName(std::string_view name) {
 }
 
 PostgresText PostgresEmitter::Compared(const bound::Expr& value) {
-  const PostgresText text = Value(value);
+  PostgresText text = Value(value);
   if (value.type.type != Type::kText) return text;
   return {PostgresFolded(text.text), PostgresBinding::kSign};
 }

@@ -39,6 +39,16 @@ TEST_F(BadInput, BooksThatAreNotThereOrNone) {
                         "not have.");
 }
 
+TEST_F(BadInput, ACommandThatDoesNotExistIsNamed) {
+  EXPECT_EQ(Stolvane({"bogus"}).err,
+            "stolvane: there is no command \"bogus\"; \"stolvane --help\" lists them\n");
+  const Finished books = Stolvane({"books", "destroy", "books.db"});
+  EXPECT_EQ(books.err,
+            "stolvane: there is no command \"destroy\"; \"stolvane books --help\" lists them\n");
+  EXPECT_EQ(books.status, 2);
+  EXPECT_EQ(Stolvane({}).err, "A subcommand is required\nRun with --help for more information.\n");
+}
+
 TEST_F(BadInput, CorruptBooksGiveAnErrorAndNoReport) {
   std::string bytes = books::test::Content(Books());
   for (std::size_t at = 4096; at < bytes.size(); ++at) bytes[at] = '\x5A';

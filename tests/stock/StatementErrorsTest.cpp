@@ -1,5 +1,6 @@
 // After a statement that fails, on either path, the session gives the next one.
 #include <gtest/gtest.h>
+#include <thread>
 
 #include "golden/SmallBooks.h"
 #include "session/clsStolvane1.h"
@@ -25,6 +26,9 @@ std::vector<TextTable> Books(const std::string& quantity) {
        {{"1", "Bolt", "1", "2", "10", "1", "0", "1", "1"},
         {"2", "Nut", "1", "2", "0", "1", "0", "1", "2"},
         {"3", "Pin", "1", "2", "10", "1", "0", "1", "3"}}},
+      {"ItemDetailsAsLedger",
+       {"Item_id", "YearNo", "OpeningQuantity", "OpeningValue"},
+       {{"1", "1", "10", "50"}, {"2", "1", "4", "20"}, {"3", "1", "1", "5"}}},
       {"Batches1",
        {"Batch_id", "BatchCode", "Item_id"},
        {{"1", "-", "1"}, {"2", "-", "2"}, {"3", "-", "3"}}},
@@ -45,6 +49,18 @@ struct Asked {
   std::string consider = {};
   std::string states = "1";  // of the items
 };
+
+std::string NamesAndValues(Recordset& report) {
+  std::string lines;
+  const auto cell = [&](const char* name) {
+    const Variant value = report.Collect(name);
+    return value.IsNull() ? std::string("-") : value.ToText();
+  };
+  for (report.MoveFirst(); !report.Eof(); report.MoveNext()) {
+    lines += cell("ItemName") + " " + cell("ValueClSort") + "\n";
+  }
+  return lines;
+}
 
 class StatementErrorsTest : public testing::TestWithParam<bool> {
  protected:
@@ -107,6 +123,22 @@ class StatementErrorsTest : public testing::TestWithParam<bool> {
   clsStolvane1 session;
   RecordsetPtr fetched;
 };
+
+// Two fetches of a statement that nobody waited for end while the next one is written, and set its
+// builder off a second time: on the same rowsets, which the simple average closes.
+TEST_P(StatementErrorsTest, TheSimpleAverageIsWholeWhenFetchesAreLeftOver) {
+  const Asked simple_average{.method = SimpleAvg, .states = ""};
+  const std::string alone = NamesAndValues(*Report(simple_average));
+  EXPECT_NE(alone.find("Bolt 50"), std::string::npos) << alone;
+  (void)session.StockDetails_Itemwise(1, Date::FromYmd(2003, 4, 1), Date::FromYmd(2004, 3, 31),
+                                      LastPurchaseRate, -1, 0, False, True, False, 1, False, True,
+                                      True, True, "", "");
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  const RecordsetPtr beside = Report(simple_average);
+  ASSERT_NE(beside, nullptr);
+  EXPECT_EQ(NamesAndValues(*beside), alone);
+  EXPECT_NE(fetched, nullptr);
+}
 
 TEST_P(StatementErrorsTest, AfterAnItemWithoutARelation) {
   ExpectErrorAndGoOn({.alternate = True, .states = "2"}, ErrorNumber::kDivisionByZero);

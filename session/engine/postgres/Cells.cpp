@@ -93,7 +93,8 @@ void WriteMoney(std::string_view cell, Chunk& chunk, std::size_t column, std::si
   const int last = count == 0 ? -1 : weight + 1;  // the digit of the ten-thousandths
   bool fits = true;
   for (int digit = 0; digit <= last && fits; ++digit) {
-    const int value = digit < count ? WholeAt<std::int16_t>(cell.data() + digit * 2) : 0;
+    const int value =
+        digit < count ? WholeAt<std::int16_t>(cell.data() + std::ptrdiff_t{2} * digit) : 0;
     // Downwards, because the least number has no counterpart.
     fits = !__builtin_mul_overflow(units, std::int64_t{kBase}, &units) &&
            !__builtin_sub_overflow(units, std::int64_t{value}, &units);

@@ -35,7 +35,7 @@ constexpr const char* kColumns =
 struct Meaning {
   std::string_view name;
   Type type;
-  std::string_view reading = "";
+  std::string_view reading = {};
 };
 constexpr Meaning kMeanings[] = {
     {"bool", Type::kFlag},
