@@ -35,7 +35,7 @@ class Reader {
   [[nodiscard]] virtual bool Understands(const std::string& select) = 0;
   // Of a table or a view, any case; none when there is no such thing.
   [[nodiscard]] virtual std::vector<DeclaredColumn> ColumnsIn(const Table& table) = 0;
-  // Whether it is a table, which can have an index.
+  // Whether it is a table whose rows lie here, which can have an index.
   [[nodiscard]] virtual bool IsTable(const Table& table) = 0;
   // The columns of each index in small letters, as "a,b,c"; indexes over a part of the rows do not
   // count.

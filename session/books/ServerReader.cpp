@@ -70,7 +70,8 @@ class ServerReader final : public Reader {
   [[nodiscard]] std::vector<DeclaredColumn> ColumnsIn(const Table& table) override {
     const postgres::NativeResult rows = catalog_.Run(
         "SELECT a.attname, format_type(a.atttypid, a.atttypmod), coalesce(b.typname, t.typname),"
-        " CASE WHEN b.oid IS NULL THEN '' ELSE t.typname END,"
+        " CASE WHEN b.oid IS NULL THEN coalesce(col_description(a.attrelid, a.attnum), '') ELSE"
+        " t.typname END,"
         " CASE WHEN b.oid IS NULL THEN a.atttypmod ELSE t.typtypmod END"
         " FROM pg_attribute a JOIN pg_type t ON t.oid = a.atttypid"
         " LEFT JOIN pg_type b ON b.oid = nullif(t.typbasetype, 0)"
@@ -86,8 +87,11 @@ class ServerReader final : public Reader {
     return columns;
   }
   [[nodiscard]] bool IsTable(const Table& table) override {
-    const postgres::NativeResult rows =
-        catalog_.Run("SELECT 1" + Named(table) + " AND c.relkind IN ('r', 'p')", watch_);
+    const postgres::NativeResult rows = catalog_.Run(
+        "SELECT 1" + Named(table) +
+            " AND c.relkind IN ('r', 'p') AND NOT EXISTS (SELECT FROM pg_inherits p JOIN pg_class f"
+            " ON f.oid = p.inhrelid WHERE p.inhparent = c.oid AND f.relkind = 'f')",
+        watch_);
     return PQntuples(rows.get()) > 0;
   }
   // A text is indexed by what the front end compares, told as "~name".

@@ -13,6 +13,7 @@
 #include "Play.h"
 #include "ServerBooks.h"
 #include "session/books/BooksFile.h"
+#include "session/books/CheckBooks.h"
 #include "session/books/CopyBooks.h"
 #include "session/books/SampleBooks.h"
 #include "session/books/Schema.h"
@@ -112,6 +113,22 @@ TEST(ClusterBooks, GiveTheSameReportsOfSampleBooks) {
   (void)books::CopyBooks(file.Path(), cluster.ConnectionString());
   cluster.Spread();
   ExpectTheSame(file.Path(), cluster.ConnectionString());
+}
+
+TEST(ClusterBooks, AreInOrderAndCanBeCopiedBack) {
+  const std::string movements =
+      "SELECT count(*) || md5(string_agg(g::text, ' ' ORDER BY \"GodownItem_id\")) FROM "
+      "\"GodownItem1\" g";
+  Cluster cluster;
+  books::SampleBooks(cluster.ConnectionString(), 2000);
+  const std::string whole = cluster.Run(movements);
+  cluster.Spread();
+  EXPECT_TRUE(books::CheckBooks(cluster.ConnectionString()).empty());
+  EXPECT_EQ(cluster.Run(movements), whole);
+  Scratch one_server;
+  (void)books::CopyBooks(cluster.ConnectionString(), one_server.ConnectionString());
+  EXPECT_TRUE(books::CheckBooks(one_server.ConnectionString()).empty());
+  EXPECT_EQ(one_server.Run(movements), whole);
 }
 
 TEST(ClusterBooks, GiveTheReportOfEveryCaseOnBothPaths) {
