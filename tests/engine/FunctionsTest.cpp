@@ -32,7 +32,7 @@ class Functions : public testing::Test {
     return short_error;
   }
   struct Case {
-    const char* expression;
+    std::string expression;
     const char* value;
   };
   void Expect(const std::vector<Case>& cases) {
@@ -341,6 +341,30 @@ TEST_F(Functions, SumsOfMoneyAreExact) {
         "6 a sum is out of range for money"},
        {"(SELECT pst_sum_money(922337203685478) FROM t)", "6 an amount is out of range for money"},
        {"(SELECT pst_sum_money(s) FROM t WHERE k = 2)", "13 \"Nut\" is not a number"}});
+}
+
+TEST_F(Functions, SumsOfFloatsDoNotDependOnTheOrderOfTheRows) {
+  const std::string numbers =
+      "(WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n "
+      "WHERE i < 149999) SELECT ";
+  const auto sum = [&](const std::string& value, const std::string& order) {
+    return "(SELECT pst_sum_real(v) FROM " + numbers + value + " AS v, i FROM n ORDER BY " + order +
+           "))";
+  };
+  const std::string bought_and_sold = "CASE i % 3 WHEN 0 THEN 0.1 WHEN 1 THEN 0.2 ELSE -0.3 END";
+  const std::string amounts = "(i * 7919 % 100003) * 1.0001 - 0.00005";
+  Expect({{sum("0.1", "i"), "real 15000.0"},
+          {sum(bought_and_sold, "i"), "real 0.0"},
+          {sum(bought_and_sold, "v DESC"), "real 0.0"},
+          {"(" + sum(amounts, "i") + " = " + sum(amounts, "v") + ")", "integer 1"},
+          {"(" + sum(amounts, "i") + " = " + sum(amounts, "-v") + ")", "integer 1"},
+          {"(SELECT pst_sum_real(m) FROM t WHERE k = 99)", "null"},
+          {"(SELECT pst_average_real(m) FROM t WHERE k = 99)", "null"},
+          {"(SELECT pst_average_real(v) FROM (SELECT 0.1 AS v UNION ALL SELECT NULL UNION ALL "
+           "SELECT 0.3))",
+           "real 0.2"},
+          {"(SELECT pst_sum_real(v) FROM (SELECT 1e308 AS v UNION ALL SELECT 1e308))",
+           "6 a result is out of range for a number"}});
 }
 
 TEST_F(Functions, SumsOfDecimalsAreExactInTheirPlaces) {
