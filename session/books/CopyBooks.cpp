@@ -211,7 +211,7 @@ std::int64_t CopyTable(Snapshot& state, const Source& source, ServerWriter& writ
 }
 
 template <typename Target>
-std::vector<ImportedTable> CopyTables(Provider& books, Target& target,
+std::vector<ImportedTable> CopyTables(Provider& books, const std::string& from, Target& target,
                                       const CopyProgress& progress) {
   const std::shared_ptr<Snapshot> state = books.TakeSnapshot(kNoLimit);
   std::vector<ImportedTable> copied;
@@ -225,6 +225,10 @@ std::vector<ImportedTable> CopyTables(Provider& books, Target& target,
       throw error.While("copying " + std::string(table.name));
     }
   }
+  if (copied.empty()) {
+    throw Error(ErrorNumber::kConnection, "there is nothing to copy: " + from +
+                                              " holds no books, or none that the user may see");
+  }
   return copied;
 }
 
@@ -234,12 +238,14 @@ std::vector<ImportedTable> CopyBooks(const std::string& from, const std::string&
                                      const CopyProgress& progress) {
   const std::shared_ptr<Provider> books = OpenDatabase(from, std::chrono::seconds(30));
   const ConnectionTarget target = TargetOf(to);
+  const std::string name = NameOfDatabase(from);
   std::vector<ImportedTable> copied;
   if (target.engine == EngineKind::kPostgresql) {
     ServerWriter writer(to);
-    MakeServerBooks(writer, [&] { copied = CopyTables(*books, writer, progress); });
+    MakeServerBooks(writer, [&] { copied = CopyTables(*books, name, writer, progress); });
   } else {
-    MakeBooks(target.path, [&](Writer& writer) { copied = CopyTables(*books, writer, progress); });
+    MakeBooks(target.path,
+              [&](Writer& writer) { copied = CopyTables(*books, name, writer, progress); });
   }
   return copied;
 }

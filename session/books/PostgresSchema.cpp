@@ -18,6 +18,9 @@ void ForEachName(std::string_view names, const Visit& visit) {
   }
 }
 
+// What stands before a name that is of that schema.
+std::string In(std::string_view schema) { return schema.empty() ? "" : QuotedName(schema) + "."; }
+
 }  // namespace
 
 std::string PostgresType(const Column& column) {
@@ -41,11 +44,13 @@ std::string PostgresType(const Column& column) {
   return "varchar(" + std::to_string(column.size) + ")";
 }
 
-std::string PostgresCreateTable(const Table& table) {
-  std::string text = "CREATE TABLE " + QuotedName(table.name) + " (";
+std::string PostgresCreateTable(const Table& table, std::string_view schema) {
+  std::string text = "CREATE TABLE " + In(schema) + QuotedName(table.name) + " (";
   const char* separator = "\n  ";
   for (const Column& column : table.columns) {
-    text += separator + QuotedName(column.name) + ' ' + PostgresType(column);
+    text += separator + QuotedName(column.name) + ' ';
+    if (column.kind == ColumnKind::kSingle) text += In(schema);
+    text += PostgresType(column);
     if (column.kind == ColumnKind::kKey) text += " NOT NULL";
     separator = ",\n  ";
   }
@@ -59,7 +64,7 @@ std::string PostgresCreateTable(const Table& table) {
   return text + ")";
 }
 
-std::string PostgresCreateIndex(const Table& table, const Index& index) {
+std::string PostgresCreateIndex(const Table& table, const Index& index, std::string_view schema) {
   std::string columns;
   ForEachName(index.columns, [&](std::string_view name) {
     const std::string quoted = QuotedName(name);
@@ -67,12 +72,12 @@ std::string PostgresCreateIndex(const Table& table, const Index& index) {
     columns += columns.empty() ? "" : ", ";
     columns += text ? "(" + sql::PostgresFolded(quoted) + ")" : quoted;
   });
-  return "CREATE INDEX " + QuotedName(index.name) + " ON " + QuotedName(table.name) + " (" +
-         columns + ")";
+  return "CREATE INDEX " + QuotedName(index.name) + " ON " + In(schema) + QuotedName(table.name) +
+         " (" + columns + ")";
 }
 
-std::string PostgresCreateDomain() {
-  return "DO $$ BEGIN CREATE DOMAIN " + std::string(postgres::kSingleMark) +
+std::string PostgresCreateDomain(std::string_view schema) {
+  return "DO $$ BEGIN CREATE DOMAIN " + In(schema) + std::string(postgres::kSingleMark) +
          " AS double precision; EXCEPTION WHEN duplicate_object THEN NULL; END $$";
 }
 

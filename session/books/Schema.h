@@ -56,10 +56,12 @@ struct Table {
 // The same for PostgreSQL. Names are quoted as they are spelled here; quantities are of the domain
 // kSingleMark, and an index on a text serves the comparisons that the front end writes.
 [[nodiscard]] std::string PostgresType(const Column& column);
-[[nodiscard]] std::string PostgresCreateTable(const Table& table);
-[[nodiscard]] std::string PostgresCreateIndex(const Table& table, const Index& index);
+// In that schema, or in the first of the search_path where none is named.
+[[nodiscard]] std::string PostgresCreateTable(const Table& table, std::string_view schema = {});
+[[nodiscard]] std::string PostgresCreateIndex(const Table& table, const Index& index,
+                                              std::string_view schema = {});
 // What has to be there before the tables are made; may be run again.
-[[nodiscard]] std::string PostgresCreateDomain();
+[[nodiscard]] std::string PostgresCreateDomain(std::string_view schema = {});
 [[nodiscard]] std::string PostgresSchema();
 
 }  // namespace pstolvane1::books

@@ -16,10 +16,14 @@ namespace {
 constexpr std::chrono::milliseconds kLimit = std::chrono::seconds(30);
 constexpr std::chrono::milliseconds kNoLimit{0};
 
-// The visible table or view of that name, as a FROM. No name holds a quote.
+// The first table or view of that name. No name holds a quote.
 std::string Named(const Table& table) {
-  return " FROM pg_class c WHERE lower(c.relname) = '" + InSmallLetters(table.name) +
-         "' AND c.relkind IN ('r', 'v', 'm', 'f', 'p') AND pg_table_is_visible(c.oid)";
+  const std::string schemas = postgres::kBooksSchemas;
+  return "(SELECT c.oid FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace WHERE "
+         "lower(c.relname) = '" +
+         InSmallLetters(table.name) +
+         "' AND c.relkind IN ('r', 'v', 'm', 'f', 'p') AND n.nspname = ANY (" + schemas +
+         ") ORDER BY array_position(" + schemas + ", n.nspname), c.relname LIMIT 1)";
 }
 
 std::optional<std::string> CellOf(const Chunk& chunk, DataType type, std::size_t at,
@@ -75,8 +79,8 @@ class ServerReader final : public Reader {
         " CASE WHEN b.oid IS NULL THEN a.atttypmod ELSE t.typtypmod END"
         " FROM pg_attribute a JOIN pg_type t ON t.oid = a.atttypid"
         " LEFT JOIN pg_type b ON b.oid = nullif(t.typbasetype, 0)"
-        " WHERE a.attnum > 0 AND NOT a.attisdropped AND a.attrelid = (SELECT c.oid" +
-            Named(table) + " LIMIT 1) ORDER BY a.attnum",
+        " WHERE a.attnum > 0 AND NOT a.attisdropped AND a.attrelid = " +
+            Named(table) + " ORDER BY a.attnum",
         watch_);
     std::vector<DeclaredColumn> columns;
     for (int row = 0; row < PQntuples(rows.get()); ++row) {
@@ -88,7 +92,7 @@ class ServerReader final : public Reader {
   }
   [[nodiscard]] bool IsTable(const Table& table) override {
     const postgres::NativeResult rows = catalog_.Run(
-        "SELECT 1" + Named(table) +
+        "SELECT 1 FROM pg_class c WHERE c.oid = " + Named(table) +
             " AND c.relkind IN ('r', 'p') AND NOT EXISTS (SELECT FROM pg_inherits p JOIN pg_class f"
             " ON f.oid = p.inhrelid WHERE p.inhparent = c.oid AND f.relkind = 'f')",
         watch_);
@@ -102,8 +106,8 @@ class ServerReader final : public Reader {
         " '^lower\\(\\(?rtrim\\(\\(?\"?([^\")]+).*$', '~\\1') END, ',' ORDER BY k.place)"
         " FROM pg_index i CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY AS"
         " k(attnum, place) LEFT JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum ="
-        " k.attnum WHERE i.indpred IS NULL AND i.indrelid = (SELECT c.oid" +
-            Named(table) + " LIMIT 1) GROUP BY i.indexrelid",
+        " k.attnum WHERE i.indpred IS NULL AND i.indrelid = " +
+            Named(table) + " GROUP BY i.indexrelid",
         watch_);
     std::vector<std::string> indexes;
     indexes.reserve(static_cast<std::size_t>(PQntuples(rows.get())));

@@ -13,7 +13,8 @@ namespace pstolvane1::books {
 struct Table;
 
 // One transaction on the server, written by one thread. Nothing is kept before Finish. Errors are
-// 501 with the server's words.
+// 501 with the server's words; a server that reports cannot be read from is not written to, and
+// nobody's lock is waited for longer than half a minute.
 class ServerWriter {
  public:
   // Begins a transaction in the first schema of the search_path.
@@ -38,11 +39,17 @@ class ServerWriter {
   [[nodiscard]] const std::string& Name() const { return name_; }
 
  private:
-  [[noreturn]] void Fail();
+  void Connect(const std::string& connection_string);
+  void CheckWritable();
+  [[nodiscard]] std::string TableIn(std::string_view table) const;  // with the schema, quoted
+  // With the words of a statement's result, or those of a lost connection.
+  [[noreturn]] void Fail(const pg_result* result = nullptr);
   [[noreturn]] void FailWith(const std::string& words);
   [[nodiscard]] std::string Ask(const std::string& statement);
 
   std::string name_;
+  std::string schema_;
+  bool committed_ = false;
   postgres::NativeConnection connection_;
 };
 

@@ -28,10 +28,13 @@ std::shared_ptr<Provider> OpenBooks(const std::string& connection_string,
   for (const std::string_view table : kChiefTables) {
     if (HasTable(*database, table)) return database;
   }
-  throw Error(ErrorNumber::kConnection,
-              "The database " + NameOfDatabase(connection_string) +
-                  " holds no books: it has none of the tables Items1, Desr1, GodownItem1, "
-                  "LedgerNames1 and Voucher1.");
+  const bool server = ReadConnectionString(connection_string).engine == EngineKind::kPostgresql;
+  throw Error(
+      ErrorNumber::kConnection,
+      "The database " + NameOfDatabase(connection_string) + " holds no books: " +
+          (server ? "no schema of the search_path that the user may use has one" : "it has none") +
+          " of the tables Items1, Desr1, GodownItem1, "
+          "LedgerNames1 and Voucher1.");
 }
 
 }  // namespace

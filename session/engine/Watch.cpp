@@ -18,4 +18,15 @@ Stop Watch::Check() const noexcept {
   return Stop::kNone;
 }
 
+Watch Watch::Within(std::chrono::milliseconds limit) const noexcept {
+  const Clock::time_point now = Clock::now();
+  Watch part = *this;
+  if (limit.count() <= 0) return part;
+  if (limit_.count() > 0 && limit_ - (used_ + (now - started_)) <= limit) return part;
+  part.limit_ = limit;
+  part.started_ = now;
+  part.used_ = {};
+  return part;
+}
+
 }  // namespace pstolvane1

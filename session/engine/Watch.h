@@ -38,6 +38,9 @@ class Watch {
   void Start() noexcept { started_ = Clock::now(); }
   void Pause() noexcept { used_ += Clock::now() - started_; }
   [[nodiscard]] Stop Check() const noexcept;  // while started
+  // Over a part of the same work that is done from now on without a pause, and for which no more
+  // than this time is given.
+  [[nodiscard]] Watch Within(std::chrono::milliseconds limit) const noexcept;  // while started
   [[nodiscard]] std::chrono::milliseconds Limit() const noexcept { return limit_; }
 
  private:

@@ -42,6 +42,8 @@ struct CatalogTable {
   std::vector<CatalogColumn> columns;
   // What an engine orders rows by that nothing else orders, as its key; empty where it needs none.
   std::vector<std::string> row_order = {};
+  // Where an engine finds it; empty where the name alone is enough.
+  std::string schema = {};
 
   [[nodiscard]] const CatalogColumn* Find(std::string_view column) const;  // any case
 };

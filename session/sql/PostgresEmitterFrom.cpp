@@ -152,7 +152,9 @@ std::string PostgresEmitter::SourceText(const bound::Source& source) {
     return "(" + rows + ") AS " + name;
   }
   if (ordered_) orders_[&source] = TableOrder(source);
-  const std::string table = QuotedName(source.table->name);
+  const std::string& schema = source.table->schema;
+  const std::string table =
+      (schema.empty() ? "" : QuotedName(schema) + ".") + QuotedName(source.table->name);
   return source.name == source.table->name ? table : table + " AS " + name;
 }
 

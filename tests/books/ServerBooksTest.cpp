@@ -1,4 +1,5 @@
 // Books on a PostgreSQL server: made, filled and copied.
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,6 +12,7 @@
 #include "session/data/Error.h"
 #include "session/engine/Engines.h"
 #include "tests/books/BooksOnDisk.h"
+#include "tests/server/OwnServer.h"
 #include "tests/server/Server.h"
 
 namespace pstolvane1::books {
@@ -19,6 +21,7 @@ namespace {
 using test::Database;
 using test::Folder;
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -230,6 +233,119 @@ TEST_F(ServerBooks, CheckRefusesWhatHoldsNoBooks) {
                     HasSubstr("holds no books: it has none of their tables")));
   EXPECT_THAT(ErrorOf([] { (void)CheckBooks("host=/nowhere dbname=books"); }),
               StartsWith("501 The books \"books\" on \"/nowhere\" cannot be opened: "));
+}
+
+TEST_F(ServerBooks, CopyingFromWhereNoBooksAreIsAnErrorAndMakesNothing) {
+  const std::string file = folder_.File("copied.db");
+  EXPECT_THAT(ErrorOf([&] { (void)CopyBooks(Server(), file); }),
+              AllOf(StartsWith("501 there is nothing to copy: \"postgres\" on \""),
+                    HasSubstr("\" holds no books, or none that the user may see")));
+  EXPECT_FALSE(std::filesystem::exists(file));
+  Database(folder_.File("empty.db")).Execute("CREATE TABLE notes (id INT)");
+  EXPECT_THAT(ErrorOf([&] { (void)CopyBooks(folder_.File("empty.db"), Server()); }),
+              StartsWith("501 there is nothing to copy: \"" + folder_.File("empty.db") + "\""));
+  EXPECT_EQ(CountTables(), "0");
+}
+
+// Whoever may make functions in the schema does not get them called by whoever writes or reads
+// books.
+TEST_F(ServerBooks, IndexesAreOfTheServersOwnFunctionsWhateverTheSchemaHas) {
+  Ask("CREATE FUNCTION rtrim(varchar) RETURNS text IMMUTABLE LANGUAGE sql AS "
+      "'SELECT ''hijacked''::text'");
+  SampleBooks(Server());
+  EXPECT_EQ(
+      Ask("SELECT count(*) FROM pg_depend WHERE classid = 'pg_class'::regclass AND refobjid = "
+          "'rtrim(varchar)'::regprocedure"),
+      "0");
+  EXPECT_EQ(Findings(Server()), "");
+}
+
+// --- Servers that are not written to: each is told so before anything is tried.
+
+std::vector<std::function<void()>> AllThatWrites(const std::string& server, const Folder& folder) {
+  CreateBooks(folder.File("from.db"));
+  folder.Write("Uom1.csv", "Uom_id,UomName\n1,Nos\n");
+  return {[=] { CreateBooks(server); }, [=] { SampleBooks(server, 2000, 1); },
+          [=, &folder] { (void)ImportBooks(server, folder.Path()); },
+          [=, from = folder.File("from.db")] { (void)CopyBooks(from, server); }};
+}
+
+TEST(ServerBooksAway, AServerInRecoveryIsReadAndNotWritten) {
+  const OwnServer server;
+  const Folder folder;
+  SampleBooks(server.ConnectionString(), 2000, 3);
+  server.Run("CREATE DATABASE empty");
+  server.Stop();
+  server.Signal("standby.signal");
+  server.Resume();
+  for (const char* database : {" dbname=postgres", " dbname=empty"}) {
+    for (const auto& write : AllThatWrites(server.ConnectionString() + database, folder)) {
+      EXPECT_THAT(ErrorOf(write),
+                  AllOf(StartsWith("501 cannot write the books \""),
+                        EndsWith("\": the server is in recovery: it follows another server, which "
+                                 "alone can be written to")));
+    }
+    std::filesystem::remove(folder.File("from.db"));
+  }
+  EXPECT_EQ(Findings(server.ConnectionString()), "");
+  EXPECT_FALSE(CopyBooks(server.ConnectionString(), folder.File("back.db")).empty());
+}
+
+TEST(ServerBooksAway, ADatabaseThatCouldNotBeReadOrMayNotBeWritten) {
+  const OwnServer server;
+  server.Run(
+      "CREATE DATABASE narrow ENCODING SQL_ASCII LC_COLLATE 'C' LC_CTYPE 'C' TEMPLATE "
+      "template0");
+  const Folder folder;
+  for (const auto& write : AllThatWrites(server.ConnectionString() + " dbname=narrow", folder)) {
+    EXPECT_THAT(ErrorOf(write), AllOf(StartsWith("501 cannot write the books \"narrow\" on \""),
+                                      HasSubstr("\": the database's encoding is SQL_ASCII")));
+  }
+  EXPECT_THAT(
+      ErrorOf([&] {
+        CreateBooks(server.ConnectionString() + " options='-c default_transaction_read_only=on'");
+      }),
+      EndsWith("\": the user's transactions are read-only (default_transaction_read_only is on)"));
+  EXPECT_THAT(ErrorOf([&] {
+                CreateBooks(server.ConnectionString() + " options='-c search_path=nowhere'");
+              }),
+              EndsWith("\": the search_path names no schema to make tables in"));
+}
+
+TEST(ServerBooksAway, ATextThatTheDatabasesEncodingDoesNotHaveIsToldWithItsRow) {
+  const OwnServer server;
+  server.Run(
+      "CREATE DATABASE narrow ENCODING LATIN1 LC_COLLATE 'C' LC_CTYPE 'C' TEMPLATE template0");
+  const Folder folder;
+  folder.Write("Uom1.csv", "Uom_id,UomName\n1,Nos\n2,\u0915\n");
+  const std::string narrow = server.ConnectionString() + " dbname=narrow";
+  EXPECT_THAT(ErrorOf([&] { (void)ImportBooks(narrow, folder.Path()); }),
+              AllOf(StartsWith("501 cannot write the books \"narrow\" on \""),
+                    HasSubstr("in encoding \"UTF8\" has no equivalent in encoding \"LATIN1\""),
+                    EndsWith(" (COPY Uom1, line 2)")));
+  EXPECT_EQ(ServerSession(narrow).Run("SELECT count(*) FROM pg_class WHERE relname = 'Uom1'"), "0");
+  folder.Write("Uom1.csv", "Uom_id,UomName\n1,Caf\u00e9\n");
+  EXPECT_EQ(ImportBooks(narrow, folder.Path()).size(), 1U);
+  EXPECT_EQ(ServerSession(narrow + " client_encoding=UTF8").Run("SELECT \"UomName\" FROM \"Uom1\""),
+            "Caf\u00e9");
+}
+
+TEST(ServerBooksAway, AServerThatIsKilledWhileItIsWrittenKeepsNothing) {
+  const OwnServer server;
+  server.Run("CHECKPOINT");
+  const Folder folder;
+  SampleBooks(folder.File("from.db"), 3000, 3);
+  EXPECT_THAT(ErrorOf([&] {
+                (void)CopyBooks(folder.File("from.db"), server.ConnectionString(),
+                                [&](std::string_view table) {
+                                  if (table == "GodownItem1") server.Kill();
+                                });
+              }),
+              AllOf(StartsWith("501 while copying GodownItem1: cannot write the books "),
+                    HasSubstr("server closed the connection unexpectedly")));
+  server.Resume();
+  EXPECT_EQ(server.Run("SELECT count(*) FROM pg_class WHERE relname IN ('Items1', 'Uom1')"), "0");
+  EXPECT_FALSE(CopyBooks(folder.File("from.db"), server.ConnectionString()).empty());
 }
 
 TEST_F(ServerBooks, AServerThatIsNotThereIsError501) {

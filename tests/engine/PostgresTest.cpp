@@ -27,14 +27,14 @@ using testing::StartsWith;
 
 constexpr const char* kThousandRows =
     "CREATE TABLE t (id int); INSERT INTO t SELECT generate_series(1, 1000)";
-constexpr const char* kCount = "whole N: SELECT count(*) FROM t";
+constexpr const char* kCount = "whole N: SELECT count(*) FROM @t";
 constexpr const char* kEndless =
-    "whole N: SELECT count(*) FROM t a, t b, t c, t d WHERE a.id + b.id = c.id - d.id";
-constexpr const char* kManyRows = "whole N: SELECT a.id FROM t a, t b, t c";
+    "whole N: SELECT count(*) FROM @t a, @t b, @t c, @t d WHERE a.id + b.id = c.id - d.id";
+constexpr const char* kManyRows = "whole N: SELECT a.id FROM @t a, @t b, @t c";
 
 std::shared_ptr<PostgresProvider> OpenPlain(const std::string& connection,
                                             milliseconds limit = milliseconds(5000)) {
-  return std::make_shared<PostgresProvider>(connection, limit, PlainText);
+  return std::make_shared<PostgresProvider>(connection, limit, PlainServerText);
 }
 
 std::string OpeningError(const std::string& connection) {
@@ -95,10 +95,12 @@ TEST(PostgresOpening, AServerThatDoesNotAnswerIsGivenUp) {
 TEST(PostgresOpening, ADatabaseWithoutBooksIsRefusedAsBooksAlone) {
   const Scratch scratch(kThousandRows);
   const auto connection = NewBooksConnection();
-  EXPECT_THAT(ErrorOf([&] { connection->Open(scratch.ConnectionString()); }),
-              AllOf(StartsWith("501 The database \"postgres\" on \"/tmp/"),
-                    EndsWith("\" holds no books: it has none of the tables Items1, Desr1, "
-                             "GodownItem1, LedgerNames1 and Voucher1.")));
+  EXPECT_THAT(
+      ErrorOf([&] { connection->Open(scratch.ConnectionString()); }),
+      AllOf(StartsWith("501 The database \"postgres\" on \"/tmp/"),
+            EndsWith("\" holds no books: no schema of the search_path that the user may use "
+                     "has one of the tables Items1, Desr1, GodownItem1, LedgerNames1 and "
+                     "Voucher1.")));
   const auto any = NewConnection();
   any->Open(scratch.ConnectionString());
   EXPECT_EQ(any->State(), adStateOpen);
@@ -261,15 +263,26 @@ TEST(PostgresErrors, HaveTheNumbersOfTheDialect) {
             "-2147217900 permission denied for table t (Ask somebody)");
 }
 
+TEST(PostgresErrors, AreOneLineOfSentences) {
+  EXPECT_EQ(postgres::OneLine("a closed connection\n\tThis means that the server\n\tended.\n"),
+            "a closed connection. This means that the server ended");
+  EXPECT_EQ(postgres::OneLine("refused\n\tIs it there?\nrefused again\n\tIs it there?\n"),
+            "refused. Is it there? refused again. Is it there?");
+  EXPECT_EQ(postgres::OneLine("A\n\nB: \nC"), "A. B: C");
+  EXPECT_EQ(postgres::OneLine(""), "");
+  EXPECT_EQ(postgres::Sentence("it is"), "it is.");
+  EXPECT_EQ(postgres::Sentence("is it?"), "is it?");
+}
+
 TEST(PostgresErrors, AreToldWithWhatWasDone) {
   const Scratch scratch(kThousandRows);
   const auto books = OpenPlain(scratch.ConnectionString());
   const auto error = [&](const std::string& text) { return ErrorOf([&] { Lines(*books, text); }); };
-  EXPECT_EQ(error("whole N: SELECT missing FROM t"),
+  EXPECT_EQ(error("whole N: SELECT missing FROM @t"),
             "-2147217900 while preparing a statement: column \"missing\" does not exist");
-  EXPECT_EQ(error("whole N: SELECT 1 / (id - 500) FROM t"),
+  EXPECT_EQ(error("whole N: SELECT 1 / (id - 500) FROM @t"),
             "11 while reading the rows: division by zero");
-  EXPECT_EQ(error("whole N, whole M: SELECT id FROM t"),
+  EXPECT_EQ(error("whole N, whole M: SELECT id FROM @t"),
             "-2147217900 while preparing a statement: table \"report\" has 1 columns available "
             "but 2 columns specified");
   EXPECT_THAT(Lines(*books, kCount), ElementsAre("1000")) << "it goes on";
@@ -278,9 +291,9 @@ TEST(PostgresErrors, AreToldWithWhatWasDone) {
 TEST(PostgresErrors, NothingCanBeWritten) {
   const Scratch scratch(kThousandRows);
   const auto books = OpenPlain(scratch.ConnectionString());
-  for (const char* text : {"whole N: SELECT 1) AS x(c1)) TO STDOUT; DELETE FROM t; --",
-                           "whole N: DELETE FROM t RETURNING id",
-                           "whole N: WITH x AS (DELETE FROM t RETURNING id) SELECT id FROM x",
+  for (const char* text : {"whole N: SELECT 1) AS x(c1)) TO STDOUT; DELETE FROM @t; --",
+                           "whole N: DELETE FROM @t RETURNING id",
+                           "whole N: WITH x AS (DELETE FROM @t RETURNING id) SELECT id FROM x",
                            "whole N: SELECT nextval('s')"}) {
     EXPECT_THAT(ErrorOf([&] { Lines(*books, text); }), StartsWith("-2147217900 ")) << text;
   }
@@ -335,7 +348,7 @@ TEST(PostgresCursors, FillChunksToTheirEnd) {
   const Scratch scratch(kThousandRows);
   const auto books = OpenPlain(scratch.ConnectionString());
   const auto cursor =
-      books->TakeSnapshot(kNoLimit)->Run("whole N: SELECT id FROM t ORDER BY id", kNoLimit);
+      books->TakeSnapshot(kNoLimit)->Run("whole N: SELECT id FROM @t ORDER BY id", kNoLimit);
   Chunk one(cursor->Columns(), 1);
   EXPECT_EQ(cursor->Read(one), 1U);
   EXPECT_EQ(cursor->Read(one), 0U) << "there is no room";
@@ -372,7 +385,7 @@ TEST(PostgresCursors, TimeInWhichNobodyReadsDoesNotCount) {
   const Scratch scratch(kThousandRows);
   const auto books = OpenPlain(scratch.ConnectionString());
   const auto cursor = books->TakeSnapshot(kNoLimit)->Run(
-      "whole N: SELECT a.id FROM t a, t b LIMIT 200000", milliseconds(1500));
+      "whole N: SELECT a.id FROM @t a, @t b LIMIT 200000", milliseconds(1500));
   Chunk one(cursor->Columns(), 1);
   cursor->Read(one);
   std::this_thread::sleep_for(milliseconds(1600));

@@ -54,6 +54,17 @@ inline sql::Translation PlainText(std::string_view text, const sql::Catalog& /*c
   return translation;
 }
 
+// The same for a server, which is told where every table is: "@t" is the table t.
+inline sql::Translation PlainServerText(std::string_view text, const sql::Catalog& catalog) {
+  sql::Translation translation = PlainText(text, catalog);
+  const sql::CatalogTable* table = catalog.Find("t");
+  const std::string place = table != nullptr ? table->schema + "." : "";
+  for (std::size_t at = 0; (at = translation.text.find('@', at)) != std::string::npos;) {
+    translation.text.replace(at, 1, place);
+  }
+  return translation;
+}
+
 inline std::string Shown(const Chunk& chunk, const ColumnInfo& column, std::size_t at,
                          std::size_t row) {
   if (chunk.IsNull(at, row)) return "(null)";

@@ -88,10 +88,12 @@ TEST_P(ServerBadInput, AWrongPasswordIsToldAndNotRepeated) {
 TEST_P(ServerBadInput, ADatabaseWithoutBooks) {
   const Scratch scratch("CREATE TABLE notes (id int)");
   const auto connection = NewBooksConnection();
-  EXPECT_THAT(OpenError(*connection, scratch.ConnectionString(), GetParam()),
-              AllOf(StartsWith("501 The database \"postgres\" on \""),
-                    EndsWith("\" holds no books: it has none of the tables Items1, Desr1, "
-                             "GodownItem1, LedgerNames1 and Voucher1.")));
+  EXPECT_THAT(
+      OpenError(*connection, scratch.ConnectionString(), GetParam()),
+      AllOf(StartsWith("501 The database \"postgres\" on \""),
+            EndsWith("\" holds no books: no schema of the search_path that the user may use "
+                     "has one of the tables Items1, Desr1, GodownItem1, LedgerNames1 and "
+                     "Voucher1.")));
   Scratch books("CREATE TABLE \"Items1\" (\"Item_id\" int); INSERT INTO \"Items1\" VALUES (3)");
   EXPECT_EQ(OpenError(*connection, books.ConnectionString(), GetParam()), "");
   EXPECT_EQ(Cell(connection, "select item_id from items1", GetParam()), "3");
@@ -134,6 +136,11 @@ TEST_P(ServerBadInput, ATableOrColumnThatGoesWhileTheBooksAreOpen) {
               AllOf(StartsWith("-2147217900 "), HasSubstr("unknown column \"name\"")));
   EXPECT_THAT(FetchError(connection, "select id from u", GetParam()),
               AllOf(StartsWith("-2147217900 "), HasSubstr("unknown table \"u\"")));
+  EXPECT_EQ(Cell(connection, "select id from t", GetParam()), "1");
+  scratch.Run("ALTER TABLE t RENAME TO v");
+  EXPECT_THAT(FetchError(connection, "select id from t", GetParam()),
+              AllOf(StartsWith("-2147217900 "), HasSubstr("unknown table \"t\"")));
+  scratch.Run("ALTER TABLE v RENAME TO t");
   EXPECT_EQ(Cell(connection, "select id from t", GetParam()), "1");
   scratch.Run("ALTER TABLE t ALTER id TYPE text USING 'now a text'");
   EXPECT_EQ(FetchError(connection, "select id from t", GetParam()),
@@ -384,6 +391,59 @@ TEST_P(ServerTexts, DoNotReachOtherSchemasAndTheServersFiles) {
     EXPECT_THAT(Condition(condition), StartsWith("-2147217900 ")) << condition;
   }
   EXPECT_EQ(Condition("id = 1"), "1") << "it can be read on";
+}
+
+// Somebody who may make functions in a schema of the books does not get them called by whoever
+// reads.
+TEST_P(ServerTexts, MeanTheServersOwnFunctionsAndOperatorsWhateverASchemaHas) {
+  Scratch scratch(
+      "CREATE TABLE items (id int, name varchar(20), rate real, day date);"
+      "INSERT INTO items VALUES (1, 'Bolt', 2.5, '2004-03-31'), (2, 'Nut', 7.5, '2005-03-31');"
+      "CREATE FUNCTION rtrim(varchar) RETURNS text LANGUAGE sql AS 'SELECT ''hijacked''::text';"
+      "CREATE FUNCTION lower(text) RETURNS text LANGUAGE sql AS 'SELECT ''hijacked''::text';"
+      "CREATE FUNCTION round(real, int) RETURNS numeric LANGUAGE sql AS 'SELECT 666.0';"
+      "CREATE FUNCTION sum_of(float8, real) RETURNS float8 LANGUAGE sql AS 'SELECT 666::float8';"
+      "CREATE AGGREGATE sum(real) (SFUNC = sum_of, STYPE = float8, INITCOND = '0');"
+      "CREATE FUNCTION always(int, numeric) RETURNS bool LANGUAGE sql AS 'SELECT true';"
+      "CREATE FUNCTION always(int, int) RETURNS bool LANGUAGE sql AS 'SELECT true';"
+      "CREATE OPERATOR = (LEFTARG = int, RIGHTARG = numeric, FUNCTION = always);"
+      "CREATE OPERATOR = (LEFTARG = int, RIGHTARG = int, FUNCTION = always);"
+      "CREATE DOMAIN numeric AS text; CREATE TABLE pg_class (relname text)");
+  std::string last = scratch.ConnectionString();
+  last.insert(last.rfind('\''), ",pg_catalog");
+  for (const std::string& text : {scratch.ConnectionString(), last}) {
+    const auto connection = Opened(text);
+    const auto ids = [&](const std::string& condition) {
+      return Cell(connection, "select count(*) as n from items where " + condition, GetParam());
+    };
+    EXPECT_EQ(ids("name = 'BOLT '"), "1");
+    EXPECT_EQ(ids("name = 'hijacked'"), "0");
+    EXPECT_EQ(ids("name like 'n%'"), "1");
+    EXPECT_EQ(ids("id = 1.5"), "0");
+    EXPECT_EQ(ids("id = 2"), "1");
+    EXPECT_EQ(ids("round(rate, 0) = 666"), "0");
+    EXPECT_EQ(ids("cast(rate as money) = 2.5"), "1");
+    EXPECT_EQ(ids("day between '04/01/2003' and '03/31/2004'"), "1");
+    EXPECT_EQ(Cell(connection, "select sum(rate) as n from items", GetParam()), "10");
+    EXPECT_EQ(Cell(connection, "select count(*) as n from pg_class", GetParam()), "0")
+        << "the books' own";
+  }
+}
+
+TEST_P(ServerTexts, FindATableInTheFirstSchemaThatHasIt) {
+  const Scratch first("CREATE TABLE \"Items\" (id int); INSERT INTO \"Items\" VALUES (1)");
+  const Scratch second(
+      "CREATE TABLE \"ITEMS\" (id int, other int); INSERT INTO \"ITEMS\" VALUES (2);"
+      "CREATE TABLE more (id int); INSERT INTO more VALUES (3)");
+  std::string both = first.ConnectionString();
+  const std::string& behind = second.ConnectionString();
+  const std::size_t name = behind.rfind('=') + 1;
+  both.insert(both.rfind('\''), "," + behind.substr(name, behind.rfind('\'') - name));
+  const auto connection = Opened(both);
+  EXPECT_EQ(Cell(connection, "select id from items", GetParam()), "1");
+  EXPECT_EQ(Cell(connection, "select id from more", GetParam()), "3");
+  EXPECT_THAT(FetchError(connection, "select other from items", GetParam()),
+              HasSubstr("unknown column \"other\""));
 }
 
 TEST_P(ServerTexts, ReadNoMoreThanTheConnectionsUserMay) {

@@ -27,11 +27,12 @@ constexpr const char* kCount = "select count(*) as n from t";
 constexpr const char* kManyRows = "select a.id, b.id as other from t a, t b, t c";
 // In the server's own words, which ask for no order: a thousand million rows, of which the first
 // come at once and the server is always still sending.
-constexpr const char* kEndlessRows = "whole Id, whole Other: SELECT a.id, b.id FROM t a, t b, t c";
-constexpr const char* kCountPlain = "whole N: SELECT count(*) FROM t";
+constexpr const char* kEndlessRows =
+    "whole Id, whole Other: SELECT a.id, b.id FROM @t a, @t b, @t c";
+constexpr const char* kCountPlain = "whole N: SELECT count(*) FROM @t";
 
 std::shared_ptr<Provider> OpenPlain(const std::string& connection_string, milliseconds limit) {
-  return std::make_shared<postgres::PostgresProvider>(connection_string, limit, PlainText);
+  return std::make_shared<postgres::PostgresProvider>(connection_string, limit, PlainServerText);
 }
 
 std::shared_ptr<Connection> Opened(const OwnServer& server, bool plain = false) {
@@ -77,8 +78,8 @@ TEST_P(ServerGone, BeforeAFetch) {
     EXPECT_THAT(FetchError(connection, kCount, GetParam()),
                 AllOf(StartsWith("-2147217900 The books \"postgres\" on \"/tmp/pst-own-"),
                       HasSubstr("cannot be opened: connection to server on socket "),
-                      AnyOf(EndsWith("No such file or directory Is the server running locally and "
-                                     "accepting connections on that socket?."),
+                      AnyOf(EndsWith("No such file or directory. Is the server running locally and "
+                                     "accepting connections on that socket?"),
                             HasSubstr("Connection refused"))));
   }
   connection->Close();

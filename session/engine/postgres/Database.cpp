@@ -17,11 +17,25 @@ constexpr int kLookMilliseconds = 10;
 
 constexpr int kOldestVersion = 140000;
 
+// A session that has rested for longer may have been cut off without a word, as by a firewall. One
+// that does not answer is not waited for until all the time is used up, because another may.
+constexpr std::chrono::seconds kShortRest{1};
+constexpr std::chrono::milliseconds kAnswers{5000};
+
+std::chrono::milliseconds AnswerLimit(const Watch& watch) {
+  return watch.Limit().count() <= 0 ? kAnswers : std::min(kAnswers, watch.Limit() / 4);
+}
+
 // What the emitted texts count on, what keeps the session from writing, and what lets the server
 // notice at once that nobody waits for a statement any more. To compile the hundreds of expressions
 // of a report takes the server longer than to run them. Where a table is spread over servers, each
 // is to sum and join its part.
+// Somebody may have made a function or an operator in a schema of the books that fits better than
+// the server's own. No name is therefore looked for there: tables are named with their schemas.
 constexpr const char* kSettings =
+    "SELECT pg_catalog.set_config('pstolvane1.schemas',"
+    " pg_catalog.current_schemas(false)::pg_catalog.text, false);"
+    "SET search_path = pg_catalog;"
     "SET default_transaction_read_only = on;"
     "SET DateStyle = 'ISO, MDY';"
     "SET standard_conforming_strings = on;"
@@ -59,8 +73,9 @@ class Running {
 Database::Database(const Settings& settings, Watch& watch) {
   try {
     const Running running(watch);
-    Connect(settings, watch);
-    CheckServer(watch);
+    Watch connecting = watch.Within(settings.ConnectLimit());
+    Connect(settings, connecting);
+    CheckServer(connecting);
   } catch (const Error& error) {
     throw Error(ErrorNumber::kConnection, error.Description());
   }
@@ -203,6 +218,7 @@ bool Database::NextPiece(NativeBuffer& piece, std::size_t& size, Watch& watch) {
 
 bool Database::LetGo() noexcept {
   if (IsLost()) return false;
+  rests_since_ = Watch::Clock::now();
   switch (PQtransactionStatus(native_.get())) {
     case PQTRANS_IDLE:
       return true;
@@ -217,12 +233,15 @@ bool Database::LetGo() noexcept {
 bool Database::TakeUp(Watch& watch) noexcept {
   try {
     const Running running(watch);
-    Drain(watch);
+    Watch answering = watch.Within(AnswerLimit(watch));
+    Drain(answering);
     // What the server said when it went is read now, and then that it went.
     pollfd waiting{PQsocket(native_.get()), POLLIN, 0};
     while (waiting.fd >= 0 && ::poll(&waiting, 1, 0) > 0) {
       if (PQconsumeInput(native_.get()) == 0) return false;
     }
+    const bool rested = Watch::Clock::now() - rests_since_ > kShortRest;
+    if (rested && !IsLost()) static_cast<void>(Run("", answering));
     return !IsLost() && PQtransactionStatus(native_.get()) == PQTRANS_IDLE;
   } catch (const Error&) {
     return false;

@@ -17,8 +17,8 @@ namespace pstolvane1::postgres {
 // lost (...)". A session that goes while a statement runs ends the statement.
 class Database {
  public:
-  // Connects within the watch's limit. Error 501 whose text continues "the books NAME cannot be
-  // opened: ...", with the server's own words.
+  // Connects within the watch's limit and that of the settings. Error 501 whose text continues "the
+  // books NAME cannot be opened: ...", with the server's own words.
   Database(const Settings& settings, Watch& watch);
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
@@ -35,8 +35,8 @@ class Database {
   [[nodiscard]] bool NextPiece(NativeBuffer& piece, std::size_t& size, Watch& watch);
   // Ends the transaction without waiting for it. False when the session is of no use any more.
   [[nodiscard]] bool LetGo() noexcept;
-  // Waits for what LetGo left behind. False when the session is of no use any more, as after the
-  // server was stopped.
+  // Waits a few seconds for what LetGo left behind, and after a rest asks whether the server still
+  // answers. False when the session is of no use any more, as after the server was stopped.
   [[nodiscard]] bool TakeUp(Watch& watch) noexcept;
   [[nodiscard]] bool IsLost() const noexcept;
   // A statement of the open transaction was refused, and nothing runs.
@@ -55,6 +55,7 @@ class Database {
   [[nodiscard]] Error Lost() const;
 
   NativeConnection native_;
+  Watch::Clock::time_point rests_since_{};  // since LetGo
 };
 
 }  // namespace pstolvane1::postgres

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <libpq-fe.h>
 #include <optional>
+#include <utility>
 
 #include "session/sql/PostgresEmitter.h"
 
@@ -51,17 +52,32 @@ std::string OverflowWords(std::string_view message, std::string_view detail) {
   return decimal.empty() ? OneLine(message) : decimal;
 }
 
+bool IsStop(char c) { return c == '.' || c == '?' || c == '!' || c == ':' || c == ';'; }
+
 }  // namespace
 
 std::string OneLine(std::string_view words) {
   std::string line;
+  bool begins = false;
   for (const char c : words) {
     const bool blank = c == ' ' || c == '\n' || c == '\t' || c == '\r';
-    if (!blank) line += c;
     if (blank && !line.empty() && line.back() != ' ') line += ' ';
+    if (c == '\n') begins = true;
+    if (blank) continue;
+    const bool capital = c >= 'A' && c <= 'Z';
+    if (std::exchange(begins, false) && capital && line.size() > 1 &&
+        !IsStop(line[line.size() - 2])) {
+      line.insert(line.size() - 1, ".");
+    }
+    line += c;
   }
   while (!line.empty() && (line.back() == ' ' || line.back() == '.')) line.pop_back();
   return line;
+}
+
+std::string Sentence(std::string words) {
+  if (words.empty() || !IsStop(words.back())) words += '.';
+  return words;
 }
 
 Error ErrorOf(const pg_result* result) {

@@ -11,8 +11,11 @@ struct pg_result;
 
 namespace pstolvane1::postgres {
 
-// The words on one line, without the full stop and the blanks at their end.
+// The words on one line, without the full stop and the blanks at their end. A line that begins with
+// a capital letter begins a sentence.
 [[nodiscard]] std::string OneLine(std::string_view words);
+// Such words with their full stop, if they do not ask something.
+[[nodiscard]] std::string Sentence(std::string words);
 
 // The error for a failed result: by its SQLSTATE 6, 11, 13 or else -2147217900, with the dialect's
 // words where it has some and the server's words otherwise.

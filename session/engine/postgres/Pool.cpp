@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "session/engine/postgres/Errors.h"
+
 namespace pstolvane1::postgres {
 namespace {
 
@@ -20,12 +22,16 @@ std::unique_ptr<Database> Pool::Take(Watch& watch) {
       idle_.pop_back();
     }
     if (database->TakeUp(watch)) return database;
+    // Those that rest beside it are hardly better, and each would be waited for.
+    std::vector<std::unique_ptr<Database>> others;
+    const std::lock_guard guard(mutex_);
+    others.swap(idle_);
   }
   try {
     return std::make_unique<Database>(settings_, watch);
   } catch (const Error& error) {
-    throw Error(ErrorNumber::kConnection, "The books " + settings_.Name() +
-                                              " cannot be opened: " + error.Description() + ".");
+    throw Error(ErrorNumber::kConnection, "The books " + settings_.Name() + " cannot be opened: " +
+                                              Sentence(error.Description()));
   }
 }
 

@@ -19,17 +19,17 @@ constexpr const char* kColumns =
     "END,"
     " CASE WHEN b.oid IS NULL THEN a.atttypmod ELSE t.typtypmod END,"
     " array_position(i.indkey::int2[], a.attnum), a.attnotnull, c.relkind,"
-    " coalesce(i.indisprimary, false)"
-    " FROM pg_class c JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = "
-    "a.atttypid"
+    " coalesce(i.indisprimary, false), n.nspname"
+    " FROM unnest(current_setting('pstolvane1.schemas')::name[]) WITH ORDINALITY AS s(name, place)"
+    " JOIN pg_namespace n ON n.nspname = s.name JOIN pg_class c ON c.relnamespace = n.oid"
+    " JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid"
     " LEFT JOIN pg_type b ON b.oid = nullif(t.typbasetype, 0)"
     " LEFT JOIN LATERAL (SELECT x.indkey, x.indisprimary FROM pg_index x WHERE x.indrelid = c.oid"
     " AND x.indexprs IS NULL AND x.indpred IS NULL ORDER BY x.indisprimary DESC, x.indexrelid LIMIT"
     " 1) i ON true"
     " WHERE a.attnum > 0 AND NOT a.attisdropped AND c.relkind IN ('r', 'v', 'm', 'f', 'p')"
-    " AND NOT c.relispartition AND c.relnamespace NOT IN"
-    " ('pg_catalog'::regnamespace, 'information_schema'::regnamespace)"
-    " AND pg_table_is_visible(c.oid) ORDER BY c.relname, c.oid, a.attnum";
+    " AND NOT c.relispartition AND n.nspname NOT IN ('pg_catalog', 'information_schema')"
+    " ORDER BY s.place, c.relname, a.attnum";
 
 // The server's types in the dialect, and how those are read that it keeps in another way.
 struct Meaning {
@@ -131,8 +131,12 @@ sql::Catalog ReadCatalog(Database& database, Watch& watch) {
     const auto cell = [&](int column) {
       return std::string_view(PQgetvalue(rows.get(), row, column));
     };
-    if (described.empty() || described.back().table.name != cell(0)) {
-      described.push_back({.table = {std::string(cell(0)), {}},
+    if (described.empty() || described.back().table.name != cell(0) ||
+        described.back().table.schema != cell(9)) {
+      described.push_back({.table = {.name = std::string(cell(0)),
+                                     .columns = {},
+                                     .row_order = {},
+                                     .schema = std::string(cell(9))},
                            .is_key = cell(8) == "t",
                            .has_places = cell(7) == "r" || cell(7) == "m",
                            .index = {},

@@ -26,16 +26,20 @@ inline constexpr std::string_view kSingleMark = "single";
                                                          std::string_view type,
                                                          std::string_view mark, int modifier);
 
-// The tables and views that the session's search_path finds, the server's own left out, and parts
-// of partitioned tables. Columns of types that the dialect does not have are left out.
+// The schemas of the books, in the order in which tables are looked for in them, as an expression.
+// Valid in the sessions of Database, which find nothing but the server's own by a name alone.
+inline constexpr const char* kBooksSchemas = "current_setting('pstolvane1.schemas')::name[]";
+
+// The tables and views of the schemas of the books, the server's own left out, and parts of
+// partitioned tables. Columns of types that the dialect does not have are left out.
 [[nodiscard]] sql::Catalog ReadCatalog(Database& database, Watch& watch);
 
 // An expression of the server whose value changes with what ReadCatalog would find.
 inline constexpr const char* kSchemaVersion =
-    "(SELECT count(*) || '/' || coalesce(sum(a.xmin::text::bigint + a.attrelid::bigint), 0) FROM "
-    "pg_class c JOIN pg_attribute a ON a.attrelid = c.oid WHERE a.attnum > 0 AND c.relkind IN "
-    "('r', 'v', 'm', 'f', 'p') AND NOT c.relispartition AND c.relnamespace NOT IN "
-    "('pg_catalog'::regnamespace, 'information_schema'::regnamespace) AND "
-    "pg_table_is_visible(c.oid))";
+    "(SELECT count(*) || '/' || coalesce(sum(a.xmin::text::bigint + c.xmin::text::bigint +"
+    " a.attrelid::bigint), 0) FROM pg_namespace n JOIN pg_class c ON c.relnamespace = n.oid"
+    " JOIN pg_attribute a ON a.attrelid = c.oid WHERE n.nspname ="
+    " ANY (current_setting('pstolvane1.schemas')::name[]) AND a.attnum > 0 AND c.relkind IN"
+    " ('r', 'v', 'm', 'f', 'p') AND NOT c.relispartition)";
 
 }  // namespace pstolvane1::postgres

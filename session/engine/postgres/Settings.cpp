@@ -1,6 +1,7 @@
 #include "session/engine/postgres/Settings.h"
 
 #include <algorithm>
+#include <charconv>
 #include <libpq-fe.h>
 #include <memory>
 
@@ -15,9 +16,12 @@ struct FreeOptions {
 };
 using Options = std::unique_ptr<PQconninfoOption, FreeOptions>;
 
-// A server that is gone without a word is noticed within a minute.
+// A server that does not answer is given up, and one that is gone without a word is noticed within
+// a minute.
 constexpr std::pair<const char*, const char*> kDefaults[] = {
     {"fallback_application_name", "pStolvane1"},
+    {"connect_timeout", "30"},
+    {"tcp_user_timeout", "60000"},
     {"keepalives_idle", "30"},
     {"keepalives_interval", "10"},
     {"keepalives_count", "3"},
@@ -58,6 +62,13 @@ Settings::Settings(std::string_view connection_string) {
   if (!host.empty()) {
     name_ += " on \"" + host + (Value("port").empty() ? "" : ":" + Value("port")) + "\"";
   }
+}
+
+std::chrono::milliseconds Settings::ConnectLimit() const {
+  const std::string text = Value("connect_timeout");
+  int seconds = 0;
+  std::from_chars(text.data(), text.data() + text.size(), seconds);
+  return std::chrono::seconds(std::max(seconds, 0));
 }
 
 std::string Settings::Value(std::string_view keyword) const {

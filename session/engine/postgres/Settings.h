@@ -1,6 +1,7 @@
 // What a connection string of PostgreSQL says.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,6 +22,8 @@ class Settings {
   }
   // How an error calls the database: "books" on "db.example.com:5433".
   [[nodiscard]] const std::string& Name() const { return name_; }
+  // For how long a connection may be tried; 0 is no limit.
+  [[nodiscard]] std::chrono::milliseconds ConnectLimit() const;
 
  private:
   [[nodiscard]] std::string Value(std::string_view keyword) const;

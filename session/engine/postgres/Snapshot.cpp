@@ -9,12 +9,13 @@ namespace pstolvane1::postgres {
 
 namespace {
 
-// One SELECT that reaches every server on which a table of the search_path, or a part of one, lies;
-// Null where all tables are here.
+// One SELECT that reaches every server on which a table of the books, or a part of one, lies; Null
+// where all tables are here.
 constexpr const char* kReachAll =
     "(SELECT string_agg(format('(SELECT 1 FROM %s LIMIT 1)', one), ' UNION ALL ') FROM"
-    " (SELECT min(ftrelid)::regclass AS one FROM pg_foreign_table"
-    " WHERE pg_table_is_visible(coalesce(pg_partition_root(ftrelid), ftrelid))"
+    " (SELECT min(ftrelid)::regclass AS one FROM pg_foreign_table JOIN pg_class c ON c.oid ="
+    " coalesce(pg_partition_root(ftrelid), ftrelid) JOIN pg_namespace n ON n.oid = c.relnamespace"
+    " WHERE n.nspname = ANY (current_setting('pstolvane1.schemas')::name[])"
     " GROUP BY ftserver) AS servers)";
 
 // Of what is read ahead, about; a row is never parted.
