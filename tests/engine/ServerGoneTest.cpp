@@ -121,10 +121,10 @@ TEST_P(ServerGone, WhileItDoesNotAnswer) {
   connection->CommandTimeout(1);
   server_.Freeze();
   const auto begin = std::chrono::steady_clock::now();
-  EXPECT_EQ(FetchError(connection, kCount, GetParam()),
-            "-2147217900 the time limit of 1 s was reached");
-  EXPECT_THAT(FetchError(connection, kCount, GetParam()),
-              AllOf(StartsWith("-2147217900 "), HasSubstr("the time limit of 1 s was reached")));
+  for (int fetch = 0; fetch < 2; ++fetch) {
+    EXPECT_THAT(FetchError(connection, kCount, GetParam()),
+                AllOf(StartsWith("-2147217900 "), HasSubstr("the time limit of 1 s was reached")));
+  }
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
   server_.Thaw();
   EXPECT_EQ(CountOnceItRuns(connection, GetParam()), "1000");
