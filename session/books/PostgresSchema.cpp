@@ -1,7 +1,7 @@
 #include "session/books/Schema.h"
 #include "session/engine/postgres/Schema.h"
 #include "session/sql/EngineText.h"
-#include "session/sql/PostgresEmitter.h"
+#include "session/sql/PostgresFold.h"
 
 namespace pstolvane1::books {
 namespace {
@@ -64,13 +64,14 @@ std::string PostgresCreateTable(const Table& table, std::string_view schema) {
   return text + ")";
 }
 
-std::string PostgresCreateIndex(const Table& table, const Index& index, std::string_view schema) {
+std::string PostgresCreateIndex(const Table& table, const Index& index, std::string_view schema,
+                                sql::Characters characters) {
   std::string columns;
   ForEachName(index.columns, [&](std::string_view name) {
     const std::string quoted = QuotedName(name);
     const bool text = table.Find(name)->kind == ColumnKind::kText;
     columns += columns.empty() ? "" : ", ";
-    columns += text ? "(" + sql::PostgresFolded(quoted) + ")" : quoted;
+    columns += text ? "(" + sql::PostgresFolded(quoted, characters) + ")" : quoted;
   });
   return "CREATE INDEX " + QuotedName(index.name) + " ON " + In(schema) + QuotedName(table.name) +
          " (" + columns + ")";

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "session/sql/Catalog.h"
+
 namespace pstolvane1::books {
 
 enum class ColumnKind {
@@ -59,7 +61,8 @@ struct Table {
 // In that schema, or in the first of the search_path where none is named.
 [[nodiscard]] std::string PostgresCreateTable(const Table& table, std::string_view schema = {});
 [[nodiscard]] std::string PostgresCreateIndex(const Table& table, const Index& index,
-                                              std::string_view schema = {});
+                                              std::string_view schema = {},
+                                              sql::Characters characters = sql::Characters::kAll);
 // What has to be there before the tables are made; may be run again.
 [[nodiscard]] std::string PostgresCreateDomain(std::string_view schema = {});
 [[nodiscard]] std::string PostgresSchema();

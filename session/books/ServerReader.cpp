@@ -100,13 +100,16 @@ class ServerReader final : public Reader {
   }
   // A text is indexed by what the front end compares, told as "~name".
   [[nodiscard]] std::vector<std::string> IndexesIn(const Table& table) override {
+    const bool all = catalog_.TextCharacters() == sql::Characters::kAll;
     const postgres::NativeResult rows = catalog_.Run(
         "SELECT string_agg(CASE WHEN k.attnum > 0 THEN lower(a.attname) ELSE regexp_replace("
         "lower(pg_get_indexdef(i.indexrelid, k.place::int, true)),"
-        " '^lower\\(\\(?rtrim\\(\\(?\"?([^\")]+).*$', '~\\1') END, ',' ORDER BY k.place)"
-        " FROM pg_index i CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY AS"
-        " k(attnum, place) LEFT JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum ="
-        " k.attnum WHERE i.indpred IS NULL AND i.indrelid = " +
+        " '^" +
+            std::string(all ? "\\(?\\s*case\\s+when octet_length" : "lower\\(\\(?rtrim") +
+            "\\(\\(?\"?([^\")]+).*$', '~\\1') END, ',' ORDER BY k.place)"
+            " FROM pg_index i CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY AS"
+            " k(attnum, place) LEFT JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum ="
+            " k.attnum WHERE i.indpred IS NULL AND i.indrelid = " +
             Named(table) + " GROUP BY i.indexrelid",
         watch_);
     std::vector<std::string> indexes;
@@ -136,7 +139,7 @@ class ServerReader final : public Reader {
     return PostgresCreateTable(table) + ";";
   }
   [[nodiscard]] std::string CreateIndex(const Table& table, const Index& index) const override {
-    return PostgresCreateIndex(table, index) + ";";
+    return PostgresCreateIndex(table, index, {}, catalog_.TextCharacters()) + ";";
   }
   [[nodiscard]] std::string AddColumn(const Table& table, const Column& column) const override {
     return "ALTER TABLE " + sql::QuotedName(table.name) + " ADD COLUMN " +

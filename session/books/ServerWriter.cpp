@@ -7,6 +7,7 @@
 #include "session/data/Error.h"
 #include "session/engine/postgres/Database.h"
 #include "session/engine/postgres/Errors.h"
+#include "session/engine/postgres/Schema.h"
 #include "session/engine/postgres/Settings.h"
 #include "session/sql/EngineText.h"
 
@@ -111,7 +112,10 @@ void ServerWriter::CreateTables() {
 }
 
 void ServerWriter::CreateIndexes(const Table& table) {
-  for (const Index& index : table.indexes) Execute(PostgresCreateIndex(table, index, schema_));
+  const sql::Characters characters = postgres::TextCharactersOf(connection_.get());
+  for (const Index& index : table.indexes) {
+    Execute(PostgresCreateIndex(table, index, schema_, characters));
+  }
 }
 
 void ServerWriter::Finish() {

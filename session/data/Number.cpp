@@ -111,4 +111,14 @@ bool Number::IsZero() const {
   return std::get<double>(value_) == 0;
 }
 
+double InSureDigits(double number) {
+  constexpr int kBehindFirst = 14;
+  std::array<char, 32> text;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                 std::chars_format::scientific, kBehindFirst);
+  double read = number;
+  std::from_chars(text.data(), end.ptr, read);
+  return read + 0.0;
+}
+
 }  // namespace pstolvane1

@@ -41,4 +41,8 @@ class Number {
 [[nodiscard]] std::string TextOf(float number);
 [[nodiscard]] std::string TextOf(double number);
 
+// The number that its first 15 significant digits say, which are those of a decimal that a 64-bit
+// float keeps: 0.87655 for 0.8765499999999999. A zero has no sign.
+[[nodiscard]] double InSureDigits(double number);
+
 }  // namespace pstolvane1

@@ -39,7 +39,7 @@ class Characters {
       at_ = start + 1;
       return kInvalidByte + first;
     }
-    return u_foldCase(c, U_FOLD_CASE_DEFAULT);
+    return FoldedCharacter(c);
   }
 
  private:
@@ -105,6 +105,11 @@ void AppendUtf8(std::string& text, std::int32_t c) {
 }
 
 }  // namespace
+
+// The folding leaves the capital İ alone, which has no other small form than i.
+std::int32_t FoldedCharacter(std::int32_t character) {
+  return u_tolower(u_foldCase(character, U_FOLD_CASE_DEFAULT));
+}
 
 int CompareFolded(std::string_view a, std::string_view b) {
   Characters left(a);

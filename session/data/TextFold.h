@@ -7,8 +7,9 @@
 
 namespace pstolvane1 {
 
-// Case is taken away by the simple folding of Unicode (one character for one), which no locale
-// changes: "ITEM" is "item", "STRASSE" is not "straße". Text is UTF-8; a byte that is not part of
+// Case is taken away character by character: by the simple folding of Unicode, which no locale
+// changes, and then what has a small form is small. "ITEM" is "item", "ΟΔΟΣ" is "οδος" and "οδοσ",
+// "İ" is "i", "STRASSE" is not "straße". Text is UTF-8; a byte that is not part of
 // valid UTF-8 counts as a character of its own, behind all others. Any thread.
 
 // Below 0, 0 or above 0 as a stands before, at or behind b.
@@ -22,6 +23,8 @@ namespace pstolvane1 {
 [[nodiscard]] std::string Folded(std::string_view text);
 // True when the whole text fits the pattern, in which * and % stand for any run of characters.
 [[nodiscard]] bool LikeFolded(std::string_view text, std::string_view pattern);
+// One character of Unicode in its folded form.
+[[nodiscard]] std::int32_t FoldedCharacter(std::int32_t character);
 // How many characters a text has.
 [[nodiscard]] std::size_t CountCharacters(std::string_view text);
 

@@ -134,7 +134,8 @@ const CatalogColumn* CatalogTable::Find(std::string_view column) const {
   return found == columns.end() ? nullptr : &*found;
 }
 
-Catalog::Catalog(std::vector<CatalogTable> tables) : tables_(std::move(tables)) {
+Catalog::Catalog(std::vector<CatalogTable> tables, Characters characters)
+    : tables_(std::move(tables)), characters_(characters) {
   std::ranges::stable_sort(tables_, {},
                            [](const CatalogTable& table) { return FoldedName(table.name); });
 }

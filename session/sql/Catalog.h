@@ -48,18 +48,24 @@ struct CatalogTable {
   [[nodiscard]] const CatalogColumn* Find(std::string_view column) const;  // any case
 };
 
+// The characters that the texts of a database may hold: all of Unicode, or those of an older
+// encoding.
+enum class Characters { kAll, kSome };
+
 // Tables and views that the texts may name; names ignore case. Immutable once made, so that threads
 // can share it.
 class Catalog {
  public:
   Catalog() = default;
-  explicit Catalog(std::vector<CatalogTable> tables);
+  explicit Catalog(std::vector<CatalogTable> tables, Characters characters = Characters::kAll);
   // Null when there is none.
   [[nodiscard]] const CatalogTable* Find(std::string_view table) const;
   [[nodiscard]] const std::vector<CatalogTable>& Tables() const { return tables_; }
+  [[nodiscard]] Characters TextCharacters() const { return characters_; }
 
  private:
   std::vector<CatalogTable> tables_;  // in the order of their folded names
+  Characters characters_ = Characters::kAll;
 };
 
 // The dialect's type of a column declared as "DECIMAL(19,4)", "BIT", "int", "varchar(50)",

@@ -28,22 +28,6 @@ bool IsText(const bound::SourceColumn& column) { return column.type.type == Type
 
 bool HasText(const bound::Query& query) { return std::ranges::any_of(query.columns, IsText); }
 
-// Of rows that are equal the one whose texts stand last by code point.
-std::string WithoutRepeats(const std::string& text, const bound::Query& query) {
-  std::string keys;
-  std::string ties;
-  std::string columns;
-  for (std::size_t i = 0; i < query.columns.size(); ++i) {
-    const std::string column = PlaceColumn(i);
-    const bool is_text = IsText(query.columns[i]);
-    keys += (i == 0 ? "" : ", ") + (is_text ? PostgresFolded(column) : column);
-    if (is_text) ties += ", " + column + " COLLATE \"C\" DESC";
-    columns += (i == 0 ? "" : ", ") + column;
-  }
-  return "SELECT DISTINCT ON (" + keys + ") " + columns + " FROM " +
-         AsRows(text, query.columns.size()) + " ORDER BY " + keys + ties;
-}
-
 std::string LimitText(const bound::Select& select) {
   return select.top ? " LIMIT " + std::to_string(*select.top) : "";
 }
@@ -55,8 +39,25 @@ std::string Directed(const std::string& by, bool descending) {
 
 }  // namespace
 
-std::string EmitPostgres(const bound::Query& query, const Statement& statement) {
-  return PostgresEmitter(statement).QueryText(query, PostgresEmitter::Use::kStatement);
+std::string EmitPostgres(const bound::Query& query, const Statement& statement,
+                         Characters characters) {
+  return PostgresEmitter(statement, characters).QueryText(query, PostgresEmitter::Use::kStatement);
+}
+
+std::string PostgresEmitter::WithoutRepeats(const std::string& text,
+                                            const bound::Query& query) const {
+  std::string keys;
+  std::string ties;
+  std::string columns;
+  for (std::size_t i = 0; i < query.columns.size(); ++i) {
+    const std::string column = PlaceColumn(i);
+    const bool is_text = IsText(query.columns[i]);
+    keys += (i == 0 ? "" : ", ") + (is_text ? Folded(column) : column);
+    if (is_text) ties += ", " + column + " COLLATE \"C\" DESC";
+    columns += (i == 0 ? "" : ", ") + column;
+  }
+  return "SELECT DISTINCT ON (" + keys + ") " + columns + " FROM " +
+         AsRows(text, query.columns.size()) + " ORDER BY " + keys + ties;
 }
 
 std::string PostgresEmitter::QueryText(const bound::Query& query, Use use) {
@@ -163,7 +164,7 @@ std::string PostgresEmitter::OrderText(const bound::Query& query, Use use,
     if (order.value) {
       add(Compared(*order.value).text, order.descending);
     } else if (use != Use::kCompared && IsText(query.columns[*order.column])) {
-      add(PostgresFolded(items[*order.column]), order.descending);
+      add(Folded(items[*order.column]), order.descending);
     } else {
       add(std::to_string(*order.column + 1), order.descending);
     }

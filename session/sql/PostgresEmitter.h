@@ -19,16 +19,13 @@ namespace pstolvane1::sql {
 // standard_conforming_strings on. A failure in a row is the server's own (22012, 22003, 22P02,
 // 21000, ...) or a cast of a text that begins with kPostgresFailure. Error -2147217900 with the
 // place for a form that the server cannot be given.
-[[nodiscard]] std::string EmitPostgres(const bound::Query& query, const Statement& statement);
+[[nodiscard]] std::string EmitPostgres(const bound::Query& query, const Statement& statement,
+                                       Characters characters);
 
 // "pst:NUMBER:words:pst": what a text that is cast to int4 holds where a row is to fail with that
 // number and those words. The server repeats it in a message of its own language.
 inline constexpr std::string_view kPostgresFailure = "pst:";
 inline constexpr std::string_view kPostgresFailureEnd = ":pst";
-
-// The text whose bytes compare as the dialect compares the value: no case, no trailing blanks. Any
-// index that is to serve a comparison of texts is made on it.
-[[nodiscard]] std::string PostgresFolded(const std::string& value);
 
 // A name as PostgreSQL keeps it: those beyond its 63 bytes are shortened, and stay apart.
 [[nodiscard]] std::string PostgresName(std::string_view name);
@@ -56,7 +53,8 @@ struct PostgresText {
 // The work behind EmitPostgres, one object for one statement.
 class PostgresEmitter {
  public:
-  explicit PostgresEmitter(const Statement& statement) : statement_(statement) {}
+  PostgresEmitter(const Statement& statement, Characters characters)
+      : statement_(statement), characters_(characters) {}
 
   // What the rows of a query are for.
   enum class Use {
@@ -120,7 +118,15 @@ class PostgresEmitter {
   [[nodiscard]] PostgresText Condition(const bound::Expr& condition);
   [[nodiscard]] PostgresText LikeText(const bound::Like& node);
 
+  // Of a text: what stands for it in a comparison, an order or a group.
+  [[nodiscard]] std::string Folded(const std::string& value) const;
+  // Of rows that are equal the one whose texts stand last by code point.
+  [[nodiscard]] std::string WithoutRepeats(const std::string& text,
+                                           const bound::Query& query) const;
+  [[nodiscard]] PostgresText ExtremeText(const std::string& value, bool first) const;
+
   const Statement& statement_;
+  const Characters characters_;
   // The selects around whose rows are grouped already where the emitter stands.
   std::vector<const bound::Select*> grouped_;
   // The columns of sources that a full join has put into one derived table: what stands for each.

@@ -1,4 +1,5 @@
 #include "session/sql/PostgresEmitter.h"
+#include "session/sql/PostgresFold.h"
 #include "session/sql/PostgresLike.h"
 #include "session/sql/Refusal.h"
 
@@ -93,17 +94,14 @@ PostgresText PostgresEmitter::LikeText(const bound::Like& node) {
       PostgresPatternOf(pattern->text, escape == nullptr ? "" : escape->text);
   const PostgresText value = Value(*node.operand);
   using Way = PostgresPattern::Way;
-  const auto folded = [](const std::string& text) {
-    return "lower(" + text + " COLLATE \"und-x-icu\") COLLATE \"C\"";
-  };
   const std::string kept = Bracketed(value, PostgresBinding::kSign);
   if (read.way == Way::kNever) {
-    return Negated({folded(kept) + " <> " + folded(kept), PostgresBinding::kCompare}, node.negated);
+    return Negated({kept + " <> " + kept, PostgresBinding::kCompare}, node.negated);
   }
+  const bool cut = read.way == Way::kLikeTrimmed;
   const std::string text =
-      folded(read.way == Way::kLikeTrimmed ? "rtrim(" + value.text + ")" : kept);
-  // The server makes the pattern small as well, so that both are small alike.
-  const std::string fitting = folded(QuotedText(read.pattern));
+      PostgresFolded(kept, characters_, cut ? TrailingBlanks::kCut : TrailingBlanks::kKept);
+  const std::string fitting = PostgresFoldedText(read.pattern, characters_, TrailingBlanks::kKept);
   const std::string sign = read.way == Way::kRegular ? " ~ " : " LIKE ";
   return Negated({text + sign + fitting, PostgresBinding::kMember}, node.negated);
 }

@@ -120,6 +120,11 @@ PostgresText PostgresEmitter::ConvertText(const bound::Convert& node, const Valu
                     "numeric");
       }
       if (from == Type::kMoney || IsExactAsMoney(operand.type)) return value;
+      if (from == Type::kBigWhole) {
+        // In ten-thousandths, which fails where there are too many.
+        return {Bracketed(value, PostgresBinding::kMultiply) + " * 10000 * 0.0001",
+                PostgresBinding::kMultiply};
+      }
       if (from < Type::kMoney) return PostgresCast(value, "numeric");
       return PostgresMoney(from == Type::kDecimal ? PostgresCast(value, "float8") : value);
     case Type::kDecimal: {

@@ -1,14 +1,8 @@
 #include "session/sql/PostgresEmitter.h"
+#include "session/sql/PostgresFold.h"
 
 namespace pstolvane1::sql {
 namespace {
-
-// Of the rows with a text the one that the dialect's order puts first or last; of equal ones the
-// last by code point.
-PostgresText ExtremeText(const std::string& value, bool first) {
-  return {"(array_agg(" + value + " ORDER BY " + PostgresFolded(value) + (first ? "" : " DESC") +
-          ", " + value + " COLLATE \"C\" DESC) FILTER (WHERE " + value + " IS NOT NULL))[1]"};
-}
 
 // The sum of floats, not yet rounded. Added as they are, many floats of one size drift by the order
 // and number of the rows. So what each has in whole 2^-16 is added apart, which loses nothing up to
@@ -20,19 +14,22 @@ std::string FloatSum(const std::string& value) {
 }
 
 // The sum of floats to the figures that do not depend on the order of the rows: 13 of the sum of
-// their sizes, whole from 1e13 on. What came in as 0.1 and 0.2 and went out as 0.3 is gone.
+// their sizes. What came in as 0.1 and 0.2 and went out as 0.3 is gone. The sum
+// of the sizes depends on the order as well: many are a power of ten, none is 1.047 of one.
 PostgresText SureSum(const PostgresText& argument, bool distinct) {
   const std::string value = Bracketed(argument, PostgresBinding::kAdd);
   const std::string sum = distinct ? "sum(DISTINCT " + value + ")" : FloatSum(value);
   const std::string size =
       std::string("sum(") + (distinct ? "DISTINCT " : "") + "abs(" + argument.text + "))";
-  const std::string places = "13 - ceil(log(nullif(" + size + ", 0)))";
-  const std::string scale = "power(10::float8, least(greatest(" + places + ", 0), 300))";
-  return {"round(" + sum + " * " + scale + ") / " + scale + " + 0::float8", PostgresBinding::kAdd};
-}
-
-std::string CaseMapped(std::string_view function, const std::string& value) {
-  return std::string(function) + "(" + value + " COLLATE \"und-x-icu\") COLLATE \"C\"";
+  const std::string places = "13 - ceil(log(nullif(" + size + ", 0)) - 0.02)";
+  // A float is no power of ten below 1, nor one beyond 1e22.
+  const auto power = [](const std::string& exponent, std::string_view most) {
+    return "power(10::float8, least(greatest(" + exponent + ", 0), " + std::string(most) + "))";
+  };
+  const std::string up = power(places, "300");
+  const std::string down = power("-(" + places + ")", "22");
+  return {"round(" + sum + " * " + up + " / " + down + ") * " + down + " / " + up + " + 0::float8",
+          PostgresBinding::kAdd};
 }
 
 }  // namespace
@@ -83,10 +80,10 @@ PostgresText PostgresEmitter::CallText(const bound::Call& call, const ValueType&
     case F::kLength:
       return PostgresCall("length", {PostgresCall("rtrim", {value.text}).text});
     case F::kUpper:
-      return {CaseMapped("upper", Bracketed(value, PostgresBinding::kSign)),
+      return {PostgresLarge(Bracketed(value, PostgresBinding::kSign), characters_),
               PostgresBinding::kSign};
     case F::kLower:
-      return {CaseMapped("lower", Bracketed(value, PostgresBinding::kSign)),
+      return {PostgresSmall(Bracketed(value, PostgresBinding::kSign), characters_),
               PostgresBinding::kSign};
     case F::kTrimLeft:
       return PostgresCall("ltrim", {value.text});
@@ -94,6 +91,13 @@ PostgresText PostgresEmitter::CallText(const bound::Call& call, const ValueType&
       return PostgresCall("rtrim", {value.text});
   }
   return {};
+}
+
+// Of the rows with a text the one that the dialect's order puts first or last; of equal ones the
+// last by code point.
+PostgresText PostgresEmitter::ExtremeText(const std::string& value, bool first) const {
+  return {"(array_agg(" + value + " ORDER BY " + Folded(value) + (first ? "" : " DESC") + ", " +
+          value + " COLLATE \"C\" DESC) FILTER (WHERE " + value + " IS NOT NULL))[1]"};
 }
 
 PostgresText PostgresEmitter::AggregateText(const bound::Aggregate& node, const ValueType& type) {
@@ -140,7 +144,7 @@ PostgresText PostgresEmitter::AverageText(const std::string& value, const ValueT
     case Type::kWhole:
       return PostgresCast({"(" + sum + " / " + count + ")"}, "int4");
     case Type::kBigWhole:
-      return PostgresCast(PostgresCall("div", {sum, count}), "int8");
+      return {sum + "::int8 / " + count, PostgresBinding::kMultiply};
     case Type::kMoney:
       return PostgresMoney({sum + "::float8 / " + count, PostgresBinding::kMultiply});
     case Type::kDecimal: {

@@ -12,10 +12,6 @@ bool IsDistinct(const bound::Query& query) {
          });
 }
 
-std::string Ordered(const std::string& text, const ValueType& type) {
-  return type.type == Type::kText ? PostgresFolded(text) : text;
-}
-
 }  // namespace
 
 std::vector<std::string> PostgresEmitter::TableOrder(const bound::Source& source) {
@@ -27,7 +23,8 @@ std::vector<std::string> PostgresEmitter::TableOrder(const bound::Source& source
       continue;
     }
     const auto index = static_cast<std::size_t>(column - source.table->columns.data());
-    order.push_back(Ordered(ColumnText({&source, index}).text, source.columns[index].type));
+    const std::string text = ColumnText({&source, index}).text;
+    order.push_back(source.columns[index].type.type == Type::kText ? Folded(text) : text);
   }
   return order;
 }
@@ -63,7 +60,7 @@ std::vector<std::string> PostgresEmitter::RowOrder(const bound::Query& query, Us
   std::vector<std::string> order;
   for (std::size_t i = 0; i < query.columns.size(); ++i) {
     const bool is_text = query.columns[i].type.type == Type::kText;
-    order.push_back(is_text ? PostgresFolded(items.at(i)) : std::to_string(i + 1));
+    order.push_back(is_text ? Folded(items.at(i)) : std::to_string(i + 1));
   }
   return order;
 }

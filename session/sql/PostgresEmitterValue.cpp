@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "session/sql/PostgresEmitter.h"
+#include "session/sql/PostgresFold.h"
 
 namespace pstolvane1::sql {
 namespace {
@@ -86,10 +87,6 @@ std::string PostgresTypeName(const ValueType& type) {
 
 PostgresText Unfolded(const PostgresText& value) { return Single("(SELECT " + value.text + ")"); }
 
-std::string PostgresFolded(const std::string& value) {
-  return "lower(rtrim(" + value + ") COLLATE \"und-x-icu\") COLLATE \"C\"";
-}
-
 // What is cut off stays apart by a number that is made of the whole name.
 std::string PostgresName(std::string_view name) {
   constexpr std::size_t kLongest = 63;
@@ -104,10 +101,17 @@ std::string PostgresName(std::string_view name) {
   return QuotedName(std::string(name.substr(0, kept)) + "~" + number);
 }
 
+std::string PostgresEmitter::Folded(const std::string& value) const {
+  return PostgresFolded(value, characters_);
+}
+
 PostgresText PostgresEmitter::Compared(const bound::Expr& value) {
-  PostgresText text = Value(value);
-  if (value.type.type != Type::kText) return text;
-  return {PostgresFolded(text.text), PostgresBinding::kSign};
+  if (value.type.type != Type::kText) return Value(value);
+  const auto* literal = value.As<bound::Literal>();
+  if (literal != nullptr && !literal->is_null) {
+    return {PostgresFoldedText(literal->text, characters_), PostgresBinding::kSign};
+  }
+  return {Folded(Bracketed(Value(value), PostgresBinding::kSign)), PostgresBinding::kSign};
 }
 
 bool PostgresEmitter::IsGrouped(const bound::Expr& value) const {

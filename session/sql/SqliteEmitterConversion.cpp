@@ -31,7 +31,8 @@ SqliteText SqliteEmitter::ConvertText(const bound::Convert& node, const ValueTyp
       return ToWhole(operand, type);
     case Type::kMoney: {
       if (from == Type::kText) return SqliteCall("pst_text_money", {Value(operand).text});
-      if (from <= Type::kBigWhole) return Settled(operand);
+      if (from == Type::kBigWhole) return SqliteCall("pst_money", {Settled(operand).text});
+      if (from < Type::kBigWhole) return Settled(operand);
       SqliteText text = Value(operand);
       if (from > Type::kMoney) text.state.form = SqliteForm::kRaw;
       return text;
@@ -43,7 +44,7 @@ SqliteText SqliteEmitter::ConvertText(const bound::Convert& node, const ValueTyp
       SqliteState real;
       real.real = true;
       if (from == Type::kText) return SqliteCall("pst_text_real", {Value(operand).text}, real);
-      SqliteText text = Rounded(operand);
+      SqliteText text = Settled(operand);
       text.state = {SqliteForm::kSettled, text.state.real, 0, 0};
       return text;
     }

@@ -85,7 +85,7 @@ SqliteText SqliteEmitter::AggregateText(const bound::Aggregate& node, const Valu
   const bound::Expr& argument = *node.argument;
   switch (node.kind) {
     case Kind::kCount: {
-      const std::string counted = node.distinct ? Compared(argument).text : Value(argument).text;
+      const std::string counted = node.distinct ? Compared(argument).text : Settled(argument).text;
       return SqliteCall("count", {distinct + counted}, WithinRange(0, 2147483647));
     }
     case Kind::kMinimum:

@@ -32,8 +32,8 @@ Translation TranslateForSqlite(std::string_view select, const Catalog& catalog) 
 }
 
 Translation TranslateForPostgres(std::string_view select, const Catalog& catalog) {
-  return TranslateWith(select, catalog, [](const bound::Query& query, const Statement& statement) {
-    return EmitPostgres(query, statement);
+  return TranslateWith(select, catalog, [&](const bound::Query& query, const Statement& statement) {
+    return EmitPostgres(query, statement, catalog.TextCharacters());
   });
 }
 

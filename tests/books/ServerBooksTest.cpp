@@ -219,7 +219,8 @@ TEST_F(ServerBooks, CheckTellsWhatIsMissingOrOddAndWhatMendsIt) {
            "error: The tree ItemClass1 runs in a loop (1, 2, 1), over which the reports would not "
            "end.\n",
            "hint: No index of Items1 begins with ItemName.\n  CREATE INDEX \"Items1_Name\" ON "
-           "\"Items1\" ((lower(rtrim(\"ItemName\") COLLATE \"und-x-icu\") COLLATE \"C\"));\n",
+           "\"Items1\" ((CASE WHEN octet_length(\"ItemName\") = length(\"ItemName\") THEN "
+           "lower(rtrim(\"ItemName\") COLLATE \"C\") ELSE lower(translate(rtrim(\"ItemName\"), ",
            "hint: No index of Batches1 begins with Item_id, Color_id.\n  CREATE INDEX "
            "\"Batches1_Item\" ON \"Batches1\" (\"Item_id\", \"Color_id\");\n",
        }) {

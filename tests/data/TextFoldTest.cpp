@@ -11,8 +11,13 @@ TEST(TextFold, IgnoresCase) {
   EXPECT_EQ(CompareFolded("Item", "iTEM"), 0);
   EXPECT_EQ(CompareFolded("ÉTÉ", "été"), 0);
   EXPECT_EQ(CompareFolded("ΣΊΓΜΑ", "σίγμα"), 0);
-  EXPECT_EQ(CompareFolded("К", "к"), 0);    // Cyrillic
-  EXPECT_TRUE(EqualFolded("\u212A", "k"));  // the Kelvin sign, three bytes long
+  EXPECT_EQ(CompareFolded("К", "к"), 0);  // Cyrillic
+  EXPECT_EQ(CompareFolded("ΟΔΟΣ", "οδος"), 0);
+  EXPECT_EQ(CompareFolded("οδος", "οδοσ"), 0);
+  EXPECT_EQ(CompareFolded("İstanbul", "istanbul"), 0);
+  EXPECT_NE(CompareFolded("ıstanbul", "istanbul"), 0);
+  EXPECT_EQ(CompareFolded("5 \u00B5m", "5 \u039CM"), 0);  // the micro sign and a Greek letter
+  EXPECT_TRUE(EqualFolded("\u212A", "k"));                // the Kelvin sign, three bytes long
   EXPECT_TRUE(EqualFolded("", ""));
 }
 

@@ -9,6 +9,7 @@
 #include <type_traits>
 
 #include "session/data/Error.h"
+#include "session/data/Number.h"
 
 namespace pstolvane1::postgres {
 namespace {
@@ -67,15 +68,20 @@ void WriteFlag(std::string_view cell, Chunk& chunk, std::size_t column, std::siz
 
 double RealOf(std::string_view cell) { return std::bit_cast<double>(Only<std::int64_t>(cell)); }
 
+// A zero has no sign.
 void WriteReal(std::string_view cell, Chunk& chunk, std::size_t column, std::size_t row) {
-  chunk.Set<double>(column, row, RealOf(cell));
+  chunk.Set<double>(column, row, RealOf(cell) + 0.0);
+}
+
+void WriteDecimal(std::string_view cell, Chunk& chunk, std::size_t column, std::size_t row) {
+  chunk.Set<double>(column, row, InSureDigits(RealOf(cell)));
 }
 
 void WriteSingle(std::string_view cell, Chunk& chunk, std::size_t column, std::size_t row) {
   const double number = RealOf(cell);
   const auto single = static_cast<float>(number);
   if (std::isinf(single)) ThrowOutOfRange(fmt::format("{:.15g}", number), "a single");
-  chunk.Set<float>(column, row, single);
+  chunk.Set<float>(column, row, single + 0.0F);
 }
 
 // A numeric is a row of digits to the base of ten thousand, so that money's four decimals are one
@@ -158,6 +164,7 @@ TypeMapping MappingOf(sql::Type type) {
     case sql::Type::kSingle:
       return {adSingle, "float8", &WriteSingle};
     case sql::Type::kDecimal:
+      return {adDouble, "float8", &WriteDecimal};
     case sql::Type::kReal:
       return {adDouble, "float8", &WriteReal};
     case sql::Type::kDate:

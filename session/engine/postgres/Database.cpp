@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "session/engine/postgres/Errors.h"
+#include "session/engine/postgres/Schema.h"
 
 namespace pstolvane1::postgres {
 namespace {
@@ -103,6 +104,8 @@ void Database::Connect(const Settings& settings, Watch& watch) {
   // A server that takes nothing in would hold whoever sends a long text, or goes.
   if (PQsetnonblocking(native_.get(), 1) != 0) throw Lost();
 }
+
+sql::Characters Database::TextCharacters() const { return TextCharactersOf(native_.get()); }
 
 void Database::CheckServer(Watch& watch) {
   const auto* encoding = PQparameterStatus(native_.get(), "server_encoding");

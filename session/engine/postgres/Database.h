@@ -9,6 +9,7 @@
 #include "session/engine/Watch.h"
 #include "session/engine/postgres/Native.h"
 #include "session/engine/postgres/Settings.h"
+#include "session/sql/Catalog.h"
 
 namespace pstolvane1::postgres {
 
@@ -41,6 +42,8 @@ class Database {
   [[nodiscard]] bool IsLost() const noexcept;
   // A statement of the open transaction was refused, and nothing runs.
   [[nodiscard]] bool Failed() const noexcept;
+  // Whether the texts of the database may hold every character.
+  [[nodiscard]] sql::Characters TextCharacters() const;
   // Error -2147217900 when the watch has ended.
   static void CheckWatch(const Watch& watch);
 

@@ -101,6 +101,12 @@ std::optional<sql::CatalogColumn> ColumnOf(std::string_view name, std::string_vi
   return std::nullopt;
 }
 
+sql::Characters TextCharactersOf(const pg_conn* session) {
+  const char* encoding = PQparameterStatus(session, "server_encoding");
+  const bool all = encoding != nullptr && std::string_view(encoding) == "UTF8";
+  return all ? sql::Characters::kAll : sql::Characters::kSome;
+}
+
 namespace {
 
 // A table of the catalog while its columns are read.
@@ -153,7 +159,7 @@ sql::Catalog ReadCatalog(Database& database, Watch& watch) {
     one.table.row_order = one.RowOrder();
     tables.push_back(std::move(one.table));
   }
-  return sql::Catalog(std::move(tables));
+  return sql::Catalog(std::move(tables), database.TextCharacters());
 }
 
 }  // namespace pstolvane1::postgres

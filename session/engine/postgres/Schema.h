@@ -26,6 +26,9 @@ inline constexpr std::string_view kSingleMark = "single";
                                                          std::string_view type,
                                                          std::string_view mark, int modifier);
 
+// Whether the texts of the session's database may hold every character.
+[[nodiscard]] sql::Characters TextCharactersOf(const pg_conn* session);
+
 // The schemas of the books, in the order in which tables are looked for in them, as an expression.
 // Valid in the sessions of Database, which find nothing but the server's own by a name alone.
 inline constexpr const char* kBooksSchemas = "current_setting('pstolvane1.schemas')::name[]";

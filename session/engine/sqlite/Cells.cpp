@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "session/data/Error.h"
+#include "session/data/Number.h"
 #include "session/engine/sqlite/Errors.h"
 #include "session/engine/sqlite/Utf8.h"
 
@@ -86,9 +87,15 @@ bool HasNumber(Value value) {
   return false;
 }
 
+// A zero has no sign.
 void WriteReal(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
   if (!HasNumber(value)) return;
-  chunk.Set<double>(column, row, sqlite3_value_double(value));
+  chunk.Set<double>(column, row, sqlite3_value_double(value) + 0.0);
+}
+
+void WriteDecimal(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
+  if (!HasNumber(value)) return;
+  chunk.Set<double>(column, row, InSureDigits(sqlite3_value_double(value)));
 }
 
 void WriteSingle(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
@@ -96,7 +103,7 @@ void WriteSingle(Value value, Chunk& chunk, std::size_t column, std::size_t row)
   const double number = sqlite3_value_double(value);
   const auto single = static_cast<float>(number);
   if (std::isinf(single)) ThrowOutOfRange(value, "a single");
-  chunk.Set<float>(column, row, single);
+  chunk.Set<float>(column, row, single + 0.0F);
 }
 
 void WriteMoney(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
@@ -161,6 +168,7 @@ TypeMapping MappingOf(sql::Type type) {
     case sql::Type::kSingle:
       return {adSingle, &WriteSingle};
     case sql::Type::kDecimal:
+      return {adDouble, &WriteDecimal};
     case sql::Type::kReal:
       return {adDouble, &WriteReal};
     case sql::Type::kDate:

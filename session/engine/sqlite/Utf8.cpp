@@ -2,7 +2,8 @@
 
 #include <cstdint>
 #include <cstring>
-#include <unicode/uchar.h>
+
+#include "session/data/TextFold.h"
 
 namespace pstolvane1::sqlite {
 namespace {
@@ -56,7 +57,7 @@ char32_t TakeFolded(std::string_view& text) {
     return character >= U'A' && character <= U'Z' ? character + (U'a' - U'A') : character;
   }
   if (character >= kStrayByte) return character;
-  return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(character), U_FOLD_CASE_DEFAULT));
+  return static_cast<char32_t>(FoldedCharacter(static_cast<std::int32_t>(character)));
 }
 
 bool IsUtf8(std::string_view text) noexcept {
