@@ -1,5 +1,6 @@
 #include "session/sql/PostgresFold.h"
 
+#include <algorithm>
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
@@ -67,12 +68,12 @@ std::string ByRules(std::string_view function, const std::string& value) {
   return std::string(function) + "(" + value + " COLLATE \"und-x-icu\") COLLATE \"C\"";
 }
 
-// Most texts are ASCII, of which the server is quick to find out. A value that costs something is
-// not asked for twice.
+// Most texts are ASCII, of which the server is quick to find out. A value that costs something,
+// with more than one call or bracket in it, is not asked for twice.
 std::string AsciiFirst(std::string_view function, const std::string& value,
                        const std::string& taken, const std::string& otherwise) {
-  constexpr std::size_t kLongest = 100;
-  if (value.size() > kLongest || value.find("SELECT") != std::string::npos) return otherwise;
+  const bool query = value.find("(SELECT ") != std::string::npos;
+  if (query || std::ranges::count(value, '(') > 1) return otherwise;
   return "CASE WHEN octet_length(" + value + ") = length(" + value + ") THEN " +
          std::string(function) + "(" + taken + " COLLATE \"C\") ELSE " + otherwise + " END";
 }
