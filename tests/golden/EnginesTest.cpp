@@ -6,8 +6,6 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <numeric>
-#include <sstream>
 #include <unistd.h>
 
 #include "Play.h"
@@ -70,30 +68,14 @@ class Cluster {
   Scratch books_;
 };
 
-// Its lines of one day come as the engine finds them.
-const std::string kOrderedByDateAlone = "POrderTextQuery";
-
-std::string LinesInOrder(const std::string& text) {
-  std::istringstream in(text);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(in, line);) lines.push_back(line + "\n");
-  std::sort(lines.begin(), lines.end());
-  return std::accumulate(lines.begin(), lines.end(), std::string());
-}
-
 // Every call of the cases gives the same on both books.
 void ExpectTheSame(const std::string& in_file, const std::string& elsewhere) {
   std::ptrdiff_t calls = 0;
   std::ptrdiff_t lines = 0;
   for (const std::string& name : AllCases()) {
     const CaseFile file = ReadCase(kCases + "/" + name, kCases);
-    std::string one = Expectation(Play(file, Path::kSynchronous, in_file), {});
-    std::string other = Expectation(Play(file, Path::kSynchronous, elsewhere), {});
-    if (file.operation == kOrderedByDateAlone) {
-      one = LinesInOrder(one);
-      other = LinesInOrder(other);
-    }
-    EXPECT_EQ(one, other) << name;
+    const std::string one = Expectation(Play(file, Path::kSynchronous, in_file), {});
+    EXPECT_EQ(one, Expectation(Play(file, Path::kSynchronous, elsewhere), {})) << name;
     lines += std::count(one.begin(), one.end(), '\n');
     ++calls;
   }
