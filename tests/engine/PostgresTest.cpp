@@ -282,6 +282,8 @@ TEST(PostgresErrors, AreToldWithWhatWasDone) {
             "-2147217900 while preparing a statement: column \"missing\" does not exist");
   EXPECT_EQ(error("whole N: SELECT 1 / (id - 500) FROM @t"),
             "11 while reading the rows: division by zero");
+  // Reckoned before there is a row.
+  EXPECT_EQ(error("whole N: SELECT 1 / 0 FROM @t"), "11 while reading the rows: division by zero");
   EXPECT_EQ(error("whole N, whole M: SELECT id FROM @t"),
             "-2147217900 while preparing a statement: table \"report\" has 1 columns available "
             "but 2 columns specified");

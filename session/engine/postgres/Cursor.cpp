@@ -56,7 +56,9 @@ void PostgresCursor::Begin() {
     ended_ = true;
     // A statement that was refused leaves the session as good as before.
     if (database_) state_->pool->Give(std::move(database_));
-    throw Meant(error).While("preparing a statement");
+    // What is the same for every row is reckoned before the first of them comes.
+    const bool of_a_row = error.Number() != ErrorNumber::kQueryRefused;
+    throw Meant(error).While(of_a_row ? "reading the rows" : "preparing a statement");
   }
 }
 
