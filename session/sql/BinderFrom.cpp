@@ -17,6 +17,15 @@ std::optional<std::size_t> FindColumn(const bound::Source& source, std::string_v
   return std::nullopt;
 }
 
+// What is wrong with a column that is there and that the dialect has no type for; empty for others.
+std::string WhyUnread(const bound::Source& source, std::string_view column) {
+  const std::string_view type =
+      source.table == nullptr ? std::string_view{} : source.table->UnreadType(column);
+  if (type.empty()) return "";
+  return "the column " + Quoted(column) + " of " + Quoted(source.table->name) + " has the type " +
+         Quoted(type) + ", which is none that the reports can read";
+}
+
 bound::FromPtr MakeFrom(std::unique_ptr<bound::Source> source) {
   auto from = std::make_unique<bound::From>();
   from->node = std::move(source);
@@ -88,6 +97,8 @@ bound::ExprPtr Binder::ResolveColumn(const ColumnRef& column, Place place, const
       if (column.table && !SameName(source->name, column.table.text)) continue;
       const std::optional<std::size_t> here = FindColumn(*source, column.column.text);
       if (column.table && !here) {
+        const std::string why = WhyUnread(*source, column.column.text);
+        if (!why.empty()) Refuse(column.column.place, why);
         Refuse(column.column.place,
                Quoted(source->name) + " has no column " + Quoted(column.column.text));
       }
@@ -103,6 +114,12 @@ bound::ExprPtr Binder::ResolveColumn(const ColumnRef& column, Place place, const
   }
   if (column.table) {
     Refuse(column.table.place, "unknown table or alias " + Quoted(column.table.text));
+  }
+  for (const Scope* at = &scope; at != nullptr; at = at->outer) {
+    for (const bound::Source* source : at->sources) {
+      const std::string why = WhyUnread(*source, column.column.text);
+      if (!why.empty()) Refuse(place, why);
+    }
   }
   Refuse(place, "unknown column " + Quoted(column.column.text));
 }

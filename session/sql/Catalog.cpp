@@ -134,6 +134,12 @@ const CatalogColumn* CatalogTable::Find(std::string_view column) const {
   return found == columns.end() ? nullptr : &*found;
 }
 
+std::string_view CatalogTable::UnreadType(std::string_view column) const {
+  const auto found =
+      std::ranges::find_if(unread, [&](const auto& one) { return SameName(one.first, column); });
+  return found == unread.end() ? std::string_view{} : found->second;
+}
+
 Catalog::Catalog(std::vector<CatalogTable> tables, Characters characters)
     : tables_(std::move(tables)), characters_(characters) {
   std::ranges::stable_sort(tables_, {},

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pstolvane1::sql {
@@ -42,10 +43,14 @@ struct CatalogTable {
   std::vector<CatalogColumn> columns;
   // What an engine orders rows by that nothing else orders, as its key; empty where it needs none.
   std::vector<std::string> row_order = {};
+  // Columns that the texts cannot name, with the types for which the dialect has no meaning.
+  std::vector<std::pair<std::string, std::string>> unread = {};
   // Where an engine finds it; empty where the name alone is enough.
   std::string schema = {};
 
   [[nodiscard]] const CatalogColumn* Find(std::string_view column) const;  // any case
+  // The type of a column that is not read; empty when there is no such column.
+  [[nodiscard]] std::string_view UnreadType(std::string_view column) const;
 };
 
 // The characters that the texts of a database may hold: all of Unicode, or those of an older

@@ -269,6 +269,8 @@ TEST(PostgresErrors, AreOneLineOfSentences) {
   EXPECT_EQ(postgres::OneLine("refused\n\tIs it there?\nrefused again\n\tIs it there?\n"),
             "refused. Is it there? refused again. Is it there?");
   EXPECT_EQ(postgres::OneLine("A\n\nB: \nC"), "A. B: C");
+  EXPECT_EQ(postgres::OneLine("port 1 failed: refused\nport 1 failed: refused as well\n"),
+            "port 1 failed: refused; port 1 failed: refused as well");
   EXPECT_EQ(postgres::OneLine(""), "");
   EXPECT_EQ(postgres::Sentence("it is"), "it is.");
   EXPECT_EQ(postgres::Sentence("is it?"), "is it?");

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "session/engine/Engines.h"
 #include "session/engine/sqlite/Schema.h"
 #include "tests/engine/TestBooks.h"
 
@@ -33,6 +34,16 @@ constexpr const char* kMoves =
 TEST(Schema, ColumnsHaveTheirDeclaredTypes) {
   EXPECT_EQ(Columns(kMoves, "MOVES"),
             "Id whole number, Item text 40, Qty single, Rate money, Day date, IsAdded flag");
+}
+
+TEST(Schema, AColumnOfATypeThatIsNotReadIsNamedWithIt) {
+  const TestBooks books(kMoves);
+  EXPECT_EQ(
+      ErrorOf([&] {
+        (void)OpenDatabase(books.Path(), kNoLimit)->Translate("select Id, photo from Moves");
+      }),
+      "-2147217900 line 1, column 12: the column \"photo\" of \"Moves\" has the type \"BLOB\", "
+      "which is none that the reports can read");
 }
 
 TEST(Schema, GeneratedColumnsAreThere) {

@@ -125,6 +125,21 @@ TEST_P(ServerBadInput, AMissingTableOrColumnIsNamedWithItsPlace) {
   EXPECT_EQ(Cell(connection, "select id from t", GetParam()), "1");
 }
 
+TEST_P(ServerBadInput, AColumnOfATypeThatIsNotReadIsNamedWithIt) {
+  const Scratch scratch(
+      "CREATE TABLE t (id int, note json, \"Flags\" bit(8)); CREATE VIEW v AS SELECT * FROM t;"
+      "INSERT INTO t VALUES (1, '{}', NULL)");
+  const auto connection = Opened(scratch.ConnectionString());
+  EXPECT_EQ(
+      FetchError(connection, "select id, Note from t", GetParam()),
+      "-2147217900 line 1, column 12: the column \"Note\" of \"t\" has the type \"json\", which "
+      "is none that the reports can read");
+  EXPECT_EQ(FetchError(connection, "select x.flags from v x", GetParam()),
+            "-2147217900 line 1, column 10: the column \"flags\" of \"v\" has the type \"bit(8)\", "
+            "which is none that the reports can read");
+  EXPECT_EQ(Cell(connection, "select * from t", GetParam()), "1") << "what can be read is";
+}
+
 TEST_P(ServerBadInput, ATableOrColumnThatGoesWhileTheBooksAreOpen) {
   Scratch scratch(
       "CREATE TABLE t (id int, name text); INSERT INTO t VALUES (1, 'a');"

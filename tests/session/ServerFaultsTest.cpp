@@ -121,6 +121,48 @@ TEST_P(ServerFaults, AServerThatStopsUnderAReport) {
   EXPECT_EQ(Report(), right) << "without connecting again";
 }
 
+TEST_P(ServerFaults, ASessionThatGoesOrCancelsUnderAReportLeavesNothingOnTheServer) {
+  const std::string right = Report();
+  ServerSession other(server_.ConnectionString());
+  const auto left = [&](const std::string& condition) {
+    std::string count;
+    for (int i = 0; i < 500 && count != "0"; ++i) {
+      std::this_thread::sleep_for(milliseconds(20));
+      count = server_.Run(
+          "SELECT count(*) FROM pg_stat_activity WHERE application_name = 'pStolvane1' AND " +
+          condition);
+    }
+    return count;
+  };
+  // Somebody else holds the movements, so that the report is still at them.
+  other.Run("BEGIN; LOCK TABLE \"GodownItem1\" IN ACCESS EXCLUSIVE MODE");
+  for (const bool cancels : {true, false}) {
+    auto going = std::make_unique<clsStolvane1>();
+    bool told = false;
+    going->FetchComplete = [&](RecordsetPtr, std::int32_t) { told = true; };
+    going->SetConnection("", "", server_.ConnectionString(), False);
+    (void)going->StockDetails_Categorywise(3, Date::FromYmd(2005, 4, 1), Date::FromYmd(2006, 3, 31),
+                                           LastPurchaseRate, -1, 0, False, False, False, 1, False,
+                                           True, True, True);
+    for (int i = 0; i < 5; ++i) (void)WaitForEvents(milliseconds(20));
+    if (cancels) going->GetConnectionObject()->Cancel();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (cancels && going->Fetching() && std::chrono::steady_clock::now() < end) {
+      try {
+        (void)WaitForEvents(milliseconds(20));
+      } catch (const Error&) {
+      }
+    }
+    EXPECT_FALSE(cancels && going->Fetching());
+    going.reset();
+    DoEvents();
+    EXPECT_FALSE(told) << "a report without its rows";
+    EXPECT_EQ(left("(state = 'active' OR backend_xmin IS NOT NULL)"), "0");
+  }
+  other.Run("COMMIT");
+  EXPECT_EQ(Report(), right);
+}
+
 TEST_P(ServerFaults, AServerThatIsKilledAtTenPointsOfAReport) {
   const std::string right = Report();
   for (const unsigned seed : kSeeds) {

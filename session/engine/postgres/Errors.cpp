@@ -58,16 +58,19 @@ bool IsStop(char c) { return c == '.' || c == '?' || c == '!' || c == ':' || c =
 
 std::string OneLine(std::string_view words) {
   std::string line;
-  bool begins = false;
+  bool begins = false;  // a line
+  char before = ' ';
   for (const char c : words) {
     const bool blank = c == ' ' || c == '\n' || c == '\t' || c == '\r';
     if (blank && !line.empty() && line.back() != ' ') line += ' ';
     if (c == '\n') begins = true;
+    const bool indented = before != '\n';
+    before = c;
     if (blank) continue;
     const bool capital = c >= 'A' && c <= 'Z';
-    if (std::exchange(begins, false) && capital && line.size() > 1 &&
+    if (std::exchange(begins, false) && (capital || !indented) && line.size() > 1 &&
         !IsStop(line[line.size() - 2])) {
-      line.insert(line.size() - 1, ".");
+      line.insert(line.size() - 1, capital ? "." : ";");
     }
     line += c;
   }

@@ -12,7 +12,7 @@ struct pg_result;
 namespace pstolvane1::postgres {
 
 // The words on one line, without the full stop and the blanks at their end. A line that begins with
-// a capital letter begins a sentence.
+// a capital letter begins a sentence, and another that is not indented is parted by a semicolon.
 [[nodiscard]] std::string OneLine(std::string_view words);
 // Such words with their full stop, if they do not ask something.
 [[nodiscard]] std::string Sentence(std::string words);

@@ -19,7 +19,7 @@ constexpr const char* kColumns =
     "END,"
     " CASE WHEN b.oid IS NULL THEN a.atttypmod ELSE t.typtypmod END,"
     " array_position(i.indkey::int2[], a.attnum), a.attnotnull, c.relkind,"
-    " coalesce(i.indisprimary, false), n.nspname"
+    " coalesce(i.indisprimary, false), n.nspname, format_type(a.atttypid, a.atttypmod)"
     " FROM unnest(current_setting('pstolvane1.schemas')::name[]) WITH ORDINALITY AS s(name, place)"
     " JOIN pg_namespace n ON n.nspname = s.name JOIN pg_class c ON c.relnamespace = n.oid"
     " JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid"
@@ -142,6 +142,7 @@ sql::Catalog ReadCatalog(Database& database, Watch& watch) {
       described.push_back({.table = {.name = std::string(cell(0)),
                                      .columns = {},
                                      .row_order = {},
+                                     .unread = {},
                                      .schema = std::string(cell(9))},
                            .is_key = cell(8) == "t",
                            .has_places = cell(7) == "r" || cell(7) == "m",
@@ -150,7 +151,11 @@ sql::Catalog ReadCatalog(Database& database, Watch& watch) {
     }
     Described& table = described.back();
     const auto column = ColumnOf(cell(1), cell(2), cell(3), WholeOf(cell(4)));
-    if (column) table.table.columns.push_back(*column);
+    if (column) {
+      table.table.columns.push_back(*column);
+    } else {
+      table.table.unread.emplace_back(cell(1), cell(10));
+    }
     if (column && !cell(5).empty()) table.index.emplace(WholeOf(cell(5)), cell(1));
     if (column && cell(6) == "t") table.never_null.emplace_back(cell(1));
   }

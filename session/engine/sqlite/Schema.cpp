@@ -17,6 +17,7 @@ constexpr const char* kDoing = "reading the schema of the books";
 struct Described {
   struct Column {
     std::string name;
+    std::string declared;
     std::optional<sql::CatalogColumn> typed;
   };
   std::string name;
@@ -30,7 +31,11 @@ struct Described {
   [[nodiscard]] sql::CatalogTable Table() const {
     sql::CatalogTable table{.name = name, .columns = {}};
     for (const Column& column : columns) {
-      if (column.typed) table.columns.push_back(*column.typed);
+      if (column.typed) {
+        table.columns.push_back(*column.typed);
+      } else if (!column.declared.empty()) {
+        table.unread.emplace_back(column.name, column.declared);
+      }
     }
     return table;
   }
@@ -63,8 +68,9 @@ bool ReadColumns(Database& database, sqlite3_stmt* columns, Described& table) {
   int code = sqlite3_step(columns);
   for (; code == SQLITE_ROW; code = sqlite3_step(columns)) {
     std::string name = TextOf(columns, 0);
-    std::optional<sql::CatalogColumn> typed = sql::ColumnOfDeclaration(name, TextOf(columns, 1));
-    table.columns.push_back({.name = std::move(name), .typed = std::move(typed)});
+    std::string declared = TextOf(columns, 1);
+    std::optional<sql::CatalogColumn> typed = sql::ColumnOfDeclaration(name, declared);
+    table.columns.push_back({std::move(name), std::move(declared), std::move(typed)});
   }
   if (code != SQLITE_DONE && Classify(code) != Failure::kOther) throw database.Failed(code, kDoing);
   sqlite3_reset(columns);
