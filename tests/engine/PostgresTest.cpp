@@ -63,9 +63,15 @@ TEST(PostgresOpening, TellsTheServersOwnWordsAndNoPassword) {
 }
 
 TEST(PostgresOpening, AWrongStringIsToldWithoutWhatMayBeAPassword) {
+  using namespace std::string_literals;
   EXPECT_EQ(OpeningError("host=x colour=red"),
             "501 The connection string of PostgreSQL cannot be read: invalid connection option "
             "\"colour\".");
+  EXPECT_EQ(OpeningError("host=x dbname=postgresql://u:secret@y/books"),
+            "501 The dbname of the connection string is a connection string itself: write that one "
+            "alone.");
+  EXPECT_EQ(OpeningError("host=x dbname=books\0 password=secret"s),
+            "501 The connection string of PostgreSQL has a zero byte.");
   EXPECT_EQ(OpeningError("host=x password='secret"),
             "501 The connection string of PostgreSQL cannot be read.");
 }

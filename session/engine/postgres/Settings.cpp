@@ -36,6 +36,9 @@ bool MayHoldPassword(std::string_view text) {
 
 Settings::Settings(std::string_view connection_string) {
   const std::string text(connection_string);
+  if (text.find('\0') != std::string::npos) {
+    throw Error(ErrorNumber::kConnection, "The connection string of PostgreSQL has a zero byte.");
+  }
   char* words = nullptr;
   const Options options(PQconninfoParse(text.c_str(), &words));
   const std::string why = words != nullptr ? OneLine(words) : "";
@@ -55,6 +58,12 @@ Settings::Settings(std::string_view connection_string) {
   keywords_.emplace_back("client_encoding", "UTF8");
 
   const std::string database = Value("dbname");
+  // It would be taken for a name, and told with the password that it may hold.
+  if (database.find("://") != std::string::npos) {
+    throw Error(ErrorNumber::kConnection,
+                "The dbname of the connection string is a connection string itself: write that one "
+                "alone.");
+  }
   const std::string host = Value("host").empty() ? Value("hostaddr") : Value("host");
   const std::string service = Value("service");
   name_ = database.empty() ? "the user's own database" : "\"" + database + "\"";
