@@ -14,13 +14,14 @@ std::string FloatSum(const std::string& value) {
 }
 
 // The sum of floats to the figures that do not depend on the order of the rows: 13 of the sum of
-// their sizes. What came in as 0.1 and 0.2 and went out as 0.3 is gone. The sum
-// of the sizes depends on the order as well: many are a power of ten, none is 1.047 of one.
+// their sizes. What came in as 0.1 and 0.2 and went out as 0.3 is gone; one number alone stays what
+// it is. The sum of the sizes depends on the order as well: many are a power of ten, none is 1.047
+// of one.
 PostgresText SureSum(const PostgresText& argument, bool distinct) {
   const std::string value = Bracketed(argument, PostgresBinding::kAdd);
+  const std::string only = distinct ? "DISTINCT " : "";
   const std::string sum = distinct ? "sum(DISTINCT " + value + ")" : FloatSum(value);
-  const std::string size =
-      std::string("sum(") + (distinct ? "DISTINCT " : "") + "abs(" + argument.text + "))";
+  const std::string size = "sum(" + only + "abs(" + argument.text + "))";
   const std::string places = "13 - ceil(log(nullif(" + size + ", 0)) - 0.02)";
   // A float is no power of ten below 1, nor one beyond 1e22.
   const auto power = [](const std::string& exponent, std::string_view most) {
@@ -28,7 +29,8 @@ PostgresText SureSum(const PostgresText& argument, bool distinct) {
   };
   const std::string up = power(places, "300");
   const std::string down = power("-(" + places + ")", "22");
-  return {"round(" + sum + " * " + up + " / " + down + ") * " + down + " / " + up + " + 0::float8",
+  return {"CASE WHEN " + size + " = max(abs(" + argument.text + ")) THEN " + sum + " ELSE round(" +
+              sum + " * " + up + " / " + down + ") * " + down + " / " + up + " END + 0::float8",
           PostgresBinding::kAdd};
 }
 

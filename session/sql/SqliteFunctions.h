@@ -110,7 +110,7 @@ inline constexpr SqliteFunction kSqliteFunctions[] = {
     {"pst_sum_money", 1, true},
     // (x): the sum of floats, to the 13th figure of the sum of their sizes, so that it does not
     // depend
-    // on their order; whole from 1e13 on.
+    // on their order; whole from 1e13 on. The only one that is not 0 stays what it is.
     {"pst_sum_real", 1, true},
     // (x): that sum through the count.
     {"pst_average_real", 1, true},

@@ -204,7 +204,7 @@ TEST_F(FetchTest, NothingIsSeenUntilTheThreadPumps) {
 
 TEST_F(FetchTest, WaitingForTheRowsTakesThemAllAndTheEventsComeAfterwards) {
   FakeTable& table = books_->AddNumbers("t", 10'000);
-  table.gate_at = 9'000;
+  table.gate_at = 1;
   const RecordsetPtr rowset = Listening("rs");
   OpenBeside(*rowset, "t");
   ASSERT_TRUE(PumpUntilEvents(1));

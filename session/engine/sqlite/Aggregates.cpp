@@ -58,11 +58,13 @@ void MoneyResult(sqlite3_context* context) {
   });
 }
 
-// A sum of floats that keeps what each addition loses (Neumaier), and how much was added in all.
+// A sum of floats that keeps what each addition loses (Neumaier), how much was added in all, and
+// the largest of it.
 struct RealSum {
   double sum;
   double lost;
   double size;
+  double largest;
   std::int64_t count;
 };
 
@@ -76,25 +78,27 @@ void AddReal(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
                                                              : (value - sum) + total->sum;
     total->sum = sum;
     total->size += std::fabs(value);
+    total->largest = std::max(total->largest, std::fabs(value));
     ++total->count;
   });
 }
 
 // To the figures that do not depend on the order of the rows: what came in as 0.1 and 0.2 and went
-// out as 0.3 is gone. The text for PostgreSQL reckons the same.
+// out as 0.3 is gone. One number alone stays what it is. The text for PostgreSQL reckons the same.
 double SureSum(const RealSum& total) {
   constexpr int kSureFigures = 13;
   // The size depends on the order of the rows too; many sizes are a power of ten, none is 1.047 of
   // one.
   constexpr double kBesideAPower = 0.02;
   if (!std::isfinite(total.size)) return total.sum;
-  if (total.size == 0) return 0;
+  const double sum = total.sum + total.lost;
+  if (total.size == total.largest) return sum;
   const double places = kSureFigures - std::ceil(std::log10(total.size) - kBesideAPower);
   // A float is no power of ten below 1, nor one beyond 1e22.
   const double up = std::pow(10.0, std::clamp(places, 0.0, 300.0));
   const double down = std::pow(10.0, std::clamp(-places, 0.0, 22.0));
-  const double sum = std::nearbyint((total.sum + total.lost) * up / down) * down / up;
-  return sum == 0 ? 0 : sum;  // no -0
+  const double sure = std::nearbyint(sum * up / down) * down / up;
+  return sure == 0 ? 0 : sure;  // no -0
 }
 
 void RealResult(sqlite3_context* context) {
