@@ -105,4 +105,22 @@ inline std::string OpenError(Connection& connection, std::string_view connection
   return told;
 }
 
+// A table of a thousand rows, and what is asked of it.
+inline constexpr const char* kThousand =
+    "CREATE TABLE t (id int); INSERT INTO t SELECT generate_series(1, 1000)";
+inline constexpr const char* kCount = "select count(*) as n from t";
+inline constexpr const char* kManyRows = "select a.id, b.id as other from t a, t b, t c";
+
+// Tests that open their books on the path that they are given.
+class OnEitherPath : public testing::TestWithParam<Path> {
+ protected:
+  // What is asked of the books may take a while.
+  static std::shared_ptr<Connection> Opened(const std::string& connection_string) {
+    auto connection = NewConnection();
+    connection->CommandTimeout(20);
+    EXPECT_EQ(OpenError(*connection, connection_string, GetParam()), "");
+    return connection;
+  }
+};
+
 }  // namespace pstolvane1

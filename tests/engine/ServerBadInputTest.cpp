@@ -17,16 +17,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-class ServerBadInput : public testing::TestWithParam<Path> {
- protected:
-  // Opens a scratch's books; what is asked of them may take a second.
-  std::shared_ptr<Connection> Opened(const std::string& connection_string) {
-    auto connection = NewConnection();
-    connection->CommandTimeout(20);
-    EXPECT_EQ(OpenError(*connection, connection_string, GetParam()), "");
-    return connection;
-  }
-};
+class ServerBadInput : public OnEitherPath {};
 
 INSTANTIATE_TEST_SUITE_P(OnBothPaths, ServerBadInput, testing::ValuesIn(kBothPaths),
                          [](const auto& path) { return NameOf(path.param); });

@@ -21,10 +21,6 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr const char* kBooks =
-    "CREATE TABLE t (id int); INSERT INTO t SELECT generate_series(1, 1000)";
-constexpr const char* kCount = "select count(*) as n from t";
-constexpr const char* kManyRows = "select a.id, b.id as other from t a, t b, t c";
 // In the server's own words, which ask for no order: a thousand million rows, of which the first
 // come at once and the server is always still sending.
 constexpr const char* kEndlessRows =
@@ -63,7 +59,7 @@ std::string CountOnceItRuns(const std::shared_ptr<Connection>& connection, Path 
 
 class ServerGone : public testing::TestWithParam<Path> {
  protected:
-  ServerGone() { server_.Run(kBooks); }
+  ServerGone() { server_.Run(kThousand); }
   const OwnServer server_;
 };
 
@@ -177,7 +173,7 @@ constexpr unsigned kSeeds[] = {3, 17, 42, 101, 256, 999, 1789, 4711, 31337, 6553
 
 class ServerKilled : public testing::TestWithParam<std::tuple<Path, End>> {
  protected:
-  ServerKilled() { server_.Run(kBooks); }
+  ServerKilled() { server_.Run(kThousand); }
 
   // The process that sends the rows, once it has begun.
   [[nodiscard]] pid_t Sender() const {

@@ -22,10 +22,6 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr const char* kBooks =
-    "CREATE TABLE t (id int); INSERT INTO t SELECT generate_series(1, 1000)";
-constexpr const char* kCount = "select count(*) as n from t";
-constexpr const char* kManyRows = "select a.id, b.id as other from t a, t b, t c";
 constexpr const char* kSlow =
     "select count(*) as n from t a, t b, t c, t d where a.id + b.id = c.id - d.id";
 
@@ -39,15 +35,7 @@ class Clock {
   const std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };
 
-class ServerWire : public testing::TestWithParam<Path> {
- protected:
-  static std::shared_ptr<Connection> Opened(const std::string& connection_string) {
-    auto connection = NewConnection();
-    connection->CommandTimeout(20);
-    EXPECT_EQ(OpenError(*connection, connection_string, GetParam()), "");
-    return connection;
-  }
-};
+class ServerWire : public OnEitherPath {};
 
 INSTANTIATE_TEST_SUITE_P(OnBothPaths, ServerWire, testing::ValuesIn(kBothPaths),
                          [](const auto& path) { return NameOf(path.param); });
@@ -88,7 +76,7 @@ TEST_P(ServerWire, AServerThatIsTooOld) {
 
 TEST_P(ServerWire, AServerThatIsShuttingDownServesWhoIsThere) {
   const OwnServer server;
-  server.Run(kBooks);
+  server.Run(kThousand);
   const auto there = Opened(server.ConnectionString());
   EXPECT_EQ(Cell(there, kCount, GetParam()), "1000");
   pid_t first = 0;
@@ -114,7 +102,7 @@ TEST_P(ServerWire, AServerThatIsShuttingDownServesWhoIsThere) {
 
 TEST_P(ServerWire, CutUnderAFetchItEndsAtTheTimeLimitAndTheNextOneWorks) {
   const OwnServer server;
-  server.Run(kBooks);
+  server.Run(kThousand);
   Wire wire(server.Folder());
   const auto connection = Opened(wire.ConnectionString());
   connection->CommandTimeout(2);
@@ -141,7 +129,7 @@ TEST_P(ServerWire, CutUnderAFetchItEndsAtTheTimeLimitAndTheNextOneWorks) {
 
 TEST_P(ServerWire, CutWhileNobodyReadsTheNextFetchSimplyWorks) {
   const OwnServer server;
-  server.Run(kBooks);
+  server.Run(kThousand);
   Wire wire(server.Folder());
   const auto connection = Opened(wire.ConnectionString());
   {
@@ -159,7 +147,7 @@ TEST_P(ServerWire, CutWhileNobodyReadsTheNextFetchSimplyWorks) {
 
 TEST_P(ServerWire, ASessionThatTheServerEndsBecauseNobodyReadsIsReplaced) {
   const OwnServer server;
-  server.Run(kBooks);
+  server.Run(kThousand);
   const auto connection =
       Opened(server.ConnectionString() + " options='-c idle_session_timeout=50'");
   for (int fetch = 0; fetch < 3; ++fetch) {
@@ -177,7 +165,7 @@ std::size_t OpenFiles() {
 
 TEST_P(ServerWire, NothingIsLeftBehindOnTheServerOrHere) {
   const OwnServer server;
-  server.Run(std::string(kBooks) +
+  server.Run(std::string(kThousand) +
              "; CREATE TABLE secret (id int); CREATE ROLE clerk LOGIN; GRANT "
              "SELECT ON t TO clerk");
   const auto sessions = [&](const std::string& of) {
