@@ -8,7 +8,7 @@
 
 #include "session/data/MessageLoop.h"
 #include "session/data/OpenTogether.h"
-#include "tests/data/FakeBooks.h"
+#include "tests/data/FetchFixture.h"
 
 namespace pstolvane1 {
 namespace {
@@ -16,22 +16,12 @@ namespace {
 constexpr const char* kShape =
     "shape {items} append ({moves} relate n to n) as chp, count(chp) as m";
 
-class SideBySide : public testing::Test {
+class SideBySide : public FetchTest {
  protected:
   SideBySide() {
     books_->side_by_side = true;
     books_->AddNumbers("items", 3'000);
     books_->AddNumbers("moves", 9'000);
-  }
-  ~SideBySide() override {
-    connection_.reset();
-    DoEvents();
-    EXPECT_TRUE(AllGone(*books_));
-  }
-
-  std::shared_ptr<Connection>& Books() {
-    if (!connection_) connection_ = Connected(books_);
-    return connection_;
   }
   void Hold(const char* table) { books_->tables[table].gate_at = 10; }
   int RunsOf(const char* table) {
@@ -49,9 +39,6 @@ class SideBySide : public testing::Test {
       books_->tables[held].gate->Open();
     });
   }
-
-  std::shared_ptr<FakeBooks> books_ = std::make_shared<FakeBooks>();
-  std::shared_ptr<Connection> connection_;
 };
 
 TEST_F(SideBySide, AChaptersQueryRunsWhileItsParentsIsRead) {
