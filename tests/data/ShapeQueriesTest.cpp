@@ -10,6 +10,7 @@
 
 #include "session/data/Error.h"
 #include "session/data/ShapeParser.h"
+#include "tests/SourcePath.h"
 
 namespace pstolvane1::shape {
 namespace {
@@ -18,7 +19,7 @@ namespace fs = std::filesystem;
 
 std::vector<fs::path> CommandFiles() {
   std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(PST_SOURCE_DIR "/tests/queries")) {
+  for (const auto& entry : fs::recursive_directory_iterator(SourcePath("tests/queries"))) {
     if (entry.path().extension() == ".shape") files.push_back(entry.path());
   }
   std::sort(files.begin(), files.end());
@@ -71,7 +72,7 @@ TEST(ShapeQueries, OfTheReportsAreReadAndPrintedTheSameTwice) {
 }
 
 Command Read(const std::string& file) {
-  return Parse(CommandOf(fs::path(PST_SOURCE_DIR "/tests/queries") / file));
+  return Parse(CommandOf(fs::path(SourcePath("tests/queries")) / file));
 }
 
 const Relation& Appended(const Command& command, std::size_t at) {

@@ -18,6 +18,7 @@
 #include "session/data/Chunk.h"
 #include "session/engine/Engines.h"
 #include "session/sql/EngineText.h"
+#include "tests/SourcePath.h"
 #include "tests/server/OwnServer.h"
 
 namespace pstolvane1::golden {
@@ -47,8 +48,8 @@ class SampleFile {
 class Cluster {
  public:
   void Spread() const {
-    const std::string command = fmt::format("'{}/scripts/spread' \"{}\" \"{}\" \"{}\"",
-                                            PST_SOURCE_DIR, books_.ConnectionString(),
+    const std::string command = fmt::format("'{}' \"{}\" \"{}\" \"{}\"",
+                                            SourcePath("scripts/spread"), books_.ConnectionString(),
                                             first_.ConnectionString(), second_.ConnectionString());
     if (std::system(command.c_str()) != 0) throw std::runtime_error(command + " failed");
   }

@@ -9,10 +9,11 @@
 #include "CaseFile.h"
 #include "session/data/Error.h"
 #include "session/data/Recordset.h"
+#include "tests/SourcePath.h"
 
 namespace pstolvane1::golden {
 
-inline const std::string kCases = PST_SOURCE_DIR "/tests/cases";
+inline const std::string kCases = SourcePath("tests/cases");
 // The files of all cases, relative to that folder, in their order.
 [[nodiscard]] std::vector<std::string> AllCases();
 

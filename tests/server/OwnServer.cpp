@@ -10,15 +10,16 @@
 #include <thread>
 #include <unistd.h>
 
+#include "tests/SourcePath.h"
 #include "tests/server/Server.h"
 
 namespace pstolvane1 {
 namespace {
 
-constexpr const char* kScript = PST_SOURCE_DIR "/scripts/postgres";
+const std::string kScript = SourcePath("scripts/postgres");
 
 void Do(const std::string& what, const std::string& folder) {
-  const std::string command = std::string(kScript) + " " + what + " " + folder;
+  const std::string command = kScript + " " + what + " " + folder;
   if (std::system(command.c_str()) != 0) throw std::runtime_error(command + " failed");
 }
 
@@ -46,7 +47,7 @@ OwnServer::OwnServer() {
 
 OwnServer::~OwnServer() {
   Thaw();
-  static_cast<void>(std::system((std::string(kScript) + " stop " + folder_).c_str()));
+  static_cast<void>(std::system((kScript + " stop " + folder_).c_str()));
 }
 
 std::string OwnServer::ConnectionString() const {

@@ -11,11 +11,12 @@
 #include "bills/MultiplePriceList.h"
 #include "session/POrderTextQuery.h"
 #include "session/QueryText.h"
+#include "tests/SourcePath.h"
 
 namespace pstolvane1 {
 namespace {
 
-const std::string kQueries = PST_SOURCE_DIR "/tests/queries/";
+const std::string kQueries = SourcePath("tests/queries/");
 
 struct SentText {
   std::string file;  // below the folder of the queries

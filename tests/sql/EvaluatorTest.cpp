@@ -2,6 +2,7 @@
 
 #include "session/data/Error.h"
 #include "session/sql/Parser.h"
+#include "tests/SourcePath.h"
 #include "tests/sql/CaseFile.h"
 #include "tests/sql/model/Evaluator.h"
 #include "tests/sql/model/Show.h"
@@ -20,7 +21,7 @@ std::string Outcome(const std::string& text) {
 }
 
 TEST(Evaluator, GivesTheWorkedOutMeaning) {
-  for (const TextCase& one : ReadCaseFile(PST_SOURCE_DIR "/tests/sql/model/meaning.case")) {
+  for (const TextCase& one : ReadCaseFile(SourcePath("tests/sql/model/meaning.case"))) {
     SCOPED_TRACE(one.where);
     EXPECT_EQ(Outcome(one.input), one.expected);
   }

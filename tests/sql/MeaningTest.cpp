@@ -15,6 +15,7 @@
 #include "session/data/Error.h"
 #include "session/data/Provider.h"
 #include "session/engine/Engines.h"
+#include "tests/SourcePath.h"
 #include "tests/server/Server.h"
 #include "tests/sql/CaseFile.h"
 
@@ -162,7 +163,7 @@ class Meaning : public testing::TestWithParam<std::tuple<Engine, const char*>> {
 TEST_P(Meaning, IsWhatTheFileSays) {
   const auto [engine, file] = GetParam();
   Books books(engine);
-  const std::string folder = PST_SOURCE_DIR "/tests/sql/meaning/";
+  const std::string folder = SourcePath("tests/sql/meaning/");
   for (const TextCase& one : ReadCaseFile(folder + file + ".case")) {
     SCOPED_TRACE(one.where);
     const bool other_words = engine == Engine::kPostgres && !one.on_postgres.empty();

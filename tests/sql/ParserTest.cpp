@@ -6,6 +6,7 @@
 #include "session/sql/Parser.h"
 #include "session/sql/Print.h"
 #include "session/sql/Refusal.h"
+#include "tests/SourcePath.h"
 #include "tests/sql/CaseFile.h"
 #include "tests/sql/Dump.h"
 
@@ -39,7 +40,7 @@ class ParserCases : public testing::TestWithParam<const char*> {};
 
 // Each accepted form is printed, read again and printed again: texts and trees agree.
 TEST_P(ParserCases, GiveWhatTheFileSays) {
-  const std::string folder = PST_SOURCE_DIR "/tests/sql/parser/";
+  const std::string folder = SourcePath("tests/sql/parser/");
   for (const TextCase& one : ReadCaseFile(folder + GetParam() + ".case")) {
     SCOPED_TRACE(one.where);
     if (one.is_error) {

@@ -7,6 +7,7 @@
 #include "session/data/Error.h"
 #include "session/engine/Engines.h"
 #include "session/sql/Translate.h"
+#include "tests/SourcePath.h"
 #include "tests/server/Server.h"
 #include "tests/sql/CaseFile.h"
 #include "tests/sql/ReportQueryFiles.h"
@@ -60,7 +61,7 @@ TEST_P(PostgresCases, GiveWhatTheFileSaysAndTheServerTakesIt) {
   const Catalog catalog = CaseCatalog();
   const Scratch scratch(kTables);
   ServerSession server(scratch.ConnectionString());
-  const std::string folder = PST_SOURCE_DIR "/tests/sql/postgres/";
+  const std::string folder = SourcePath("tests/sql/postgres/");
   for (const TextCase& one : ReadCaseFile(folder + GetParam() + ".case")) {
     SCOPED_TRACE(one.where);
     try {

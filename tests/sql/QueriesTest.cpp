@@ -10,6 +10,7 @@
 #include "session/data/Error.h"
 #include "session/sql/Parser.h"
 #include "session/sql/Print.h"
+#include "tests/SourcePath.h"
 #include "tests/sql/Dump.h"
 
 namespace pstolvane1::sql {
@@ -19,7 +20,7 @@ namespace fs = std::filesystem;
 
 std::vector<fs::path> QueryFiles() {
   std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(PST_SOURCE_DIR "/tests/queries")) {
+  for (const auto& entry : fs::recursive_directory_iterator(SourcePath("tests/queries"))) {
     const bool refused = entry.path().parent_path().filename() == "refused";
     if (entry.path().extension() == ".sql" && !refused) files.push_back(entry.path());
   }

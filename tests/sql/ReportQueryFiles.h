@@ -8,13 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "tests/SourcePath.h"
+
 namespace pstolvane1::sql {
 
 // Those that are to be refused, or all others; in order.
 inline std::vector<std::filesystem::path> QueryFiles(bool refused) {
   namespace fs = std::filesystem;
   std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(PST_SOURCE_DIR "/tests/queries")) {
+  for (const auto& entry : fs::recursive_directory_iterator(SourcePath("tests/queries"))) {
     const std::string extension = entry.path().extension();
     if (extension != ".sql" && extension != ".shape") continue;
     if ((entry.path().parent_path().filename() == "refused") == refused) {

@@ -4,6 +4,7 @@
 
 #include "session/data/Error.h"
 #include "session/sql/Translate.h"
+#include "tests/SourcePath.h"
 #include "tests/sql/CaseFile.h"
 #include "tests/sql/SqliteBooks.h"
 
@@ -54,7 +55,7 @@ class TranslateCases : public testing::TestWithParam<const char*> {};
 TEST_P(TranslateCases, GiveWhatTheFileSays) {
   const Catalog catalog = CaseCatalog();
   PreparingBooks books(kTables);
-  const std::string folder = PST_SOURCE_DIR "/tests/sql/sqlite/";
+  const std::string folder = SourcePath("tests/sql/sqlite/");
   for (const TextCase& one : ReadCaseFile(folder + GetParam() + ".case")) {
     SCOPED_TRACE(one.where);
     try {

@@ -9,6 +9,7 @@
 #include "stock/SimpleAverage.h"
 #include "stock/StandardRateQuery.h"
 #include "stock/StockQueries.h"
+#include "tests/SourcePath.h"
 
 namespace pstolvane1 {
 namespace {
@@ -30,7 +31,7 @@ StockArguments Asked(enmValuationMethod method, StockTree tree = StockTree::kIte
 }
 
 std::string Sent(const std::string& file) {
-  std::ifstream in(std::string(PST_SOURCE_DIR "/tests/queries/stock/") + file);
+  std::ifstream in(SourcePath("tests/queries/stock/") + file);
   EXPECT_TRUE(in) << file;
   std::string comment, text;
   std::getline(in, comment);
