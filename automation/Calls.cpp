@@ -89,14 +89,18 @@ Outcome Call(clsStolvane1& session, const Operation& operation, const BoundValue
 }
 
 RecordsetPtr OpenSelect(clsStolvane1& session, std::string_view select) {
+  RecordsetPtr rowset = Recordset::New();
+  OpenSelect(session, select, *rowset);
+  return rowset;
+}
+
+void OpenSelect(clsStolvane1& session, std::string_view select, Recordset& rowset) {
   const std::shared_ptr<Connection> connection = session.GetConnectionObject();
   if (!connection) {
     throw Error(ErrorNumber::kNoConnection, "the session is not connected to any books");
   }
-  RecordsetPtr rowset = Recordset::New();
-  rowset->Open(select, connection, adOpenStatic, adLockReadOnly);
-  rowset->ActiveConnection(nullptr);
-  return rowset;
+  rowset.Open(select, connection, adOpenStatic, adLockReadOnly);
+  rowset.ActiveConnection(nullptr);
 }
 
 std::span<const ArgumentType> ParameterTypes(const Operation& operation) {

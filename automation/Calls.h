@@ -30,6 +30,8 @@ Outcome Call(clsStolvane1& session, const Operation& operation, const BoundValue
 // A rowset argument made of one SELECT on the session's books, disconnected from them. Error 3709
 // before SetConnection.
 [[nodiscard]] RecordsetPtr OpenSelect(clsStolvane1& session, std::string_view select);
+// The same, opened on a rowset that is there.
+void OpenSelect(clsStolvane1& session, std::string_view select, Recordset& rowset);
 
 // The types of the member that stands behind an operation, in order; empty where none does.
 [[nodiscard]] std::span<const ArgumentType> ParameterTypes(const Operation& operation);

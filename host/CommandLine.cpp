@@ -15,7 +15,6 @@
 #include "host/ReportsCommand.h"
 #include "host/RunCommand.h"
 #include "host/SqlCommand.h"
-#include "host/WrongCall.h"
 #include "session/books/SampleBooks.h"
 #include "session/data/Error.h"
 #include "session/data/TextFold.h"
@@ -142,29 +141,31 @@ void AddReports(CLI::App& app, Typed& typed) {
 }
 
 void AddRun(CLI::App& app, Typed& typed) {
-  RunOptions& options = typed.run;
+  automation::CallWords& call = typed.run.call;
   CLI::App* run = app.add_subcommand("run", "One report");
-  run->add_option("OPERATION", options.operation, "as \"stolvane reports\" lists it")->required();
-  run->add_option("ARGUMENTS", options.arguments, "the operation's own, as NAME=VALUE")
+  run->add_option("OPERATION", call.operation, "as \"stolvane reports\" lists it")->required();
+  run->add_option("ARGUMENTS", call.arguments, "the operation's own, as NAME=VALUE")
       ->option_text("NAME=VALUE ...");
-  run->add_option("--books", options.books, "the books")->required()->option_text("CONNECTION");
-  run->add_flag("--async", options.asynchronous, "fetch in the background");
-  run->add_option("--alias", options.aliases, "what is shown in place of a name, as taItem=EXPR")
+  run->add_option("--books", call.books, "the books")->required()->option_text("CONNECTION");
+  run->add_flag("--async", call.asynchronous, "fetch in the background");
+  run->add_option("--alias", call.aliases, "what is shown in place of a name, as taItem=EXPR")
       ->allow_extra_args(false)
       ->option_text("NAME=EXPR");
-  run->add_option("--filter", options.filters, "an argument of SetFilter")
+  run->add_option("--filter", call.filters, "an argument of SetFilter")
       ->allow_extra_args(false)
       ->option_text("NAME=VALUE");
-  run->add_option("--rowset", options.rowsets, "a rowset argument, from the same books")
+  run->add_option("--rowset", call.rowsets, "a rowset argument, from the same books")
       ->allow_extra_args(false)
       ->option_text("NAME=SELECT");
-  run->add_flag("--cancel", options.cancel, "set CancelFetching before the call");
-  run->add_flag("--events", options.events, "with json: the events in order");
-  run->add_option("--books-from", options.books_from, "first day of the books")
-      ->option_text("DATE");
-  run->add_option("--books-to", options.books_to, "last day of the books")->option_text("DATE");
-  AddOutput(*run, options.output);
-  run->callback([&typed] { typed.command = [&typed] { return Run(typed.run), kSuccess; }; });
+  run->add_flag("--cancel", call.cancel, "set CancelFetching before the call");
+  run->add_flag("--events", typed.run.events, "with json: the events in order");
+  run->add_option("--books-from", call.books_from, "first day of the books")->option_text("DATE");
+  run->add_option("--books-to", call.books_to, "last day of the books")->option_text("DATE");
+  AddOutput(*run, typed.run.output);
+  run->callback([&typed] {
+    typed.run.call.locale = typed.run.output.locale;
+    typed.command = [&typed] { return Run(typed.run), kSuccess; };
+  });
 }
 
 void Tell(const Error& error) {
@@ -209,14 +210,15 @@ int RunCommandLine(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     if (TellUnknownCommand(app, error)) return kWrongCall;
     if (app.exit(error) == 0) return kSuccess;
-    if (const std::string usage = UsageOfRun(typed.run.operation); !usage.empty()) {
+    if (const std::string usage = automation::UsageInWords(typed.run.call.operation);
+        !usage.empty()) {
       std::cerr << '\n' << usage << '\n';
     }
     return kWrongCall;
   }
   try {
     return typed.command();
-  } catch (const WrongCall& error) {
+  } catch (const automation::WrongCall& error) {
     std::cerr << "stolvane: " << error.what() << '\n';
     return kWrongCall;
   } catch (const Error& error) {

@@ -1,0 +1,140 @@
+#include "automation/CallInWords.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <fmt/format.h>
+#include <utility>
+
+#include "automation/Operations.h"
+#include "session/data/Error.h"
+#include "session/data/TextFold.h"
+
+namespace pstolvane1::automation {
+namespace {
+
+constexpr std::string_view kSynchronous = "blnReport";
+
+[[noreturn]] void RaiseWrongCall(const std::string& problem, const Operation& operation) {
+  throw WrongCall(problem + "\n\n" + UsageInWords(operation.name));
+}
+
+const Operation& OperationNamed(const std::string& name) {
+  if (const Operation* found = FindOperation(name)) return *found;
+  throw WrongCall("there is no operation \"" + name + "\"; \"stolvane reports\" lists them");
+}
+
+// "NAME=VALUE" texts, which name arguments of the operation.
+std::vector<NamedValue> SplitAll(const std::vector<std::string>& words, std::string_view what,
+                                 const Operation& operation) {
+  std::vector<NamedValue> values;
+  for (const std::string& word : words) {
+    const std::size_t equals = word.find('=');
+    if (equals == 0 || equals == std::string::npos) {
+      RaiseWrongCall("\"" + word + "\" is no " + std::string(what) + ": write NAME=VALUE",
+                     operation);
+    }
+    values.push_back({word.substr(0, equals), Variant(word.substr(equals + 1))});
+  }
+  return values;
+}
+
+bool Names(const std::vector<NamedValue>& values, std::string_view name) {
+  return std::any_of(values.begin(), values.end(),
+                     [name](const NamedValue& value) { return EqualFolded(value.name, name); });
+}
+
+std::vector<NamedValue> ConnectionOf(const CallWords& words) {
+  const auto date = [](const std::string& text) {
+    return text.empty() ? Variant() : Variant(text);
+  };
+  return {{"strProvider", ""},
+          {"strConnectionString", ""},
+          {"strConnectionString1", words.books},
+          {"AsyncConnect", False},
+          {"dtFromDate", date(words.books_from)},
+          {"dtToDate", date(words.books_to)}};
+}
+
+// An argument of SetFilter that is not named leaves everything in.
+std::vector<NamedValue> FilterOf(const CallWords& words, const Operation& set_filter) {
+  std::vector<NamedValue> values = SplitAll(words.filters, "filter", set_filter);
+  for (const Argument& argument : set_filter.arguments) {
+    if (Names(values, argument.name)) continue;
+    const bool text = argument.type == ArgumentType::kText;
+    values.push_back({std::string(argument.name), text ? Variant("") : Variant(0)});
+  }
+  return values;
+}
+
+}  // namespace
+
+CallInWords::CallInWords(const CallWords& words) : call_(BindCall(words)), cancel_(words.cancel) {
+  const auto set = [this](std::string_view name, const auto& values_of) {
+    const Operation& setting = GetOperation(name);
+    settings_.push_back(BoundTo(setting, values_of(setting)));
+  };
+  set("SetConnection", [&](const Operation&) { return ConnectionOf(words); });
+  if (!words.locale.empty()) {
+    set("SetLocale", [&](const Operation&) {
+      return std::vector<NamedValue>{{"name", words.locale}};
+    });
+  }
+  if (!words.aliases.empty()) {
+    set("SetAliases",
+        [&](const Operation& setting) { return SplitAll(words.aliases, "alias", setting); });
+  }
+  if (!words.filters.empty()) {
+    set("SetFilter", [&](const Operation& setting) { return FilterOf(words, setting); });
+  }
+}
+
+// Bind's errors end with the operation's arguments, which the usage has as well.
+CallInWords::Bound CallInWords::BoundTo(const Operation& operation,
+                                        const std::vector<NamedValue>& values) {
+  try {
+    return {operation, Bind(operation, values)};
+  } catch (const Error& error) {
+    const std::string usage = "; " + UsageOf(operation);
+    std::string problem = error.Description();
+    if (problem.ends_with(usage)) problem.resize(problem.size() - usage.size());
+    RaiseWrongCall(problem, operation);
+  }
+}
+
+CallInWords::Bound CallInWords::BindCall(const CallWords& words) {
+  const Operation& operation = OperationNamed(words.operation);
+  std::vector<NamedValue> values = SplitAll(words.arguments, "argument", operation);
+  if (!Names(values, kSynchronous) && FindArgument(operation, kSynchronous) != nullptr) {
+    values.push_back({std::string(kSynchronous), Boolean(!words.asynchronous)});
+  }
+  for (NamedValue& given : SplitAll(words.rowsets, "rowset", operation)) {
+    selects_.push_back({Recordset::New(), given.value.ToText()});
+    values.push_back({std::move(given.name), selects_.back().rowset});
+  }
+  return BoundTo(operation, values);
+}
+
+Outcome CallInWords::Run(clsStolvane1& session) const {
+  for (const Bound& setting : settings_) Call(session, setting.operation, setting.values);
+  if (cancel_) session.CancelFetching(True);
+  for (const Select& select : selects_) OpenSelect(session, select.text, *select.rowset);
+  return Call(session, call_.operation, call_.values);
+}
+
+std::string Describe(const Operation& operation) {
+  std::string text =
+      fmt::format("  {}{}\n      {}\n", UsageOf(operation),
+                  IsBuilt(operation) ? "" : "   (not in this version)", operation.help);
+  for (const Argument& argument : operation.arguments) {
+    text += fmt::format("      {:<24} {}. {}\n", argument.name, TakesWhat(argument), argument.help);
+  }
+  return text;
+}
+
+std::string UsageInWords(std::string_view operation) {
+  const Operation* found = FindOperation(operation);
+  if (found == nullptr) return {};
+  return "stolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n" + Describe(*found);
+}
+
+}  // namespace pstolvane1::automation
