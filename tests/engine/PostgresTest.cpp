@@ -11,6 +11,7 @@
 #include "session/engine/postgres/Errors.h"
 #include "session/engine/postgres/PostgresProvider.h"
 #include "session/engine/postgres/Schema.h"
+#include "tests/engine/CountedTranslator.h"
 #include "tests/engine/Reading.h"
 #include "tests/server/Server.h"
 
@@ -174,6 +175,17 @@ TEST(PostgresSchema, TablesThatAreMadeOrChangedMeanwhileAreSeen) {
       .Run("CREATE TABLE u (id int); ALTER TABLE t ADD name text DEFAULT 'a'");
   EXPECT_EQ(books->Describe("select * from u").size(), 1U);
   EXPECT_THAT(Lines(*books, "select * from t"), ElementsAre("1|a"));
+}
+
+TEST(PostgresSchema, ARowsetHasItsTextTranslatedOnce) {
+  const Scratch scratch("CREATE TABLE t (id int); INSERT INTO t VALUES (1), (2)");
+  CountedTranslator counted(sql::TranslateForPostgres);
+  const auto connection = Connection::New([&](const std::string& text, milliseconds limit) {
+    return std::make_shared<PostgresProvider>(text, limit, counted.Translate());
+  });
+  connection->Open(scratch.ConnectionString());
+  EXPECT_THAT(TextsTranslatedFor(counted, connection),
+              ElementsAre(kTwoQueries[0], kTwoQueries[1], kTwoQueries[0], kTwoQueries[1]));
 }
 
 // --- Cells

@@ -8,7 +8,7 @@ namespace pstolvane1::postgres {
 
 PostgresProvider::PostgresProvider(std::string_view connection_string,
                                    std::chrono::milliseconds time_limit, Translator translate)
-    : translate_(std::move(translate)),
+    : translations_(std::make_shared<Translations>(std::move(translate))),
       cancel_(std::make_shared<CancelSignal>()),
       pool_(std::make_shared<Pool>(Settings(connection_string))) {
   try {
@@ -25,7 +25,7 @@ std::shared_ptr<HeldState> PostgresProvider::TakeState(std::chrono::milliseconds
 
 std::shared_ptr<Snapshot> PostgresProvider::TakeSnapshot(std::chrono::milliseconds time_limit) {
   try {
-    return std::make_shared<PostgresSnapshot>(TakeState(time_limit), translate_);
+    return std::make_shared<PostgresSnapshot>(TakeState(time_limit), translations_);
   } catch (const Error& error) {
     if (error.Number() != ErrorNumber::kConnection) throw;
     throw Error(ErrorNumber::kQueryRefused, error.Description());
@@ -33,10 +33,10 @@ std::shared_ptr<Snapshot> PostgresProvider::TakeSnapshot(std::chrono::millisecon
 }
 
 // A name that is not known may be of a table that was made since the tables were read.
-sql::Translation PostgresProvider::TranslateNow(std::string_view select) {
+std::shared_ptr<const sql::Translation> PostgresProvider::TranslateNow(std::string_view select) {
   const std::shared_ptr<const sql::Catalog> known = pool_->LastCatalog();
   try {
-    return translate_(select, *known);
+    return translations_->Of(select, known);
   } catch (const Error&) {
     constexpr std::chrono::milliseconds kHardlyAnything{1000};
     std::shared_ptr<const sql::Catalog> now;
@@ -46,16 +46,16 @@ sql::Translation PostgresProvider::TranslateNow(std::string_view select) {
       now = known;
     }
     if (now == known) throw;
-    return translate_(select, *now);
+    return translations_->Of(select, now);
   }
 }
 
 std::vector<ColumnInfo> PostgresProvider::Describe(std::string_view select) {
-  return ColumnsOf(TranslateNow(select).columns);
+  return ColumnsOf(TranslateNow(select)->columns);
 }
 
 std::string PostgresProvider::Translate(std::string_view select) {
-  return TranslateNow(select).text;
+  return TranslateNow(select)->text;
 }
 
 void PostgresProvider::Cancel() noexcept { cancel_->Raise(); }

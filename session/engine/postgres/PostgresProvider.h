@@ -32,9 +32,9 @@ class PostgresProvider final : public Provider {
 
  private:
   [[nodiscard]] std::shared_ptr<HeldState> TakeState(std::chrono::milliseconds time_limit);
-  [[nodiscard]] sql::Translation TranslateNow(std::string_view select);
+  [[nodiscard]] std::shared_ptr<const sql::Translation> TranslateNow(std::string_view select);
 
-  const Translator translate_;
+  const std::shared_ptr<Translations> translations_;
   const std::shared_ptr<CancelSignal> cancel_;
   const std::shared_ptr<Pool> pool_;
 };

@@ -12,9 +12,6 @@
 
 namespace pstolvane1::postgres {
 
-// Turns a SELECT of the dialect into the engine's text.
-using Translator = std::function<sql::Translation(std::string_view, const sql::Catalog&)>;
-
 // Quantities have 32 bits of meaning and are stored as float8, so that 0.1 is the same 0.1 on every
 // engine. This is the domain under which the reference schema keeps them, and the comment that a
 // plain float8 column has instead: one of a domain of its own is never summed on another server.

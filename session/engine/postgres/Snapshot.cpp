@@ -76,12 +76,14 @@ std::deque<std::string> HeldState::CopyHere(const std::string& copy, Watch& watc
   return pieces;
 }
 
-PostgresSnapshot::PostgresSnapshot(std::shared_ptr<HeldState> state, Translator translate)
-    : state_(std::move(state)), translate_(std::move(translate)) {}
+PostgresSnapshot::PostgresSnapshot(std::shared_ptr<HeldState> state,
+                                   std::shared_ptr<Translations> translations)
+    : state_(std::move(state)), translations_(std::move(translations)) {}
 
 std::shared_ptr<Cursor> PostgresSnapshot::Run(std::string_view select,
                                               std::chrono::milliseconds time_limit) {
-  return std::make_shared<PostgresCursor>(state_, translate_(select, *state_->catalog), time_limit);
+  return std::make_shared<PostgresCursor>(state_, *translations_->Of(select, state_->catalog),
+                                          time_limit);
 }
 
 void PostgresSnapshot::Cancel() noexcept { state_->cancel.Raise(); }

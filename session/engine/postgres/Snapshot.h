@@ -8,6 +8,7 @@
 
 #include "session/data/Provider.h"
 #include "session/engine/FairMutex.h"
+#include "session/engine/Translations.h"
 #include "session/engine/Watch.h"
 #include "session/engine/postgres/Pool.h"
 #include "session/engine/postgres/Schema.h"
@@ -42,7 +43,7 @@ struct HeldState {
 
 class PostgresSnapshot final : public Snapshot {
  public:
-  PostgresSnapshot(std::shared_ptr<HeldState> state, Translator translate);
+  PostgresSnapshot(std::shared_ptr<HeldState> state, std::shared_ptr<Translations> translations);
 
   // Every cursor has a session of its own, so that they read side by side, unless the books are
   // spread.
@@ -52,7 +53,7 @@ class PostgresSnapshot final : public Snapshot {
 
  private:
   const std::shared_ptr<HeldState> state_;
-  const Translator translate_;
+  const std::shared_ptr<Translations> translations_;
 };
 
 }  // namespace pstolvane1::postgres

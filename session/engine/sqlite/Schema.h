@@ -1,17 +1,13 @@
 // What the tables and views of an SQLite database look like to the front end.
 #pragma once
 
-#include <functional>
 #include <string_view>
 
+#include "session/engine/Translations.h"
 #include "session/engine/sqlite/Database.h"
 #include "session/sql/Catalog.h"
-#include "session/sql/Translate.h"
 
 namespace pstolvane1::sqlite {
-
-// Turns a SELECT of the dialect into the engine's text.
-using Translator = std::function<sql::Translation(std::string_view, const sql::Catalog&)>;
 
 // The tables and views of the books, the engine's own left out. A column's type is its declared
 // one, of a view's column that of the table's column behind it. A view's expression has none: where

@@ -48,12 +48,14 @@ void HeldState::FinalizeDropped() noexcept {
   }
 }
 
-SqliteSnapshot::SqliteSnapshot(std::shared_ptr<HeldState> state, Translator translate)
-    : state_(std::move(state)), translate_(std::move(translate)) {}
+SqliteSnapshot::SqliteSnapshot(std::shared_ptr<HeldState> state,
+                               std::shared_ptr<Translations> translations)
+    : state_(std::move(state)), translations_(std::move(translations)) {}
 
 std::shared_ptr<Cursor> SqliteSnapshot::Run(std::string_view select,
                                             std::chrono::milliseconds time_limit) {
-  return std::make_shared<SqliteCursor>(state_, translate_(select, *state_->catalog), time_limit);
+  return std::make_shared<SqliteCursor>(state_, *translations_->Of(select, state_->catalog),
+                                        time_limit);
 }
 
 void SqliteSnapshot::Cancel() noexcept { state_->cancel.Raise(); }

@@ -8,6 +8,7 @@
 
 #include "session/data/Provider.h"
 #include "session/engine/FairMutex.h"
+#include "session/engine/Translations.h"
 #include "session/engine/Watch.h"
 #include "session/engine/sqlite/Database.h"
 #include "session/engine/sqlite/Schema.h"
@@ -47,7 +48,7 @@ struct HeldState {
 
 class SqliteSnapshot final : public Snapshot {
  public:
-  SqliteSnapshot(std::shared_ptr<HeldState> state, Translator translate);
+  SqliteSnapshot(std::shared_ptr<HeldState> state, std::shared_ptr<Translations> translations);
 
   [[nodiscard]] std::shared_ptr<Cursor> Run(std::string_view select,
                                             std::chrono::milliseconds time_limit) override;
@@ -55,7 +56,7 @@ class SqliteSnapshot final : public Snapshot {
 
  private:
   const std::shared_ptr<HeldState> state_;
-  const Translator translate_;
+  const std::shared_ptr<Translations> translations_;
 };
 
 }  // namespace pstolvane1::sqlite

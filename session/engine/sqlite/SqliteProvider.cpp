@@ -108,14 +108,16 @@ class SqliteProvider::Pool {
 SqliteProvider::SqliteProvider(const std::string& path, std::chrono::milliseconds time_limit,
                                Translator translate)
     : path_(Absolute(path)),
-      translate_(std::move(translate)),
+      translations_(std::make_shared<Translations>(std::move(translate))),
       cancel_(std::make_shared<CancelSignal>()),
       pool_(std::make_shared<Pool>()) {
   Watch watch(time_limit, {cancel_.get()});
   std::unique_ptr<Database> database = Open(path_, watch);
   try {
     const std::int64_t version = database->BeginState(watch);
-    pool_->Keep(std::make_shared<sql::Catalog>(ReadCatalog(*database, translate_, watch)), version);
+    pool_->Keep(
+        std::make_shared<sql::Catalog>(ReadCatalog(*database, translations_->Translate(), watch)),
+        version);
   } catch (const Error& error) {
     throw Error(ErrorNumber::kConnection,
                 fmt::format("The books \"{}\" cannot be opened: {}.", path_, error.Description()));
@@ -131,20 +133,21 @@ std::shared_ptr<Snapshot> SqliteProvider::TakeSnapshot(std::chrono::milliseconds
     const std::int64_t version = database->BeginState(watch);
     std::shared_ptr<const sql::Catalog> catalog = pool_->Catalog(version);
     if (!catalog) {
-      catalog = std::make_shared<sql::Catalog>(ReadCatalog(*database, translate_, watch));
+      catalog =
+          std::make_shared<sql::Catalog>(ReadCatalog(*database, translations_->Translate(), watch));
       pool_->Keep(catalog, version);
     }
     auto state = std::make_shared<HeldState>(
         std::move(database), std::move(catalog), cancel_,
         [pool = pool_](std::unique_ptr<Database> back) { pool->Give(std::move(back)); });
-    return std::make_shared<SqliteSnapshot>(std::move(state), translate_);
+    return std::make_shared<SqliteSnapshot>(std::move(state), translations_);
   } catch (const Error& error) {
     if (error.Number() != ErrorNumber::kConnection) throw;
     throw Error(ErrorNumber::kQueryRefused, error.Description());
   }
 }
 
-sql::Translation SqliteProvider::TranslateNow(std::string_view select) {
+std::shared_ptr<const sql::Translation> SqliteProvider::TranslateNow(std::string_view select) {
   std::shared_ptr<const sql::Catalog> catalog = pool_->LastCatalog();
   // A schema that changed meanwhile is read anew if no writer stands in the way.
   if (std::unique_ptr<Database> database = pool_->Take()) {
@@ -161,14 +164,16 @@ sql::Translation SqliteProvider::TranslateNow(std::string_view select) {
       }
     }
   }
-  return translate_(select, *catalog);
+  return translations_->Of(select, catalog);
 }
 
 std::vector<ColumnInfo> SqliteProvider::Describe(std::string_view select) {
-  return ColumnsOf(TranslateNow(select).columns);
+  return ColumnsOf(TranslateNow(select)->columns);
 }
 
-std::string SqliteProvider::Translate(std::string_view select) { return TranslateNow(select).text; }
+std::string SqliteProvider::Translate(std::string_view select) {
+  return TranslateNow(select)->text;
+}
 
 void SqliteProvider::Cancel() noexcept { cancel_->Raise(); }
 

@@ -34,10 +34,10 @@ class SqliteProvider final : public Provider {
  private:
   class Pool;
 
-  [[nodiscard]] sql::Translation TranslateNow(std::string_view select);
+  [[nodiscard]] std::shared_ptr<const sql::Translation> TranslateNow(std::string_view select);
 
   const std::string path_;  // absolute, so that it stays the same file when the process moves on
-  const Translator translate_;
+  const std::shared_ptr<Translations> translations_;
   const std::shared_ptr<CancelSignal> cancel_;
   const std::shared_ptr<Pool> pool_;
 };
