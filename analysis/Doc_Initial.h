@@ -3,18 +3,18 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "session/ReportFrame.h"
 
 namespace pstolvane1 {
 
 struct DocumentListArguments {
+  std::uint8_t bytYearno = 0;
   std::int32_t lngVouchertype_id = 0;
-  std::string_view from, to;  // as SqlDateText
+  Date dtFromDate, dtToDate;
   float gScale = 1;
   bool blnNoRel = false;
-  std::string_view strBillFilter;
+  std::string strBillFilter;
 };
 
 // One row a ledger, by name: amount (already divided by the scale), ledger_id, ledgername.
@@ -23,8 +23,7 @@ struct DocumentListArguments {
 // The ledgers of rsReport, a rule and a total.
 [[nodiscard]] RecordsetPtr mDoc_Initial(ReportFrame& frame);
 
-RecordsetPtr Doc_Initial(ReportFrame& frame, std::uint8_t bytYearno, std::int32_t lngVouchertype_id,
-                         Date dtFromDate, Date dtToDate, Boolean blnReport, float gScale,
-                         Boolean blnNoRel, std::string_view strBillFilter);
+RecordsetPtr Doc_Initial(ReportFrame& frame, const DocumentListArguments& arguments,
+                         Boolean blnReport);
 
 }  // namespace pstolvane1

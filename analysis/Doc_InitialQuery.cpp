@@ -48,7 +48,8 @@ std::string ComposeUncleared(const DocumentListArguments& arguments, const std::
       "VOUCHERDETAILS1.DELETED = 0 AND VOUCHERDETAILS1.VHRDETAILOPTIONAL = 0  "
       "AND VOUCHERDETAILS1.CLEARANCEDATE IS NULL  "
       "AND SUBGROUPNAME1.CODE IN (2,41) {}",
-      scale, kLedger, kLedgerOfLine, kTypeOfLine, arguments.from, arguments.to, kByLedger);
+      scale, kLedger, kLedgerOfLine, kTypeOfLine, SqlDateText(arguments.dtFromDate),
+      SqlDateText(arguments.dtToDate), kByLedger);
 }
 
 std::string ComposeReceived(const DocumentListArguments& arguments, const std::string& scale) {
@@ -57,8 +58,8 @@ std::string ComposeReceived(const DocumentListArguments& arguments, const std::s
       " and  [VHRDETAILDATE] BETWEEN #{}# AND #{}# AND  "
       " VoucherDetails1.Creditamt > 0 and VOUCHERDETAILS1.DELETED = 0 AND "
       "VOUCHERDETAILS1.VHRDETAILOPTIONAL = 0  {}",
-      scale, kLedger, kLedgerOfLine, kTypeOfLine, TypeClause(arguments), arguments.from,
-      arguments.to, kByLedger);
+      scale, kLedger, kLedgerOfLine, kTypeOfLine, TypeClause(arguments),
+      SqlDateText(arguments.dtFromDate), SqlDateText(arguments.dtToDate), kByLedger);
 }
 
 std::string ComposeDocuments(const DocumentListArguments& arguments, const std::string& scale) {
@@ -69,8 +70,8 @@ std::string ComposeDocuments(const DocumentListArguments& arguments, const std::
       "WHERE {} AND DESR1.DELETED = 0 And Desr1.Optional =0 AND "
       " DESR1.{} BETWEEN #{}# and #{}# {}",
       scale, kLedger, TypeClause(arguments),
-      arguments.lngVouchertype_id == kJobCard ? "JobcardDATE" : "DATE", arguments.from,
-      arguments.to, kByLedger);
+      arguments.lngVouchertype_id == kJobCard ? "JobcardDATE" : "DATE",
+      SqlDateText(arguments.dtFromDate), SqlDateText(arguments.dtToDate), kByLedger);
 }
 
 }  // namespace

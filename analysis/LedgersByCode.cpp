@@ -4,18 +4,14 @@
 
 namespace pstolvane1 {
 
-RecordsetPtr mLedgersByCode(ReportFrame& frame) {
-  return frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
-}
+RecordsetPtr mLedgersByCode(ReportFrame& frame) { return frame.Rowset(Source::rsReport); }
 
 RecordsetPtr LedgersByCode(ReportFrame& frame, std::uint8_t bytYearno, std::string& sCode,
                            Boolean blnReport) {
-  frame.lngReportType = rtLedgersByCode;
   frame.module.bytYearno = bytYearno;
   sCode = CodeCondition(sCode);
-  frame.module.strSQL = frame.Normalise(ComposeLedgersByCode(bytYearno, sCode));
-  return Launch(frame, blnReport, kFetch, {{Source::rsReport, frame.module.strSQL}},
-                &mLedgersByCode);
+  return Launch(frame, rtLedgersByCode, blnReport,
+                {{Source::rsReport, ComposeLedgersByCode(bytYearno, sCode)}});
 }
 
 }  // namespace pstolvane1

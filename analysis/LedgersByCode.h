@@ -16,7 +16,7 @@ namespace pstolvane1 {
 [[nodiscard]] std::string ComposeLedgersByCode(std::uint8_t bytYearno,
                                                std::string_view code_condition);
 
-// A clone of rsReport: this list has no layout of its own.
+// rsReport itself: this list has no layout of its own.
 [[nodiscard]] RecordsetPtr mLedgersByCode(ReportFrame& frame);
 
 // Writes the condition back into sCode.

@@ -39,7 +39,7 @@ RecordsetPtr mDoc_Initial(ReportFrame& frame) {
   writer.Text(kColumns.At("Ledger"), "Total");
   writer.Money(kColumns.At("Amount"), total);
   writer.Text(kColumns.At("TotalLine"), rule);
-  return writer.Finish()->Clone(adLockUnspecified);
+  return writer.Finish();
 }
 
 }  // namespace pstolvane1

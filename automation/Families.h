@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "automation/Operation.h"
+#include "session/enmValuationMethod.h"
 
 namespace pstolvane1::automation {
 
@@ -56,6 +57,26 @@ constexpr std::array<Argument, N + 1> And(const std::array<Argument, N>& argumen
   for (std::size_t i = 0; i < N; ++i) all[i] = arguments[i];
   all[N] = last;
   return all;
+}
+
+// The types of an operation that ValuationMethod decides: type_of(method) gives an optional report
+// type. A method without one has no rule.
+template <typename TypeOf>
+constexpr auto TypesByMethod(TypeOf type_of) {
+  constexpr std::size_t kMethods = [] {
+    std::size_t count = 0;
+    for (const EnumName& method : kValuationMethodNames) {
+      if (TypeOf{}(static_cast<enmValuationMethod>(method.value))) ++count;
+    }
+    return count;
+  }();
+  std::array<ReportTypeRule, kMethods> rules{};
+  std::size_t at = 0;
+  for (const EnumName& method : kValuationMethodNames) {
+    const auto type = type_of(static_cast<enmValuationMethod>(method.value));
+    if (type) rules[at++] = {method.value, *type};
+  }
+  return rules;
 }
 
 inline constexpr std::string_view kNotUsed = "Accepted and not used.";

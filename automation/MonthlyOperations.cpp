@@ -1,8 +1,7 @@
 #include <array>
 
 #include "automation/Families.h"
-#include "session/ReportType.h"
-#include "session/enmValuationMethod.h"
+#include "session/ValuationReports.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -37,57 +36,10 @@ constexpr auto kGodownItem = And(Arguments("The item.", "The godown.", kNotUsed)
                                  Int32("lngBatch_id", "The batch; 0 is all.").Optional());
 constexpr auto kGroup = Arguments("The category, class or godown.", kNotUsed, kOnlyItems);
 
-constexpr ReportTypeRule kItemTypes[] = {
-    {FifoRate, rtMonthly_Itemwise_WithFifo},
-    {LifoRate, rtMonthly_Itemwise_WithLifo},
-    {AverageRate, rtMonthly_Itemwise_WithAvg},
-    {LastPurchaseRate, rtMonthly_Itemwise_WithLastPurchase},
-    {LastSaleRate, rtMonthly_Itemwise_WithLastSale},
-    {standardrate, rtMonthly_Itemwise_WithStandardCost},
-    {StandardPrice, rtMonthly_Itemwise_WithStandardPrice},
-    {SimpleAvg, rtMonthly_Itemwise_WithSimpleAvg},
-};
-constexpr ReportTypeRule kCategoryTypes[] = {
-    {FifoRate, rtMonthly_Categorywise_WithFifo},
-    {LifoRate, rtMonthly_Categorywise_WithLifo},
-    {AverageRate, rtMonthly_Categorywise_WithAvg},
-    {LastPurchaseRate, rtMonthly_Categorywise_WithLastPurchase},
-    {LastSaleRate, rtMonthly_Categorywise_WithLastSale},
-    {standardrate, rtMonthly_Categorywise_WithStandardCost},
-    {StandardPrice, rtMonthly_Categorywise_WithStandardPrice},
-    {SimpleAvg, rtMonthly_Categorywise_WithSimpleAvg},
-};
-constexpr ReportTypeRule kClassTypes[] = {
-    {FifoRate, rtMonthly_Classwise_WithFifo},
-    {LifoRate, rtMonthly_Classwise_WithLifo},
-    {AverageRate, rtMonthly_Classwise_WithAvg},
-    {LastPurchaseRate, rtMonthly_Classwise_WithLastPurchase},
-    {LastSaleRate, rtMonthly_Classwise_WithLastSale},
-    {standardrate, rtMonthly_Classwise_WithStandardCost},
-    {StandardPrice, rtMonthly_Classwise_WithStandardPrice},
-    {SimpleAvg, rtMonthly_Classwise_WithSimpleAvg},
-};
-// Godowns have no simple average: the weighted one stands in.
-constexpr ReportTypeRule kGodownTypes[] = {
-    {FifoRate, rtMonthly_Godownwise_WithFifo},
-    {LifoRate, rtMonthly_Godownwise_WithLifo},
-    {AverageRate, rtMonthly_Godownwise_WithAvg},
-    {LastPurchaseRate, rtMonthly_Godownwise_WithLastPurchase},
-    {LastSaleRate, rtMonthly_Godownwise_WithLastSale},
-    {standardrate, rtMonthly_Godownwise_WithStandardCost},
-    {StandardPrice, rtMonthly_Godownwise_WithStandardPrice},
-    {SimpleAvg, rtMonthly_Godownwise_WithAvg},
-};
-constexpr ReportTypeRule kGodownItemTypes[] = {
-    {FifoRate, rtMonthly_GodownItemwise_WithFifo},
-    {LifoRate, rtMonthly_GodownItemwise_WithLifo},
-    {AverageRate, rtMonthly_GodownItemwise_WithAvg},
-    {LastPurchaseRate, rtMonthly_GodownItemwise_WithLastPurchase},
-    {LastSaleRate, rtMonthly_GodownItemwise_WithLastSale},
-    {standardrate, rtMonthly_GodownItemwise_WithStandardCost},
-    {StandardPrice, rtMonthly_GodownItemwise_WithStandardPrice},
-    {SimpleAvg, rtMonthly_GodownItemwise_WithAvg},
-};
+template <MonthlyTree tree>
+constexpr auto kTypes = TypesByMethod([](enmValuationMethod method) {
+  return MonthlyReportType(method, tree);
+});
 
 constexpr Operation Ledger(std::string_view name, std::string_view help,
                            std::span<const Argument> arguments,
@@ -97,13 +49,15 @@ constexpr Operation Ledger(std::string_view name, std::string_view help,
 }
 
 constexpr Operation kOperations[] = {
-    Ledger("Monthly_Itemwise", "One item month by month.", kItem, kItemTypes),
+    Ledger("Monthly_Itemwise", "One item month by month.", kItem, kTypes<MonthlyTree::kItem>),
     Ledger("Monthly_Categorywise", "The items of one category month by month.", kGroup,
-           kCategoryTypes),
-    Ledger("Monthly_Classwise", "The items of one class month by month.", kGroup, kClassTypes),
-    Ledger("Monthly_Godownwise", "The items of one godown month by month.", kGroup, kGodownTypes),
+           kTypes<MonthlyTree::kCategory>),
+    Ledger("Monthly_Classwise", "The items of one class month by month.", kGroup,
+           kTypes<MonthlyTree::kClass>),
+    Ledger("Monthly_Godownwise", "The items of one godown month by month.", kGroup,
+           kTypes<MonthlyTree::kGodown>),
     Ledger("Monthly_GodownItemwise", "One item in one godown month by month.", kGodownItem,
-           kGodownItemTypes),
+           kTypes<MonthlyTree::kGodownItem>),
 };
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "automation/Families.h"
-#include "session/ReportType.h"
-#include "session/enmValuationMethod.h"
+#include "session/ValuationReports.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -26,47 +25,10 @@ constexpr Argument kArguments[] = {
     kStates.Optional(),
 };
 
-constexpr ReportTypeRule kItemTypes[] = {
-    {FifoRate, rtStockDetails_Itemwise_WithFifoLifo},
-    {LifoRate, rtStockDetails_Itemwise_WithFifoLifo},
-    {AverageRate, rtStockDetails_Itemwise_WithAvg},
-    {LastPurchaseRate, rtStockDetails_Itemwise_WithLastPurchase},
-    {LastSaleRate, rtStockDetails_Itemwise_WithLastSale},
-    {standardrate, rtStockDetails_Itemwise_WithStandardCost},
-    {StandardPrice, rtStockDetails_Itemwise_WithStandardPrice},
-    {SimpleAvg, rtStockDetails_Itemwise_WithSimpleAvg},
-};
-constexpr ReportTypeRule kCategoryTypes[] = {
-    {FifoRate, rtStockDetails_Categorywise_WithFifoLifo},
-    {LifoRate, rtStockDetails_Categorywise_WithFifoLifo},
-    {AverageRate, rtStockDetails_Categorywise_WithAvg},
-    {LastPurchaseRate, rtStockDetails_Categorywise_WithLastPurchase},
-    {LastSaleRate, rtStockDetails_Categorywise_WithLastSale},
-    {standardrate, rtStockDetails_Categorywise_WithStandardCost},
-    {StandardPrice, rtStockDetails_Categorywise_WithStandardPrice},
-    {SimpleAvg, rtStockDetails_Categorywise_WithSimpleAvg},
-};
-constexpr ReportTypeRule kClassTypes[] = {
-    {FifoRate, rtStockDetails_Classwise_WithFifoLifo},
-    {LifoRate, rtStockDetails_Classwise_WithFifoLifo},
-    {AverageRate, rtStockDetails_Classwise_WithAvg},
-    {LastPurchaseRate, rtStockDetails_Classwise_WithLastPurchase},
-    {LastSaleRate, rtStockDetails_Classwise_WithLastSale},
-    {standardrate, rtStockDetails_Classwise_WithStandardCost},
-    {StandardPrice, rtStockDetails_Classwise_WithStandardPrice},
-    {SimpleAvg, rtStockDetails_Classwise_WithSimpleAvg},
-};
-// Godowns have no simple average: the weighted one stands in.
-constexpr ReportTypeRule kGodownTypes[] = {
-    {FifoRate, rtStockDetails_Godownwise_WithFifoLifo},
-    {LifoRate, rtStockDetails_Godownwise_WithFifoLifo},
-    {AverageRate, rtStockDetails_Godownwise_WithAvg},
-    {LastPurchaseRate, rtStockDetails_Godownwise_WithLastPurchase},
-    {LastSaleRate, rtStockDetails_Godownwise_WithLastSale},
-    {standardrate, rtStockDetails_Godownwise_WithStandardCost},
-    {StandardPrice, rtStockDetails_Godownwise_WithStandardPrice},
-    {SimpleAvg, rtStockDetails_Godownwise_WithAvg},
-};
+template <StockTree tree>
+constexpr auto kTypes = TypesByMethod([](enmValuationMethod method) {
+  return StockReportType(method, tree);
+});
 
 constexpr Operation Statement(std::string_view name, std::string_view help,
                               std::span<const ReportTypeRule> types) {
@@ -76,11 +38,13 @@ constexpr Operation Statement(std::string_view name, std::string_view help,
 
 constexpr Operation kOperations[] = {
     Statement("StockDetails_Itemwise", "Opening, inwards, outwards and closing stock by item.",
-              kItemTypes),
+              kTypes<StockTree::kItem>),
     Statement("StockDetails_Categorywise", "The same under the tree of item categories.",
-              kCategoryTypes),
-    Statement("StockDetails_Classwise", "The same under the tree of item classes.", kClassTypes),
-    Statement("StockDetails_Godownwise", "The same under the tree of godowns.", kGodownTypes),
+              kTypes<StockTree::kCategory>),
+    Statement("StockDetails_Classwise", "The same under the tree of item classes.",
+              kTypes<StockTree::kClass>),
+    Statement("StockDetails_Godownwise", "The same under the tree of godowns.",
+              kTypes<StockTree::kGodown>),
 };
 
 }  // namespace

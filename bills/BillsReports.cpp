@@ -11,7 +11,8 @@ std::span<const ReportRow> BillsReports() {
        .last = rtMultiplePriceList,
        .awaits = 0,
        .builder = &mMultiplePriceList,
-       .delivery = Delivery::kAsBuilt},
+       .delivery = Delivery::kAsBuilt,
+       .opening = Opening::kFetchUnprepared},
   };
   return kRows;
 }

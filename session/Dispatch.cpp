@@ -65,16 +65,14 @@ void ReportFrame::SourceFetchComplete() {
 // not brought down.
 void ReportFrame::DispatchFetchComplete() {
   const std::shared_ptr<ReportFrame> keep = shared_from_this();
-  const ReportRow* const row = FindRow(reports_, lngReportType);
-  if (row != nullptr && module.bytFetchesDone >= row->awaits) {
+  const ReportRow* const row = RowOf(lngReportType);
+  if (row != nullptr && row->delivery != Delivery::kNever && module.bytFetchesDone >= row->awaits) {
     module.bytFetchesDone = 0;
     BeginManipulating();
     if (events_ == nullptr) return;  // its handler has ended the session
     if (row->resets_record_no) module.lngRecordNo = 0;
     if (row->delivery != Delivery::kNothing) {
-      const RecordsetPtr report = Build(*row);
-      const RecordsetPtr delivered =
-          row->delivery == Delivery::kClone ? report->Clone(adLockUnspecified) : report;
+      const RecordsetPtr delivered = Build(*row);
       const std::int32_t any_count =
           row->any_count == kLinesCounted ? module.lngRecordNo : row->any_count;
       if (events_ != nullptr && events_->FetchComplete) {
@@ -91,7 +89,8 @@ RecordsetPtr ReportFrame::Build(const ReportRow& row) {
     throw Error(ErrorNumber::kObjectNotSet, fmt::format("{} has no row builder in this version",
                                                         ReportTypeText(lngReportType)));
   }
-  return row.builder(*this);
+  const RecordsetPtr report = row.builder(*this);
+  return row.delivery == Delivery::kAsBuilt ? report : report->Clone(adLockUnspecified);
 }
 
 void ReportFrame::BeginManipulating() {

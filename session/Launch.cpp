@@ -1,14 +1,15 @@
 #include "session/Launch.h"
 
+#include <fmt/format.h>
 #include <optional>
-#include <vector>
 
+#include "session/QueryText.h"
 #include "session/data/OpenTogether.h"
 
 namespace pstolvane1 {
 namespace {
 
-void OpenAll(ReportFrame& frame, std::initializer_list<SourceQuery> queries, int options) {
+void OpenAll(ReportFrame& frame, const SourceQueries& queries, int options) {
   std::optional<Connection::OneState> one_state;
   if (frame.MainCn) one_state.emplace(frame.MainCn);
   if (options == adOptionUnspecified) {
@@ -25,7 +26,7 @@ void OpenAll(ReportFrame& frame, std::initializer_list<SourceQuery> queries, int
   }
 }
 
-void Prepare(ReportFrame& frame, std::initializer_list<SourceQuery> queries) {
+void Prepare(ReportFrame& frame, const SourceQueries& queries) {
   for (const SourceQuery& query : queries) {
     const RecordsetPtr rowset = frame.Rowset(query.source);
     rowset->ActiveConnection(frame.MainCn);
@@ -33,31 +34,63 @@ void Prepare(ReportFrame& frame, std::initializer_list<SourceQuery> queries) {
   }
 }
 
+// The queries in the dialect; the module keeps their texts.
+SourceQueries InDialect(ReportFrame& frame, const SourceQueries& queries) {
+  const auto texts = frame.module.QueryTexts();
+  for (std::string* const text : texts) text->clear();
+  SourceQueries brought = queries;
+  for (std::size_t i = 0; i < brought.size(); ++i) {
+    SourceQuery& query = brought[i];
+    query.text = frame.Normalise(query.text);
+    if (!query.swap.from.empty()) {
+      query.text = ReplaceAll(query.text, query.swap.from, query.swap.to);
+    }
+    *texts.at(i) = query.text;
+  }
+  return brought;
+}
+
+void CheckQueries(const ReportRow& row, std::int32_t report_type, const SourceQueries& queries) {
+  if (queries.size() == row.Queries()) return;
+  throw Error(ErrorNumber::kArgumentOutOfRange,
+              fmt::format("{} is launched with {} queries, but its row awaits {}",
+                          ReportTypeText(report_type), queries.size(), row.Queries()));
+}
+
+// A type that no family has a row for.
+constexpr ReportRow kNoReport = {
+    .first = {}, .last = {}, .awaits = 1, .delivery = Delivery::kNever};
+
 }  // namespace
 
-RecordsetPtr Launch(ReportFrame& frame, Boolean blnReport, const LaunchPattern& pattern,
-                    std::initializer_list<SourceQuery> queries, RowBuilder builder) {
+RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
+                    const SourceQueries& queries) {
   const std::shared_ptr<ReportFrame> keep = frame.shared_from_this();
-  for (const SourceQuery& query : queries) frame.Replace(query.source);
+  const ReportRow* const known = frame.RowOf(report_type);
+  const ReportRow& row = known ? *known : kNoReport;
+  CheckQueries(row, report_type, queries);
+  frame.lngReportType = report_type;
+  const SourceQueries texts = InDialect(frame, queries);
+  for (const SourceQuery& query : texts) frame.Replace(query.source);
   if (blnReport.IsTrue()) {
-    OpenAll(frame, queries, adOptionUnspecified);
-    const RecordsetPtr report = builder(frame);
-    return pattern.returns_clone ? report->Clone(adLockUnspecified) : report;
+    OpenAll(frame, texts, adOptionUnspecified);
+    return frame.Build(row);
   }
-  if (pattern.opens_and_signals) {
-    OpenAll(frame, queries, adOptionUnspecified);
+  if (row.opening == Opening::kOpenAndSignal) {
+    OpenAll(frame, texts, adOptionUnspecified);
     frame.SourceFetchComplete();
     return nullptr;
   }
-  if (pattern.prepares) Prepare(frame, queries);
-  if (pattern.preloaded_fetches != 0) frame.module.bytFetchesDone = pattern.preloaded_fetches;
-  OpenAll(frame, queries, adAsyncExecuteFetch);
+  if (row.opening == Opening::kFetch) Prepare(frame, texts);
+  if (row.preloaded_fetches != 0) frame.module.bytFetchesDone = row.preloaded_fetches;
+  OpenAll(frame, texts, adAsyncExecuteFetch);
   return nullptr;
 }
 
 RecordsetPtr OpenPlain(ReportFrame& frame, std::string_view text) {
+  frame.module.strSQL = frame.Normalise(text);
   const RecordsetPtr rowset = Recordset::New();
-  rowset->Open(text, frame.MainCn);
+  rowset->Open(frame.module.strSQL, frame.MainCn);
   rowset->ActiveConnection(nullptr);
   return rowset->Clone(adLockUnspecified);
 }

@@ -1,45 +1,40 @@
-// How an operation opens its queries and hands its report over: one road, and what differs on it.
+// How an operation opens its queries and hands its report over.
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "session/ReportFrame.h"
 
 namespace pstolvane1 {
 
-// A query's normalised text and the source rowset that it is opened on.
+// A column that takes the place of another wherever a text names it.
+struct ColumnSwap {
+  std::string_view from, to;  // in lower case
+};
+
+// A query as it was composed, and the source rowset that it is opened on.
 struct SourceQuery {
   Source source;
-  std::string_view text;
+  std::string text;
+  // Done once the text is in the dialect, conditions of the host included; none if empty.
+  ColumnSwap swap = {};
 };
+using SourceQueries = std::vector<SourceQuery>;
 
-struct LaunchPattern {
-  // Each source rowset gets its connection and its "Initial Fetch Size" before the first is opened
-  // in the background.
-  bool prepares = true;
-  // The open is synchronous in both modes; the asynchronous mode then signals its completion
-  // itself.
-  bool opens_and_signals = false;
-  // Fetches counted as done before an asynchronous open.
-  std::uint8_t preloaded_fetches = 0;
-  // A synchronous call returns a clone of what the builder made.
-  bool returns_clone = true;
-};
+// Launches the report of that type as its row says: makes it the report in hand, brings the texts
+// into the dialect, keeps them in strSQL, strSQL2 and so on, and opens them in their order on one
+// state of the books. With blnReport exactly True it builds and returns the report; otherwise it
+// returns nullptr, and the dispatcher goes on when the awaited fetches are complete. An error of an
+// open goes to the caller. Error 3001, before anything is opened, for another number of queries
+// than the row awaits. A type without a row is opened like a report of one query, and nothing is
+// delivered.
+RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
+                    const SourceQueries& queries);
 
-inline constexpr LaunchPattern kFetch{};
-inline constexpr LaunchPattern kOpenAndSignal{.opens_and_signals = true};
-inline constexpr LaunchPattern kPreloadedCount{.preloaded_fetches = 1};
-inline constexpr LaunchPattern kFetchAsBuilt{.prepares = false, .returns_clone = false};
-
-// Opens the queries in their order, all on one state of the books. With blnReport exactly True it
-// runs the builder and returns the report; otherwise it returns nullptr, and the dispatcher goes on
-// when the fetches of lngReportType are complete. An error of an open goes to the caller.
-RecordsetPtr Launch(ReportFrame& frame, Boolean blnReport, const LaunchPattern& pattern,
-                    std::initializer_list<SourceQuery> queries, RowBuilder builder);
-
-// A query without a report type, a builder or events: disconnected, all defaults.
+// A query without a report type, a builder or events, in the dialect, disconnected, all defaults.
 [[nodiscard]] RecordsetPtr OpenPlain(ReportFrame& frame, std::string_view text);
 
 }  // namespace pstolvane1

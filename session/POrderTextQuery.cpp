@@ -19,8 +19,7 @@ std::string ComposePOrderTextQuery(std::string_view strFilter) {
 }
 
 RecordsetPtr POrderTextQuery(ReportFrame& frame, std::string_view strFilter) {
-  frame.module.strSQL = frame.Normalise(ComposePOrderTextQuery(strFilter));
-  return OpenPlain(frame, frame.module.strSQL);
+  return OpenPlain(frame, ComposePOrderTextQuery(strFilter));
 }
 
 }  // namespace pstolvane1

@@ -73,6 +73,12 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   // Counts the fetch as done, failed or not, and dispatches.
   void SourceFetchComplete();
   void DispatchFetchComplete();
+  // The row of a report type; nullptr for a type without one.
+  [[nodiscard]] const ReportRow* RowOf(std::int32_t report_type) const {
+    return FindRow(reports_, report_type);
+  }
+  // Writes the report in hand and gives what the host gets of it: this is where reports are cloned.
+  [[nodiscard]] RecordsetPtr Build(const ReportRow& row);
   void BeginManipulating();
   // Errors of the host's handler are passed over.
   void RaiseStepProgress(std::int32_t lngProgress, std::string_view strMessage,
@@ -98,7 +104,6 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   void ConnectEvents(Source source, Recordset& rowset);
   void Connect(const std::string& connection_string, Boolean asynchronous);
   void MainCn_ConnectComplete(const Error* pError, int adStatus);
-  [[nodiscard]] RecordsetPtr Build(const ReportRow& row);
 
   std::shared_ptr<modStolvane1> keep_module_;
   std::span<const ReportRow> reports_;

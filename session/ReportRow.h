@@ -1,6 +1,8 @@
-// What the dispatcher knows of each report type. Every family hands over a table of these rows.
+// What launching and dispatching know of each report type. Every family hands over a table of these
+// rows.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -17,12 +19,24 @@ using RowBuilder = RecordsetPtr (*)(ReportFrame&);
 enum class Delivery {
   kClone,    // the host gets a clone of what the builder made
   kAsBuilt,  // the host gets it as it is
-  kNothing,  // no builder runs and nothing is delivered
+  kNothing,  // the fetches are counted, no builder runs and nothing is delivered
+  kNever,    // the dispatcher passes over it; a synchronous call returns a clone all the same
+};
+
+// How a report's queries are opened.
+enum class Opening {
+  // In the background, unless the report is asked for synchronously. Each source rowset gets its
+  // connection and its "Initial Fetch Size" before the first is opened.
+  kFetch,
+  kFetchUnprepared,  // the same without that preparation
+  // The open blocks in both modes; asked for in the background it signals its own completion.
+  kOpenAndSignal,
 };
 
 inline constexpr std::int32_t kLinesCounted = -1;
 
-// One row stands for the report types from first to last, which differ in their number only.
+// All that is known of a report. One row stands for the report types from first to last, which
+// differ in their number only.
 struct ReportRow {
   ReportType first;
   ReportType last;
@@ -31,6 +45,14 @@ struct ReportRow {
   std::int32_t any_count = 0;    // kLinesCounted: the value of lngRecordNo
   bool resets_record_no = false;
   Delivery delivery = Delivery::kClone;
+  Opening opening = Opening::kFetch;
+  // Fetches counted as done before the queries are opened in the background.
+  std::uint8_t preloaded_fetches = 0;
+
+  // How many queries it is launched with. A report that awaits none still has one.
+  [[nodiscard]] constexpr std::size_t Queries() const {
+    return awaits > preloaded_fetches ? std::size_t{awaits} - preloaded_fetches : 1;
+  }
 };
 
 // A row for one report type.

@@ -1,6 +1,5 @@
 #include "stock/Average.h"
 
-#include "session/Launch.h"
 #include "stock/AverageColumns.h"
 #include "stock/AverageYears.h"
 #include "stock/GroupStatement.h"
@@ -11,12 +10,12 @@
 namespace pstolvane1 {
 namespace {
 
-void Compose(ReportFrame& frame, const StockArguments& arguments) {
-  modStolvane1& module = frame.module;
-  module.strSQL =
-      ForTree(frame.Normalise(ComposeAverage(arguments, module.filter)), arguments.tree);
-  module.strSQL2 = frame.Normalise(
-      ComposeStandardRates(StandardRates::kCosts, module.strToDateText, arguments.bytYearno));
+SourceQuery Positions(const modStolvane1& module, const StockArguments& arguments) {
+  return {Source::rsReport, ComposeAverage(arguments, module.filter), GroupSwap(arguments.tree)};
+}
+SourceQuery Costs(const modStolvane1& module, const StockArguments& arguments) {
+  return {Source::Rs1,
+          ComposeStandardRates(StandardRates::kCosts, module.strToDateText, arguments.bytYearno)};
 }
 
 // A first year has nothing to fold. What it has in stock that nothing priced came into is valued
@@ -68,21 +67,14 @@ StockRows Rows(ReportFrame& frame) {
 
 }  // namespace
 
-RecordsetPtr StockDetails_Item_Avg(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
-  return Launch(frame, arguments.blnReport, kFetch,
-                {{Source::rsReport, frame.module.strSQL}, {Source::Rs1, frame.module.strSQL2}},
-                &mStock_Avg);
+SourceQueries StockDetails_Item_Avg(const modStolvane1& module, const StockArguments& arguments) {
+  return {Positions(module, arguments), Costs(module, arguments)};
 }
 
-RecordsetPtr StockDetails_Group_Avg(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
-  frame.module.strSQL3 = frame.Normalise(ComposeGroupQuery(arguments.tree));
-  return Launch(frame, arguments.blnReport, kFetch,
-                {{Source::RsCategory, frame.module.strSQL3},
-                 {Source::rsReport, frame.module.strSQL},
-                 {Source::Rs1, frame.module.strSQL2}},
-                &mStockGroup_Avg);
+SourceQueries StockDetails_Group_Avg(const modStolvane1& module, const StockArguments& arguments) {
+  return {{Source::RsCategory, ComposeGroupQuery(arguments.tree)},
+          Positions(module, arguments),
+          Costs(module, arguments)};
 }
 
 RecordsetPtr mStock_Avg(ReportFrame& frame) { return WriteItemStatement(frame, Rows(frame)); }

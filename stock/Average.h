@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "session/ReportFrame.h"
+#include "session/Launch.h"
 #include "stock/StockArguments.h"
 
 namespace pstolvane1 {
@@ -16,10 +16,10 @@ namespace pstolvane1 {
 [[nodiscard]] std::string ComposeAverage(const StockArguments& arguments,
                                          const DocumentFilter& filter);
 
-[[nodiscard]] RecordsetPtr StockDetails_Item_Avg(ReportFrame& frame,
-                                                 const StockArguments& arguments);
-[[nodiscard]] RecordsetPtr StockDetails_Group_Avg(ReportFrame& frame,
+[[nodiscard]] SourceQueries StockDetails_Item_Avg(const modStolvane1& module,
                                                   const StockArguments& arguments);
+[[nodiscard]] SourceQueries StockDetails_Group_Avg(const modStolvane1& module,
+                                                   const StockArguments& arguments);
 [[nodiscard]] RecordsetPtr mStock_Avg(ReportFrame& frame);
 [[nodiscard]] RecordsetPtr mStockGroup_Avg(ReportFrame& frame);
 

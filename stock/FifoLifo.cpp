@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "session/Launch.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
 #include "stock/Layers.h"
@@ -71,10 +70,8 @@ class Layers {
   std::vector<LayerYear> read_years_;
 };
 
-void Compose(ReportFrame& frame, const StockArguments& arguments) {
-  modStolvane1& module = frame.module;
-  module.strSQL =
-      ForTree(frame.Normalise(ComposeFifoLifo(arguments, module.filter)), arguments.tree);
+SourceQuery Keys(const modStolvane1& module, const StockArguments& arguments) {
+  return {Source::rsReport, ComposeFifoLifo(arguments, module.filter), GroupSwap(arguments.tree)};
 }
 
 StockRows Rows(ReportFrame& frame) {
@@ -87,23 +84,17 @@ StockRows Rows(ReportFrame& frame) {
 
 }  // namespace
 
-RecordsetPtr StockDetails_Item_FifoLifo(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
+SourceQueries StockDetails_Item_FifoLifo(const modStolvane1& module,
+                                         const StockArguments& arguments) {
   // The row awaits two fetches: the standard costs are opened as well, and not read.
-  frame.module.strSQL2 = frame.Normalise(
-      ComposeStandardRates(StandardRates::kCosts, frame.module.strToDateText, arguments.bytYearno));
-  return Launch(frame, arguments.blnReport, kFetch,
-                {{Source::rsReport, frame.module.strSQL}, {Source::Rs1, frame.module.strSQL2}},
-                &mStock_FifoLifo);
+  return {Keys(module, arguments),
+          {Source::Rs1,
+           ComposeStandardRates(StandardRates::kCosts, module.strToDateText, arguments.bytYearno)}};
 }
 
-RecordsetPtr StockDetails_Group_FifoLifo(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
-  frame.module.strSQL3 = frame.Normalise(ComposeGroupQuery(arguments.tree));
-  return Launch(
-      frame, arguments.blnReport, kFetch,
-      {{Source::rsReport, frame.module.strSQL}, {Source::RsCategory, frame.module.strSQL3}},
-      &mStockGroup_FifoLifo);
+SourceQueries StockDetails_Group_FifoLifo(const modStolvane1& module,
+                                          const StockArguments& arguments) {
+  return {Keys(module, arguments), {Source::RsCategory, ComposeGroupQuery(arguments.tree)}};
 }
 
 RecordsetPtr mStock_FifoLifo(ReportFrame& frame) { return WriteItemStatement(frame, Rows(frame)); }

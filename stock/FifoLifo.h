@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "session/ReportFrame.h"
+#include "session/Launch.h"
 #include "stock/StockArguments.h"
 
 namespace pstolvane1 {
@@ -16,10 +16,10 @@ namespace pstolvane1 {
 [[nodiscard]] std::string ComposeFifoLifo(const StockArguments& arguments,
                                           const DocumentFilter& filter);
 
-[[nodiscard]] RecordsetPtr StockDetails_Item_FifoLifo(ReportFrame& frame,
-                                                      const StockArguments& arguments);
-[[nodiscard]] RecordsetPtr StockDetails_Group_FifoLifo(ReportFrame& frame,
+[[nodiscard]] SourceQueries StockDetails_Item_FifoLifo(const modStolvane1& module,
                                                        const StockArguments& arguments);
+[[nodiscard]] SourceQueries StockDetails_Group_FifoLifo(const modStolvane1& module,
+                                                        const StockArguments& arguments);
 [[nodiscard]] RecordsetPtr mStock_FifoLifo(ReportFrame& frame);
 [[nodiscard]] RecordsetPtr mStockGroup_FifoLifo(ReportFrame& frame);
 

@@ -28,17 +28,17 @@ class GroupStatement {
   GroupStatement(ReportFrame& frame, const StockRows& rows)
       : frame_(frame),
         rows_(rows),
-        detailed_(frame.module.blnDetailed),
-        item_lines_(detailed_ || frame.module.blnOnlyItems),
+        arguments_(frame.module.Kept<StockArguments>()),
+        item_lines_(arguments_.blnDetailed || arguments_.blnOnlyItems),
         keys_(*rows.keys),
         by_group_(rows.keys->GroupBy({kGroupId})),
-        writer_(frame, false) {}
+        writer_(frame, arguments_, false) {}
 
   RecordsetPtr Write() {
     const std::vector<StockGroup> groups = ReadGroups(*frame_.Rowset(Source::RsCategory));
     frame_.lngFetchTotal = rows_.keys->RecordCount();
     for (const std::size_t place :
-         ListGroups(groups, frame_.module.lngAny_Id1, frame_.module.blnOnlyItems)) {
+         ListGroups(groups, arguments_.lngAny_Id1, arguments_.blnOnlyItems)) {
       WriteGroup(groups[place]);
     }
     writer_.AddRuleLine();
@@ -71,7 +71,7 @@ class GroupStatement {
     // The items under a group differ in their units, so that its line has none.
     writer_.WriteFigures(sums_, nullptr, group.name);
     totals_ += sums_;
-    if (detailed_) {
+    if (arguments_.blnDetailed) {
       writer_.WriteRule(Columns().group_line);
       writer_.AddSpacer();
     }
@@ -101,7 +101,8 @@ class GroupStatement {
 
   ReportFrame& frame_;
   const StockRows& rows_;
-  bool detailed_, item_lines_;
+  StockArguments arguments_;
+  bool item_lines_;
   StockKeyColumns keys_;
   RowGroups by_group_;
   StockWriter writer_;

@@ -1,6 +1,5 @@
 #include "stock/HuntedRate.h"
 
-#include "session/Launch.h"
 #include "stock/GroupStatement.h"
 #include "stock/HuntedValues.h"
 #include "stock/ItemStatement.h"
@@ -21,17 +20,19 @@ StandardRates StandardsOf(enmValuationMethod method) {
                                                               : StandardRates::kAll;
 }
 
-// rsReport takes strSQL, Rs1 strSQL2 and Rs2 strSQL3.
-void Compose(ReportFrame& frame, const StockArguments& arguments) {
-  modStolvane1& module = frame.module;
-  const bool standard = AtStandard(arguments.ValuationMethod);
-  module.strSQL = ForTree(frame.Normalise(standard ? ComposeStandardRate(arguments, module.filter)
-                                                   : ComposeLastRate(arguments, module.filter)),
-                          arguments.tree);
-  module.strSQL2 = frame.Normalise(ComposeStandardRates(StandardsOf(arguments.ValuationMethod),
-                                                        module.strToDateText, arguments.bytYearno));
-  module.strSQL3 = frame.Normalise(standard ? ComposeStandardRateRows(arguments)
-                                            : ComposeLastRateRows(arguments));
+SourceQuery Keys(const modStolvane1& module, const StockArguments& arguments) {
+  return {Source::rsReport,
+          AtStandard(arguments.ValuationMethod) ? ComposeStandardRate(arguments, module.filter)
+                                                : ComposeLastRate(arguments, module.filter),
+          GroupSwap(arguments.tree)};
+}
+SourceQuery Standards(const modStolvane1& module, const StockArguments& arguments) {
+  return {Source::Rs1, ComposeStandardRates(StandardsOf(arguments.ValuationMethod),
+                                            module.strToDateText, arguments.bytYearno)};
+}
+SourceQuery Actuals(const StockArguments& arguments) {
+  return {Source::Rs2, AtStandard(arguments.ValuationMethod) ? ComposeStandardRateRows(arguments)
+                                                             : ComposeLastRateRows(arguments)};
 }
 
 // The quantities of a key in five columns.
@@ -80,26 +81,17 @@ StockRows Rows(ReportFrame& frame) {
 
 }  // namespace
 
-RecordsetPtr StockDetails_Item_HuntedRate(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
-  const modStolvane1& module = frame.module;
-  return Launch(frame, arguments.blnReport, kFetch,
-                {{Source::Rs1, module.strSQL2},
-                 {Source::Rs2, module.strSQL3},
-                 {Source::rsReport, module.strSQL}},
-                &mStock_HuntedRate);
+SourceQueries StockDetails_Item_HuntedRate(const modStolvane1& module,
+                                           const StockArguments& arguments) {
+  return {Standards(module, arguments), Actuals(arguments), Keys(module, arguments)};
 }
 
-RecordsetPtr StockDetails_Group_HuntedRate(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
-  modStolvane1& module = frame.module;
-  module.strSQL4 = frame.Normalise(ComposeGroupQuery(arguments.tree));
-  return Launch(frame, arguments.blnReport, kFetch,
-                {{Source::Rs1, module.strSQL2},
-                 {Source::Rs2, module.strSQL3},
-                 {Source::RsCategory, module.strSQL4},
-                 {Source::rsReport, module.strSQL}},
-                &mStockGroup_HuntedRate);
+SourceQueries StockDetails_Group_HuntedRate(const modStolvane1& module,
+                                            const StockArguments& arguments) {
+  return {Standards(module, arguments),
+          Actuals(arguments),
+          {Source::RsCategory, ComposeGroupQuery(arguments.tree)},
+          Keys(module, arguments)};
 }
 
 RecordsetPtr mStock_HuntedRate(ReportFrame& frame) {

@@ -2,16 +2,16 @@
 // or the standard price.
 #pragma once
 
-#include "session/ReportFrame.h"
+#include "session/Launch.h"
 #include "stock/StockArguments.h"
 
 namespace pstolvane1 {
 
 // The four methods are one; the method in the arguments, and then in the module, tells them apart.
-[[nodiscard]] RecordsetPtr StockDetails_Item_HuntedRate(ReportFrame& frame,
-                                                        const StockArguments& arguments);
-[[nodiscard]] RecordsetPtr StockDetails_Group_HuntedRate(ReportFrame& frame,
+[[nodiscard]] SourceQueries StockDetails_Item_HuntedRate(const modStolvane1& module,
                                                          const StockArguments& arguments);
+[[nodiscard]] SourceQueries StockDetails_Group_HuntedRate(const modStolvane1& module,
+                                                          const StockArguments& arguments);
 [[nodiscard]] RecordsetPtr mStock_HuntedRate(ReportFrame& frame);
 [[nodiscard]] RecordsetPtr mStockGroup_HuntedRate(ReportFrame& frame);
 

@@ -12,7 +12,7 @@ class ItemStatement {
         rows_(rows),
         detailed_(frame.module.blnDetailed),
         keys_(*rows.keys),
-        writer_(frame, true) {}
+        writer_(frame, frame.module.Kept<StockArguments>(), true) {}
 
   RecordsetPtr Write() {
     frame_.lngFetchTotal = rows_.keys->RecordCount();

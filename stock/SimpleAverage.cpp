@@ -1,6 +1,5 @@
 #include "stock/SimpleAverage.h"
 
-#include "session/Launch.h"
 #include "session/data/RowGroups.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
@@ -18,14 +17,14 @@ bool IsWholeYear(const modStolvane1& module) {
          DayOf(module.dtToDate) == DayOf(module.dtBooksTo);
 }
 
-// rsItems takes strSQL and rsReport strSQL2.
-void Compose(ReportFrame& frame, const StockArguments& arguments) {
-  modStolvane1& module = frame.module;
-  module.strSQL = ForTree(frame.Normalise(ComposeSimpleAverageItems(arguments)), arguments.tree);
-  module.strSQL2 =
-      frame.Normalise(IsWholeYear(module) ? ComposeSimpleAverageYear(arguments.bytYearno)
-                                          : ComposeSimpleAveragePeriod(
-                                                arguments, module.dtBooksFrom, module.filter));
+SourceQuery YearTotals(const modStolvane1& module, const StockArguments& arguments) {
+  return {Source::rsReport,
+          IsWholeYear(module)
+              ? ComposeSimpleAverageYear(arguments.bytYearno)
+              : ComposeSimpleAveragePeriod(arguments, module.dtBooksFrom, module.filter)};
+}
+SourceQuery Items(const StockArguments& arguments) {
+  return {Source::rsItems, ComposeSimpleAverageItems(arguments), GroupSwap(arguments.tree)};
 }
 
 // The totals of the year or period, by item.
@@ -77,22 +76,16 @@ StockRows Rows(ReportFrame& frame) {
 
 }  // namespace
 
-RecordsetPtr StockDetails_Item_SimpleAvg(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
-  frame.module.blnDetailed = false;  // there is nothing below an item
-  return Launch(frame, arguments.blnReport, kFetch,
-                {{Source::rsReport, frame.module.strSQL2}, {Source::rsItems, frame.module.strSQL}},
-                &mStock_SimpleAvg);
+SourceQueries StockDetails_Item_SimpleAvg(const modStolvane1& module,
+                                          const StockArguments& arguments) {
+  return {YearTotals(module, arguments), Items(arguments)};
 }
 
-RecordsetPtr StockDetails_Group_SimpleAvg(ReportFrame& frame, const StockArguments& arguments) {
-  Compose(frame, arguments);
-  frame.module.strSQL3 = frame.Normalise(ComposeGroupQuery(arguments.tree));
-  return Launch(frame, arguments.blnReport, kFetch,
-                {{Source::rsReport, frame.module.strSQL2},
-                 {Source::rsItems, frame.module.strSQL},
-                 {Source::RsCategory, frame.module.strSQL3}},
-                &mStockGroup_SimpleAvg);
+SourceQueries StockDetails_Group_SimpleAvg(const modStolvane1& module,
+                                           const StockArguments& arguments) {
+  return {YearTotals(module, arguments),
+          Items(arguments),
+          {Source::RsCategory, ComposeGroupQuery(arguments.tree)}};
 }
 
 RecordsetPtr mStock_SimpleAvg(ReportFrame& frame) {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "session/ReportFrame.h"
+#include "session/Launch.h"
 #include "stock/StockArguments.h"
 
 namespace pstolvane1 {
@@ -20,10 +20,10 @@ namespace pstolvane1 {
 [[nodiscard]] std::string ComposeSimpleAveragePeriod(const StockArguments& arguments,
                                                      Date year_from, const DocumentFilter& filter);
 
-[[nodiscard]] RecordsetPtr StockDetails_Item_SimpleAvg(ReportFrame& frame,
-                                                       const StockArguments& arguments);
-[[nodiscard]] RecordsetPtr StockDetails_Group_SimpleAvg(ReportFrame& frame,
+[[nodiscard]] SourceQueries StockDetails_Item_SimpleAvg(const modStolvane1& module,
                                                         const StockArguments& arguments);
+[[nodiscard]] SourceQueries StockDetails_Group_SimpleAvg(const modStolvane1& module,
+                                                         const StockArguments& arguments);
 [[nodiscard]] RecordsetPtr mStock_SimpleAvg(ReportFrame& frame);
 [[nodiscard]] RecordsetPtr mStockGroup_SimpleAvg(ReportFrame& frame);
 

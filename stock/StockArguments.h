@@ -4,14 +4,10 @@
 #include <cstdint>
 #include <string>
 
+#include "session/ValuationReports.h"
 #include "session/data/Date.h"
-#include "session/data/Variant.h"
-#include "session/enmValuationMethod.h"
 
 namespace pstolvane1 {
-
-// What the stock is listed under.
-enum class StockTree : std::int32_t { kItem, kCategory, kClass, kGodown };
 
 struct StockArguments {
   StockTree tree = StockTree::kItem;
@@ -19,7 +15,6 @@ struct StockArguments {
   Date dtFromDate, dtToDate;
   enmValuationMethod ValuationMethod = AverageRate;
   std::int32_t lngAny_Id1 = -1;  // the group whose tree is listed, -1 for the whole
-  Boolean blnReport = True;
   bool blnDetailed = false;
   bool blnAltUom = false;
   float sngScale = 1;

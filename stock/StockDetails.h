@@ -8,9 +8,9 @@
 
 namespace pstolvane1 {
 
-// Chooses the method's builder: nullptr, with nothing run or written, for a method that has no
-// statement. The condition of the arguments is made here of strConsiderForSih and strItemstate.
-RecordsetPtr StockDetails(ReportFrame& frame, StockArguments arguments,
+// Launches the statement of the method: nullptr, with nothing run or written, for one that has
+// none. The condition of the arguments is made here of strConsiderForSih and strItemstate.
+RecordsetPtr StockDetails(ReportFrame& frame, StockArguments arguments, Boolean blnReport,
                           std::string_view strConsiderForSih, std::string_view strItemstate);
 
 }  // namespace pstolvane1

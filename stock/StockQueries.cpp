@@ -80,9 +80,9 @@ std::string GroupByGroup(StockTree tree) {
   return tree == StockTree::kItem ? std::string() : std::string(TextsOf(tree).column) + " , ";
 }
 
-std::string ForTree(std::string_view normalised, StockTree tree) {
-  if (tree == StockTree::kItem) return std::string(normalised);
-  return ReplaceAll(normalised, kGroupOfKey, TextsOf(tree).select);
+ColumnSwap GroupSwap(StockTree tree) {
+  if (tree == StockTree::kItem || tree == StockTree::kCategory) return {};
+  return {kGroupOfKey, TextsOf(tree).select};
 }
 
 std::string ComposeStandardRates(StandardRates which, std::string_view to, std::uint8_t bytYearno) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "session/FilterClauses.h"
+#include "session/Launch.h"
 #include "session/modStolvane1.h"
 #include "stock/StockArguments.h"
 
@@ -33,9 +34,8 @@ enum class Undated { kDropped, kKept };
 inline constexpr std::string_view kGroupOfKey = "items1.itemcategory_id";
 [[nodiscard]] std::string SelectGroup(StockTree tree);   // with a comma behind
 [[nodiscard]] std::string GroupByGroup(StockTree tree);  // with a comma behind
-// The normalised query with the tree's own column wherever it names the category's, conditions of
-// the host included.
-[[nodiscard]] std::string ForTree(std::string_view normalised, StockTree tree);
+// The tree's own column for the category's, wherever a query names that.
+[[nodiscard]] ColumnSwap GroupSwap(StockTree tree);
 
 enum class StandardRates { kCosts, kAll };
 // The rows of Standardrate1 that end in time, the one in force last.

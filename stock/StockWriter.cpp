@@ -12,10 +12,10 @@ constexpr std::size_t kRuleWidth = 255;
 
 }  // namespace
 
-StockWriter::StockWriter(ReportFrame& frame, bool blnItemLines)
+StockWriter::StockWriter(ReportFrame& frame, const StockArguments& arguments, bool blnItemLines)
     : locale_(frame.Texts()),
-      scale_(static_cast<double>(frame.module.sngScale)),
-      alternate_(frame.module.blnAltUom),
+      scale_(static_cast<double>(arguments.sngScale)),
+      alternate_(arguments.blnAltUom),
       lines_(mStock_Columns(blnItemLines), locale_),
       columns_(lines_, blnItemLines) {}
 

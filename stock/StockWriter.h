@@ -6,6 +6,7 @@
 
 #include "session/ReportFrame.h"
 #include "session/rowset/ReportWriter.h"
+#include "stock/StockArguments.h"
 #include "stock/StockColumns.h"
 #include "stock/StockFigures.h"
 
@@ -24,7 +25,7 @@ struct StockUnits {
 // the item's RelationFormula is 0).
 class StockWriter {
  public:
-  StockWriter(ReportFrame& frame, bool blnItemLines);
+  StockWriter(ReportFrame& frame, const StockArguments& arguments, bool blnItemLines);
 
   const StockColumns& Columns() const { return columns_; }
   ReportWriter& Lines() { return lines_; }
@@ -42,7 +43,7 @@ class StockWriter {
   void AddSpacer();
   void AddRuleLine();
   void AddTotalLine(const StockFigures& totals);
-  [[nodiscard]] RecordsetPtr Finish() { return lines_.Finish()->Clone(adLockUnspecified); }
+  [[nodiscard]] RecordsetPtr Finish() { return lines_.Finish(); }
 
  private:
   // What the profit leaves for its twins, scaled.

@@ -8,11 +8,11 @@ namespace {
 std::string Compose(std::int32_t id, bool no_rel = false, std::string_view bill_filter = "",
                     float scale = 1) {
   return ComposeDoc_Initial({.lngVouchertype_id = id,
-                             .from = "04/01/2003",
-                             .to = "03/31/2004",
+                             .dtFromDate = Date::FromYmd(2003, 4, 1),
+                             .dtToDate = Date::FromYmd(2004, 3, 31),
                              .gScale = scale,
                              .blnNoRel = no_rel,
-                             .strBillFilter = bill_filter});
+                             .strBillFilter = std::string(bill_filter)});
 }
 
 const std::string kGrouped =

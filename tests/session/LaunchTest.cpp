@@ -62,17 +62,31 @@ RecordsetPtr Walk(ReportFrame& frame) {
 constexpr ReportRow kReports[] = {
     Row(rtCommission_Daily, 1, &Walk),
     Row(rtColorwise_Monthly, 2, &BuildSizes),
-    Row(rtCategorywise_Initial, 1, &BuildSize),
-    Row(rtMechanicLabourReport, 2, &BuildSize),
+    {.first = rtCategorywise_Initial,
+     .last = rtCategorywise_Initial,
+     .awaits = 1,
+     .builder = &BuildSize,
+     .opening = Opening::kOpenAndSignal},
+    {.first = rtMechanicLabourReport,
+     .last = rtMechanicLabourReport,
+     .awaits = 2,
+     .builder = &BuildSize,
+     .preloaded_fetches = 1},
     {.first = rtMultiplePriceList,
      .last = rtMultiplePriceList,
      .awaits = 0,
      .builder = &BuildSize,
-     .delivery = Delivery::kAsBuilt},
+     .delivery = Delivery::kAsBuilt,
+     .opening = Opening::kFetchUnprepared},
+    {.first = rtAutoSearchReceiptChild,
+     .last = rtAutoSearchReceiptChild,
+     .awaits = 1,
+     .builder = &BuildSize,
+     .delivery = Delivery::kNever},
 };
 
-constexpr SourceQuery kReportQuery = {Source::rsReport, "select n from first"};
-constexpr SourceQuery kRs1Query = {Source::Rs1, "select n from second"};
+const SourceQuery kReportQuery = {Source::rsReport, "select n from first"};
+const SourceQuery kRs1Query = {Source::Rs1, "select n from second"};
 
 class LaunchTest : public testing::Test {
  protected:
@@ -97,12 +111,10 @@ class LaunchTest : public testing::Test {
   }
 
   RecordsetPtr LaunchTwo(Boolean blnReport) {
-    frame->lngReportType = rtColorwise_Monthly;
-    return Launch(*frame, blnReport, kFetch, {kReportQuery, kRs1Query}, &BuildSizes);
+    return Launch(*frame, rtColorwise_Monthly, blnReport, {kReportQuery, kRs1Query});
   }
-  RecordsetPtr LaunchOne(ReportType type, Boolean blnReport, const LaunchPattern& pattern) {
-    frame->lngReportType = type;
-    return Launch(*frame, blnReport, pattern, {kReportQuery}, &BuildSize);
+  RecordsetPtr LaunchOne(ReportType type, Boolean blnReport) {
+    return Launch(*frame, type, blnReport, {kReportQuery});
   }
   void Hold(const std::string& query, FakeTable table) {
     table.held = true;
@@ -166,16 +178,16 @@ TEST_F(LaunchTest, EveryRowsetHasItsConnectionAndFetchSizeBeforeTheFirstOpen) {
 }
 
 TEST_F(LaunchTest, ThePatternWithoutPreparationLeavesTheFetchSizeAndDeliversWhatWasBuilt) {
-  EXPECT_EQ(LaunchOne(rtMultiplePriceList, False, kFetchAsBuilt), nullptr);
+  EXPECT_EQ(LaunchOne(rtMultiplePriceList, False), nullptr);
   EXPECT_EQ(frame->Rowset(Source::rsReport)->Properties()("Initial Fetch Size").Value(),
             Recordset::New()->Properties()("Initial Fetch Size").Value());
   PumpUntil([&] { return delivered != nullptr; });
   EXPECT_EQ(delivered, g_built);
-  EXPECT_EQ(LaunchOne(rtMultiplePriceList, True, kFetchAsBuilt), g_built);
+  EXPECT_EQ(LaunchOne(rtMultiplePriceList, True), g_built);
 }
 
 TEST_F(LaunchTest, OpenAndSignalCompletesBeforeTheCallReturns) {
-  EXPECT_EQ(LaunchOne(rtCategorywise_Initial, False, kOpenAndSignal), nullptr);
+  EXPECT_EQ(LaunchOne(rtCategorywise_Initial, False), nullptr);
   ASSERT_NE(delivered, nullptr);
   EXPECT_EQ(Sizes(*delivered), "3 closed");
   EXPECT_EQ(events, (EventLog{"1 Manipulating", "FetchComplete 0"}));
@@ -183,20 +195,20 @@ TEST_F(LaunchTest, OpenAndSignalCompletesBeforeTheCallReturns) {
 }
 
 TEST_F(LaunchTest, OpenAndSignalAskedForSynchronouslyIsALaunchLikeAnyOther) {
-  const RecordsetPtr report = LaunchOne(rtCategorywise_Initial, True, kOpenAndSignal);
+  const RecordsetPtr report = LaunchOne(rtCategorywise_Initial, True);
   EXPECT_EQ(Sizes(*report), "3 closed");
   EXPECT_EQ(events, EventLog{});
 }
 
 TEST_F(LaunchTest, OpenAndSignalThatIsRefusedSignalsNothing) {
   books->Answer("from first", {.refusal = Error(ErrorNumber::kQueryRefused, "no such table")});
-  EXPECT_THROW((void)LaunchOne(rtCategorywise_Initial, False, kOpenAndSignal), Error);
+  EXPECT_THROW((void)LaunchOne(rtCategorywise_Initial, False), Error);
   EXPECT_EQ(events, EventLog{});
   EXPECT_EQ(module.bytFetchesDone, 0);
 }
 
 TEST_F(LaunchTest, APreloadedCountLetsOneFetchSatisfyARowThatAwaitsTwo) {
-  EXPECT_EQ(LaunchOne(rtMechanicLabourReport, False, kPreloadedCount), nullptr);
+  EXPECT_EQ(LaunchOne(rtMechanicLabourReport, False), nullptr);
   EXPECT_EQ(module.bytFetchesDone, 1);
   PumpUntil([&] { return delivered != nullptr; });
   EXPECT_EQ(Sizes(*delivered), "3 closed");
@@ -205,13 +217,13 @@ TEST_F(LaunchTest, APreloadedCountLetsOneFetchSatisfyARowThatAwaitsTwo) {
 
 TEST_F(LaunchTest, APreloadedCountReplacesWhatWasLeftOver) {
   module.bytFetchesDone = 7;
-  EXPECT_EQ(LaunchOne(rtMechanicLabourReport, False, kPreloadedCount), nullptr);
+  EXPECT_EQ(LaunchOne(rtMechanicLabourReport, False), nullptr);
   EXPECT_EQ(module.bytFetchesDone, 1);
 }
 
 TEST_F(LaunchTest, ASynchronousCallLeavesTheFetchCountAlone) {
   module.bytFetchesDone = 7;
-  EXPECT_NE(LaunchOne(rtMechanicLabourReport, True, kPreloadedCount), nullptr);
+  EXPECT_NE(LaunchOne(rtMechanicLabourReport, True), nullptr);
   EXPECT_NE(LaunchTwo(True), nullptr);
   EXPECT_EQ(module.bytFetchesDone, 7);
 }
@@ -222,6 +234,45 @@ TEST_F(LaunchTest, ARefusedOpenLeavesTheFetchCountAsItIs) {
   EXPECT_THROW((void)LaunchTwo(False), Error);
   EXPECT_EQ(module.bytFetchesDone, 3);
   EXPECT_EQ(events, EventLog{});
+}
+
+TEST_F(LaunchTest, AnotherNumberOfQueriesThanTheRowAwaitsIsAnErrorBeforeAnythingIsOpened) {
+  for (const Boolean mode : {True, False}) {
+    for (const SourceQueries& queries : {SourceQueries{kReportQuery}, SourceQueries{}}) {
+      try {
+        (void)Launch(*frame, rtColorwise_Monthly, mode, queries);
+        FAIL() << "no error";
+      } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::kArgumentOutOfRange);
+      }
+    }
+    EXPECT_THROW((void)Launch(*frame, rtCommission_Daily, mode, {kReportQuery, kRs1Query}), Error);
+    EXPECT_THROW((void)Launch(*frame, rtMultiplePriceList, mode, {kReportQuery, kRs1Query}), Error);
+  }
+  EXPECT_EQ(books->Queries(), std::vector<std::string>{});
+  EXPECT_EQ(module.bytFetchesDone, 0);
+  EXPECT_NE(frame->lngReportType, rtColorwise_Monthly);
+}
+
+TEST_F(LaunchTest, TheTextsAreBroughtIntoTheDialectAndKept) {
+  frame->Aliases.taItem = "items1.code";
+  books->Answer("select", Numbers(1));
+  (void)Launch(*frame, rtColorwise_Monthly, True,
+               {{Source::rsReport,
+                 "SELECT Items1.ItemName AS n , #1# , Items1.Group_id FROM A",
+                 {"items1.group_id", "b"}},
+                {Source::Rs1, "SELECT n FROM Second"}});
+  EXPECT_EQ(module.strSQL, "select items1.code as n , '1' , b from a");
+  EXPECT_EQ(module.strSQL2, "select n from second");
+  EXPECT_EQ(books->Queries(), (std::vector<std::string>{module.strSQL, module.strSQL2}));
+}
+
+TEST_F(LaunchTest, AReportThatIsNeverDispatchedIsReturnedAndNeverDelivered) {
+  EXPECT_EQ(Sizes(*LaunchOne(rtAutoSearchReceiptChild, True)), "3 closed");
+  EXPECT_EQ(LaunchOne(rtAutoSearchReceiptChild, False), nullptr);
+  PumpUntil([&] { return !frame->Fetching(); });
+  EXPECT_EQ(delivered, nullptr);
+  EXPECT_EQ(module.bytFetchesDone, 1);
 }
 
 TEST_F(LaunchTest, AFetchBesideARefusedOpenIsLeftOverForTheNextReport) {
@@ -254,8 +305,7 @@ TEST_F(LaunchTest, AFetchThatIsLeftOverDoesNotShortenAReportWhoseLinesAreWritten
     books->Release();
     std::this_thread::sleep_for(std::chrono::milliseconds(50));  // its end is told in the yield
   };
-  frame->lngReportType = rtCommission_Daily;
-  const RecordsetPtr report = Launch(*frame, True, kFetch, {kReportQuery}, &Walk);
+  const RecordsetPtr report = LaunchOne(rtCommission_Daily, True);
   EXPECT_NE(report, nullptr);
   // It sets the builder off a second time, on the same rowset, while the first one is at work.
   EXPECT_EQ(g_walks, (std::vector<std::string>{"123", "123"}));
@@ -305,10 +355,10 @@ TEST_F(LaunchTest, RowsetsThatTheHostHandsOverAreNotFetched) {
 
 TEST_F(LaunchTest, WithoutAConnectionEveryPatternRaisesThatItIsMissing) {
   frame->MainCn = nullptr;
-  for (const LaunchPattern& pattern : {kFetch, kOpenAndSignal, kFetchAsBuilt}) {
+  for (const ReportType type : {rtCommission_Daily, rtCategorywise_Initial, rtMultiplePriceList}) {
     for (const Boolean mode : {True, False}) {
       try {
-        (void)LaunchOne(rtCategorywise_Initial, mode, pattern);
+        (void)LaunchOne(type, mode);
         FAIL() << "no error";
       } catch (const Error& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::kNoConnection);

@@ -35,11 +35,11 @@ std::string TextOf(const std::string& file) {
 std::string Documents(std::int32_t id, float scale = 1, bool no_rel = false,
                       std::string_view bill_filter = "") {
   return ComposeDoc_Initial({.lngVouchertype_id = id,
-                             .from = "04/01/2003",
-                             .to = "03/31/2004",
+                             .dtFromDate = Date::FromYmd(2003, 4, 1),
+                             .dtToDate = Date::FromYmd(2004, 3, 31),
                              .gScale = scale,
                              .blnNoRel = no_rel,
-                             .strBillFilter = bill_filter});
+                             .strBillFilter = std::string(bill_filter)});
 }
 
 std::string Prices(std::int32_t category, std::int32_t item_class, std::string_view state,

@@ -16,7 +16,7 @@ constexpr StockTree kTrees[] = {StockTree::kItem, StockTree::kCategory, StockTre
                                 StockTree::kGodown};
 constexpr std::int32_t kNoMethods[] = {-1, 0, CurrentRate, 10, 255};
 
-// Asynchronous calls on a frame that dispatches nothing.
+// Asynchronous calls whose fetches are never told.
 class StockDispatchTest : public SessionTest {
  protected:
   StockDispatchTest() {
@@ -30,7 +30,7 @@ class StockDispatchTest : public SessionTest {
   }
 
   void NewFrame() {
-    frame = std::make_shared<ReportFrame>(std::span<const ReportRow>(), books->Maker(), *session);
+    frame = std::make_shared<ReportFrame>(AllReports(), books->Maker(), *session);
     frame->SetConnection("", "books", False, kFrom, kTo, "", "");
     events.clear();
   }
@@ -42,13 +42,17 @@ class StockDispatchTest : public SessionTest {
                          .bytYearno = 1,
                          .dtFromDate = kFrom,
                          .dtToDate = kTo,
-                         .ValuationMethod = static_cast<enmValuationMethod>(method),
-                         .blnReport = False},
-                        consider, states);
+                         .ValuationMethod = static_cast<enmValuationMethod>(method)},
+                        False, consider, states);
   }
 
-  // The main query of what was asked last; that of the simple average's items stands there as well.
-  [[nodiscard]] const std::string& MainQuery() const { return frame->module.strSQL; }
+  // Of what was asked last, the query that names the items.
+  [[nodiscard]] std::string MainQuery() const {
+    for (const std::string* text : frame->module.QueryTexts()) {
+      if (text->find("items1.itemname") != std::string::npos) return *text;
+    }
+    return {};
+  }
 
   [[nodiscard]] std::set<Source> Opened() const {
     std::set<Source> opened;

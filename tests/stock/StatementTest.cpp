@@ -30,11 +30,11 @@ class StatementTest : public testing::Test {
  protected:
   StatementTest() {
     *modStolvane1::OfThisThread() = modStolvane1();
-    module.sngScale = 1;
     frame->SetLocale("en_IN");
   }
 
   RecordsetPtr Items(const std::vector<Key>& keys, BlockEnd end = BlockEnd::kRuleInHeader) {
+    module.Keep(arguments);
     return WriteItemStatement(*frame, Rows(keys, end));
   }
   RecordsetPtr Groups(const std::vector<Key>& keys, const std::vector<std::int64_t>& groups) {
@@ -52,7 +52,7 @@ class StatementTest : public testing::Test {
     }
     source->Update();
     source->MoveFirst();
-    module.lngAny_Id1 = -1;
+    module.Keep(arguments);
     return WriteGroupStatement(*frame, Rows(keys, BlockEnd::kRuleInHeader));
   }
 
@@ -65,6 +65,7 @@ class StatementTest : public testing::Test {
   }
 
   modStolvane1& module = *modStolvane1::OfThisThread();
+  StockArguments arguments;
   clsStolvane1Events host;
   std::shared_ptr<ReportFrame> frame =
       std::make_shared<ReportFrame>(std::span<const ReportRow>(), nullptr, host);
@@ -177,7 +178,7 @@ TEST_F(StatementTest, AnItemWithoutAUnitHasItsProfitPerUnit) {
 }
 
 TEST_F(StatementTest, InThousandsMoneyIsDividedAndRatesAndPercentagesAreNot) {
-  module.sngScale = 1000;
+  arguments.sngScale = 1000;
   const RecordsetPtr report = Items({{.figures = Values(100'000, 500'000, 450'000, 300'000)}});
   const std::map<const char*, std::string> shown = {
       {"ValueOp", "₹100.00"},   {"ValueIn", "₹500.00"},       {"ValueOut", "₹450.00"},
@@ -225,13 +226,13 @@ TEST_F(StatementTest, TheLinesOfTheTwoKindsOfBlocks) {
     }
     return text;
   };
-  module.blnDetailed = true;
+  arguments.blnDetailed = true;
   EXPECT_EQ(lines(BlockEnd::kRuleInHeader),
             "1 Item 1 line; 2 -; 3 -; 4 blank; 5 Item 2 line; 6 -; 7 blank rule; 8 Total rule; ");
   EXPECT_EQ(lines(BlockEnd::kRuleLine),
             "1 Item 1; 3 -; 4 -; 5 blank rule; 6 blank; 7 Item 2; 9 -; 10 blank rule; 11 blank; "
             "12 blank; 13 blank rule; 14 Total rule; ");
-  module.blnDetailed = false;
+  arguments.blnDetailed = false;
   EXPECT_EQ(lines(BlockEnd::kRuleInHeader), "1 Item 1; 2 Item 2; 3 blank rule; 4 Total rule; ");
   EXPECT_EQ(lines(BlockEnd::kRuleLine),
             "1 Item 1; 1 Item 2; 2 blank; 3 blank rule; 4 Total rule; ");
@@ -247,9 +248,9 @@ TEST_F(StatementTest, WithoutARowThereAreTheClosingLinesAlone) {
 }
 
 TEST_F(StatementTest, ANegativeScaleOrOneBeyondAnyNumberIsNotPassedOver) {
-  module.sngScale = -10;
+  arguments.sngScale = -10;
   EXPECT_EQ(Cell(Items({{.figures = Values(100, 0, 0, 100)}}), 0, "ValueOp"), "-₹10.00");
-  module.sngScale = std::numeric_limits<float>::quiet_NaN();
+  arguments.sngScale = std::numeric_limits<float>::quiet_NaN();
   EXPECT_THROW((void)Items({{.figures = Values(100, 0, 0, 100)}}), Error);
 }
 
@@ -301,7 +302,7 @@ class RandomStatementTest : public StatementTest {
 };
 
 TEST_F(RandomStatementTest, DetailLinesSumToTheirItemsAndItemsToTheTotal) {
-  module.blnDetailed = true;
+  arguments.blnDetailed = true;
   for (int i = 0; i < 300; ++i) {
     const std::vector<Key> keys = RandomKeys();
     const RecordsetPtr report =
@@ -327,8 +328,8 @@ TEST_F(RandomStatementTest, DetailLinesSumToTheirItemsAndItemsToTheTotal) {
 TEST_F(RandomStatementTest, ItemsSumToTheirGroupsAndGroupsToTheTotal) {
   for (int i = 0; i < 300; ++i) {
     const std::vector<Key> keys = RandomKeys();
-    module.blnDetailed = i % 2 == 0;
-    module.blnOnlyItems = i % 2 != 0;
+    arguments.blnDetailed = i % 2 == 0;
+    arguments.blnOnlyItems = i % 2 != 0;
     const RecordsetPtr report = Groups(keys, {10, 11, 12, 13});
     std::map<std::int64_t, StockFigures> groups, items;
     StockFigures total;
