@@ -20,13 +20,17 @@ RecordsetPtr CallByName(clsStolvane1& session, const std::string& name,
 
 }  // namespace
 
-RecordsetPtr Call(clsStolvane1& session, const CaseFile& file, Boolean blnReport) {
+RecordsetPtr Call(clsStolvane1& session, const TextCall& call, Boolean blnReport) {
   std::vector<NamedValue> values;
-  for (const auto& [name, value] : file.arguments) values.push_back({name, TextOf(value)});
-  if (automation::FindArgument(automation::GetOperation(file.operation), "blnReport") != nullptr) {
+  for (const TextArgument& argument : call.arguments) {
+    values.push_back({argument.name, argument.is_rowset
+                                         ? Variant(automation::OpenSelect(session, argument.value))
+                                         : Variant(TextOf(argument.value))});
+  }
+  if (automation::FindArgument(automation::GetOperation(call.operation), "blnReport") != nullptr) {
     values.push_back({"blnReport", blnReport});
   }
-  return CallByName(session, file.operation, values);
+  return CallByName(session, call.operation, values);
 }
 
 void Apply(clsStolvane1& session, const CaseFile& file, const std::string& connection) {

@@ -6,9 +6,9 @@
 
 namespace pstolvane1::golden {
 
-// Optional arguments may be missing. A std::runtime_error tells of an unknown operation or
-// argument.
-RecordsetPtr Call(clsStolvane1& session, const CaseFile& file, Boolean blnReport);
+// The operation's rowset, or none. Optional arguments may be missing; an unknown operation or
+// argument is error 3001.
+RecordsetPtr Call(clsStolvane1& session, const TextCall& call, Boolean blnReport);
 
 // Connects to the books with the settings of the case: cancel, locale, year, alias, filter.
 void Apply(clsStolvane1& session, const CaseFile& file, const std::string& connection);

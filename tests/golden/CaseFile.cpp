@@ -1,47 +1,56 @@
 #include "CaseFile.h"
 
 #include <algorithm>
+#include <cctype>
+#include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
+
+#include "automation/Operations.h"
 
 namespace pstolvane1::golden {
 namespace {
 
-constexpr std::size_t kLongRule = 10;
-
-// Some locales part a number from its symbol with it; in a file nobody could tell it from a blank.
-const std::string kNoBreakSpace = "\u00A0";
-const std::string kShownNoBreakSpace = "<nbsp>";
-
-std::string Replaced(std::string text, const std::string& what, const std::string& with) {
-  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size()) {
-    text.replace(at, what.size(), with);
+// The lines of a file; a block ends at a blank line.
+class Reader {
+ public:
+  explicit Reader(std::string path) : path_(std::move(path)), in_(path_) {
+    if (!in_) throw std::runtime_error(path_ + ": cannot be read");
   }
-  return text;
-}
-
-std::string Trim(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string::npos ? std::string()
-                                    : text.substr(first, text.find_last_not_of(' ') + 1 - first);
-}
-
-// Bars inside quotes belong to the cell.
-std::vector<std::string> SplitCells(const std::string& line) {
-  std::vector<std::string> cells(1);
-  bool quoted = false;
-  for (const char c : line) {
-    if (c == '"') quoted = !quoted;
-    if (c == '|' && !quoted) {
-      cells.emplace_back();
-    } else {
-      cells.back() += c;
+  // The next line that starts a block: its first word and the rest.
+  bool NextBlock(std::string& word, std::string& rest) {
+    for (std::string line; Next(line);) {
+      if (Trim(line).empty()) continue;
+      line_ = line;
+      std::istringstream words(line);
+      words >> word;
+      std::getline(words, rest);
+      rest = Trim(rest);
+      return true;
     }
+    return false;
   }
-  for (std::string& cell : cells) cell = Trim(cell);
-  return cells;
-}
+  bool NextOfBlock(std::string& line) { return Next(line) && !Trim(line).empty(); }
+  // The line that NextBlock stopped at.
+  [[nodiscard]] const std::string& Line() const { return line_; }
+  [[noreturn]] void Refuse(const std::string& reason) const {
+    throw std::runtime_error(path_ + ":" + std::to_string(number_) + ": " + reason);
+  }
+
+ private:
+  bool Next(std::string& line) {
+    if (!std::getline(in_, line)) return false;
+    ++number_;
+    return true;
+  }
+
+  std::string path_;
+  std::ifstream in_;
+  std::string line_;
+  int number_ = 0;
+};
 
 std::pair<std::string, std::string> SplitAssignment(const std::string& line) {
   const std::size_t at = line.find('=');
@@ -49,27 +58,12 @@ std::pair<std::string, std::string> SplitAssignment(const std::string& line) {
   return {Trim(line.substr(0, at)), Trim(line.substr(at + 1))};
 }
 
-// The lines of the file with a block's end at a blank line.
-class Reader {
- public:
-  explicit Reader(const std::string& path) : path_(path), in_(path) {
-    if (!in_) throw std::runtime_error(path + ": cannot be read");
-  }
-  bool Next(std::string& line) {
-    if (!std::getline(in_, line)) return false;
-    ++number_;
-    return true;
-  }
-  bool NextOfBlock(std::string& line) { return Next(line) && !Trim(line).empty(); }
-  [[noreturn]] void Refuse(const std::string& reason) const {
-    throw std::runtime_error(path_ + ":" + std::to_string(number_) + ": " + reason);
-  }
-
- private:
-  std::string path_;
-  std::ifstream in_;
-  int number_ = 0;
-};
+// "Doc_Initial as receipts" in its two halves; the second may be missing.
+std::pair<std::string, std::string> SplitNamed(const std::string& text) {
+  const std::size_t at = text.find(" as ");
+  if (at == std::string::npos) return {text, ""};
+  return {Trim(text.substr(0, at)), Trim(text.substr(at + 4))};
+}
 
 TextTable ReadTable(Reader& reader, const std::string& name) {
   TextTable table{.name = name, .head = {}, .rows = {}};
@@ -85,60 +79,138 @@ TextTable ReadTable(Reader& reader, const std::string& name) {
   return table;
 }
 
-void ReadExpectation(Reader& reader, CaseFile& file, std::string line) {
-  bool in_events = false;
-  do {
-    file.expected += line + '\n';
-    if (line == "expect events") {
-      file.has_events = in_events = true;
-    } else if (in_events && !Trim(line).empty()) {
-      file.events.push_back(Trim(line));
-    }
-  } while (reader.Next(line));
+// Tables alone, with comments.
+void ReadBooks(const std::string& path, std::vector<TextTable>& books) {
+  Reader reader(path);
+  for (std::string word, rest; reader.NextBlock(word, rest);) {
+    if (word.starts_with('#')) continue;
+    if (word != "table") reader.Refuse("shared books hold tables alone");
+    books.push_back(ReadTable(reader, rest));
+  }
 }
 
-// Tables alone, with comments.
-void ReadBooks(const std::string& path, CaseFile& file) {
+void Put(std::vector<TextArgument>& arguments, TextArgument argument) {
+  const auto found = std::find_if(arguments.begin(), arguments.end(),
+                                  [&](const auto& one) { return one.name == argument.name; });
+  if (found == arguments.end()) {
+    arguments.push_back(std::move(argument));
+  } else {
+    *found = std::move(argument);
+  }
+}
+
+// The lines of a call's block, put over the arguments that it starts from.
+std::vector<TextArgument> ReadArguments(Reader& reader, std::vector<TextArgument> start) {
+  constexpr std::string_view kRowset = "rowset ";
+  std::vector<TextArgument> given;
+  for (std::string line; reader.NextOfBlock(line);) {
+    if (line.front() == ' ') {
+      if (given.empty()) reader.Refuse("the line goes on with no argument");
+      given.back().value += " " + Trim(line);
+      continue;
+    }
+    auto [name, value] = SplitAssignment(line);
+    const bool is_rowset = name.starts_with(kRowset);
+    if (is_rowset) name = Trim(name.substr(kRowset.size()));
+    const bool twice =
+        std::any_of(given.begin(), given.end(), [&](const auto& one) { return one.name == name; });
+    if (twice) reader.Refuse("the argument " + name + " comes twice");
+    given.push_back({name, value, is_rowset});
+  }
+  for (TextArgument& argument : given) Put(start, std::move(argument));
+  return start;
+}
+
+// The named arguments of a file of calls; nothing where the file or the name is not there.
+std::optional<std::vector<TextArgument>> FindArguments(const std::string& path,
+                                                       const std::string& wanted) {
+  if (!std::filesystem::exists(path)) return std::nullopt;
   Reader reader(path);
-  for (std::string line; reader.Next(line);) {
-    if (Trim(line).empty() || line.starts_with('#')) continue;
-    if (!line.starts_with("table ")) reader.Refuse("shared books hold tables alone");
-    file.books.push_back(ReadTable(reader, Trim(line.substr(6))));
+  for (std::string word, rest; reader.NextBlock(word, rest);) {
+    if (word.starts_with('#')) continue;
+    if (word != "arguments") reader.Refuse("a file of calls holds named arguments alone");
+    const auto [name, start] = SplitNamed(rest);
+    const std::optional<std::vector<TextArgument>> known =
+        start.empty() ? std::vector<TextArgument>() : FindArguments(path, start);
+    if (!known) reader.Refuse("there are no arguments " + start);
+    std::vector<TextArgument> arguments = ReadArguments(reader, *known);
+    if (name == wanted) return arguments;
+  }
+  return std::nullopt;
+}
+
+TextCall ReadCall(Reader& reader, const std::string& rest, const std::string& cases_folder) {
+  const auto [operation, start] = SplitNamed(rest);
+  if (start.empty()) return {operation, ReadArguments(reader, {})};
+  std::optional<std::vector<TextArgument>> known =
+      FindArguments(cases_folder + "/" + operation + "/calls", start);
+  if (!known) {
+    const std::string family(automation::GetOperation(operation).family);
+    known = FindArguments(cases_folder + "/" + family + ".calls", start);
+  }
+  if (!known) reader.Refuse(operation + " has no call " + start);
+  return {operation, ReadArguments(reader, *std::move(known))};
+}
+
+void ReadExpectation(Reader& reader, TextExpectation& expected) {
+  const bool is_first = expected.line.empty();
+  std::string line = reader.Line();
+  if (line == "expect events") {
+    expected.has_events = true;
+    while (reader.NextOfBlock(line)) expected.events.push_back(Trim(line));
+    return;
+  }
+  if (!is_first) reader.Refuse("a second expectation");
+  expected.line = line;
+  while (reader.NextOfBlock(line)) {
+    if (expected.IsError()) {
+      expected.description += (expected.description.empty() ? "" : "\n") + line;
+    } else {
+      expected.table.push_back(SplitCells(line));
+    }
   }
 }
 
 }  // namespace
 
-CaseFile ReadCase(const std::string& path, const std::string& books_folder) {
+Cells TextExpectation::Columns() const {
+  if (table.empty()) return {};
+  // On its side as well as upright, a whole rowset starts with a name and a type.
+  const std::string& first = table.front().front();
+  const std::size_t blank = first.find_last_of(' ');
+  const bool has_type =
+      blank != std::string::npos &&
+      std::all_of(first.begin() + static_cast<std::ptrdiff_t>(blank) + 1, first.end(),
+                  [](unsigned char c) { return std::isdigit(c) != 0; });
+  return has_type ? Cells() : table.front();
+}
+
+std::string TextExpectation::Text() const {
+  return line + "\n" + (description.empty() ? "" : description + "\n") + Aligned(table);
+}
+
+CaseFile ReadCase(const std::string& path, const std::string& cases_folder) {
   Reader reader(path);
   CaseFile file;
-  std::string line;
-  while (reader.Next(line)) {
-    std::istringstream words(line);
-    std::string word, rest;
-    words >> word;
-    std::getline(words, rest);
-    rest = Trim(rest);
-    if (word.empty()) continue;
+  for (std::string word, rest; reader.NextBlock(word, rest);) {
     if (word.starts_with('#')) {
-      file.comment.push_back(line);
+      file.comment.push_back(reader.Line());
     } else if (word == "books") {
-      ReadBooks(books_folder + "/" + rest + ".books", file);
+      ReadBooks(cases_folder + "/" + rest + ".books", file.books);
     } else if (word == "table") {
       file.books.push_back(ReadTable(reader, rest));
     } else if (word == "set") {
       file.settings.push_back(SplitAssignment(rest));
     } else if (word == "call") {
-      file.operation = rest;
-      while (reader.NextOfBlock(line)) file.arguments.push_back(SplitAssignment(line));
+      file.calls.push_back(ReadCall(reader, rest, cases_folder));
     } else if (word == "expect") {
-      ReadExpectation(reader, file, line);
+      ReadExpectation(reader, file.expected);
     } else {
       reader.Refuse("neither books, table, set, call nor expect: " + word);
     }
   }
   if (file.comment.empty()) reader.Refuse("the case does not say what it shows");
-  if (file.operation.empty()) reader.Refuse("the case has no call");
+  if (file.calls.empty()) reader.Refuse("the case has no call");
   return file;
 }
 
@@ -152,71 +224,6 @@ void RewriteCase(const std::string& path, const std::string& expected) {
   }
   while (kept.ends_with("\n\n")) kept.pop_back();
   std::ofstream(path) << kept << '\n' << expected;
-}
-
-std::string Aligned(const std::vector<std::vector<std::string>>& lines) {
-  // Counted in characters, not bytes.
-  const auto width_of = [](const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-      return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    }));
-  };
-  std::vector<std::size_t> widths;
-  for (const auto& line : lines) {
-    widths.resize(std::max(widths.size(), line.size()));
-    for (std::size_t i = 0; i < line.size(); ++i)
-      widths[i] = std::max(widths[i], width_of(line[i]));
-  }
-  std::string text;
-  for (const auto& line : lines) {
-    std::string row;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      if (i > 0) row += " | ";
-      row += line[i];
-      if (i + 1 < line.size()) row.append(widths[i] - width_of(line[i]), ' ');
-    }
-    row.resize(row.find_last_not_of(' ') + 1);
-    text += row + '\n';
-  }
-  return text;
-}
-
-std::string OnItsSide(const std::vector<std::vector<std::string>>& lines) {
-  std::vector<std::vector<std::string>> turned(lines.front().size());
-  for (const std::vector<std::string>& line : lines) {
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      turned[i].push_back(line[i] == kNullCell ? std::string() : line[i]);
-    }
-  }
-  return Aligned(turned);
-}
-
-std::string CellOf(const std::string& value) {
-  const std::string text = Replaced(value, kNoBreakSpace, kShownNoBreakSpace);
-  if (text.size() >= kLongRule && text.find_first_not_of('_') == std::string::npos) {
-    return "_ x " + std::to_string(text.size());
-  }
-  const bool plain = !text.empty() && text.find_first_of("|\"") == std::string::npos &&
-                     text.front() != ' ' && text.back() != ' ' && text != kNullCell;
-  if (plain) return text;
-  std::string cell = "\"";
-  for (const char c : text) {
-    if (c == '"') cell += '"';
-    cell += c;
-  }
-  return cell + '"';
-}
-
-std::string TextOf(const std::string& cell) {
-  std::string text = cell;
-  if (cell.size() >= 2 && cell.front() == '"' && cell.back() == '"') {
-    text.clear();
-    for (std::size_t i = 1; i + 1 < cell.size(); ++i) {
-      if (cell[i] == '"') ++i;
-      text += cell[i];
-    }
-  }
-  return Replaced(text, kShownNoBreakSpace, kNoBreakSpace);
 }
 
 }  // namespace pstolvane1::golden

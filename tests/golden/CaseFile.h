@@ -14,57 +14,89 @@
 //   ID 3 | NAME 200
 //   1    | Anand
 //
-// Blocks end at a blank line. Before the call there may be "set" lines: "set cancel", "set locale
-// de_DE", "set year = 2003-04-01 .. 2004-03-31" for the dates of SetConnection, "set alias taItem =
-// Items1.ItemPartNo", "set filter strVouchertypeFilter = ...". In a table Null is (null), an empty
-// text is "", a long rule is "_ x 90", and a cell with a bar, a quote or blanks at its ends stands
-// in quotes. Columns that a table of the books does not name are Null.
+// Blocks end at a blank line. How a cell shows its text stands in CellText.h.
 //
-// "books shop" takes the tables of shop.books in the folder of the cases, and tables in the case
-// add rows to them.
+// Books: "books shop" takes the tables of shop.books in the folder of the cases, and tables in the
+// case add rows to them. Columns that a table does not name are Null.
 //
-// A rowset of more than 40 columns stands on its side: a line for each column, a cell for each row,
-// and Null is an empty cell. An expectation may also be "expect error 94" with the description on
-// the next line, and behind it may stand "expect events" with one event a line.
+// Settings: "set cancel", "set locale de_DE", "set year = 2003-04-01 .. 2004-03-31" for the dates
+// of SetConnection, "set alias taItem = Items1.ItemPartNo", "set filter strVouchertypeFilter =
+// ...".
+//
+// The call: "call LedgersByCode as customers" starts from the arguments of that name, which stand
+// in the file "calls" beside the case, or in the family's ("stock.calls" in the folder of the
+// cases):
+//
+//   arguments customers
+//   bytYearno = 3
+//   sCode = 30
+//
+//   arguments banks as customers
+//   sCode = 2
+//
+// An argument in the call replaces the one of that name. "rowset recItem = SELECT ..." passes a
+// rowset of the host's, which the SELECT reads from the same books. An argument goes on in lines
+// that start with a blank. Of several calls, one session makes one after the other; each must
+// deliver its report, and the last one is what the case expects.
+//
+// The expectation: a head with the columns' types is the whole rowset; one of names alone has the
+// columns that the case is about, in its own order. A whole rowset of more than 40 columns stands
+// on its side: a line for each column, a cell for each row. There may also stand "expect nothing",
+// or "expect error 94" with the description on the next line, which may be left out. Behind it
+// there may be "expect events" with one event a line.
 #pragma once
 
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "CellText.h"
+
 namespace pstolvane1::golden {
 
 struct TextTable {
   std::string name;
-  std::vector<std::string> head;
-  std::vector<std::vector<std::string>> rows;  // cells as they stand, quotes taken off; see IsNull
+  Cells head;
+  std::vector<Cells> rows;  // as many cells as the head
+};
+
+struct TextArgument {
+  std::string name;
+  std::string value;  // a cell, or the SELECT of a rowset
+  bool is_rowset = false;
+};
+
+struct TextCall {
+  std::string operation;
+  std::vector<TextArgument> arguments;  // each name once
+};
+
+struct TextExpectation {
+  std::string line;          // "expect anyCount 0"; empty where the case has none yet
+  std::string description;   // of an error
+  std::vector<Cells> table;  // the head first; lines may be shorter than the head
+  std::vector<std::string> events;
+  bool has_events = false;
+
+  [[nodiscard]] bool IsError() const { return line.starts_with("expect error"); }
+  // The columns that the case is about; empty for all.
+  [[nodiscard]] Cells Columns() const;
+  // As it is written, with aligned columns and without the events.
+  [[nodiscard]] std::string Text() const;
 };
 
 struct CaseFile {
   std::vector<std::string> comment;  // its lines, with "#"
   std::vector<TextTable> books;
   std::vector<std::pair<std::string, std::string>> settings;  // what, value
-  std::string operation;
-  std::vector<std::pair<std::string, std::string>> arguments;  // in their order
-  std::string expected;                                        // from the first "expect" to the end
-  std::vector<std::string> events;                             // of it; only read when has_events
-  bool has_events = false;
+  std::vector<TextCall> calls;                                // at least one
+  TextExpectation expected;
 };
 
-// A std::runtime_error names the line of what cannot be read. Shared books lie in the folder.
-[[nodiscard]] CaseFile ReadCase(const std::string& path, const std::string& books_folder);
+// The case at the path, and the books and calls that it names from the folder of the cases. A
+// std::runtime_error tells the line of what cannot be read.
+[[nodiscard]] CaseFile ReadCase(const std::string& path, const std::string& cases_folder);
 // Writes the case again with another expectation.
 void RewriteCase(const std::string& path, const std::string& expected);
-
-// A table with aligned columns, a line each, the head first.
-[[nodiscard]] std::string Aligned(const std::vector<std::vector<std::string>>& lines);
-
-// The same with the lines as columns, Null as an empty cell.
-[[nodiscard]] std::string OnItsSide(const std::vector<std::vector<std::string>>& lines);
-
-inline const std::string kNullCell = "(null)";
-// A text as a cell shows it, and back.
-[[nodiscard]] std::string CellOf(const std::string& value);
-[[nodiscard]] std::string TextOf(const std::string& cell);
 
 }  // namespace pstolvane1::golden

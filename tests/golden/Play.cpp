@@ -12,23 +12,34 @@ namespace {
 constexpr int kMostColumns = 40;
 
 std::string CellText(const Variant& value) {
-  if (value.IsNull() || value.IsEmpty()) return kNullCell;
+  if (value.IsNull() || value.IsEmpty()) return {};
   return CellOf(value.Type() == adCurrency ? value.ToCurrency().ToText() : value.ToText());
 }
 
 std::string TableOf(Recordset& rowset) {
-  std::vector<std::vector<std::string>> lines(1);
+  std::vector<Cells> lines(1);
   for (int column = 0; column < rowset.Fields().Count(); ++column) {
     const Field field = rowset.Fields()(column);
     lines[0].push_back(field.Name() + " " + std::to_string(field.Type()));
   }
   for (const Recordset::Row row : rowset.Rows()) {
-    std::vector<std::string>& line = lines.emplace_back();
+    Cells& line = lines.emplace_back();
     for (int column = 0; column < rowset.Fields().Count(); ++column) {
       line.push_back(CellText(row[ColumnHandle{column}]));
     }
   }
-  return rowset.Fields().Count() > kMostColumns ? OnItsSide(lines) : Aligned(lines);
+  return Aligned(rowset.Fields().Count() > kMostColumns ? Turned(lines) : lines);
+}
+
+std::string TableOf(Recordset& rowset, const Cells& columns) {
+  std::vector<ColumnHandle> places;
+  for (const std::string& name : columns) places.push_back(rowset.Column(name));
+  std::vector<Cells> lines = {columns};
+  for (const Recordset::Row row : rowset.Rows()) {
+    Cells& line = lines.emplace_back();
+    for (const ColumnHandle place : places) line.push_back(CellText(row[place]));
+  }
+  return Aligned(lines);
 }
 
 void Record(clsStolvane1& session, Outcome& outcome) {
@@ -41,6 +52,21 @@ void Record(clsStolvane1& session, Outcome& outcome) {
     outcome.any_count = any_count;
     outcome.events.push_back("FetchComplete " + std::to_string(any_count));
   };
+}
+
+Outcome PlayCall(clsStolvane1& session, const TextCall& call, Path path) {
+  Outcome outcome;
+  Record(session, outcome);
+  try {
+    const RecordsetPtr returned = Call(session, call, path == Path::kSynchronous);
+    if (returned) outcome.rowset = returned;
+    for (int round = 0; round < 1000 && !outcome.rowset; ++round) {
+      (void)WaitForEvents(std::chrono::milliseconds(10));
+    }
+  } catch (const Error& error) {
+    outcome.error = error;
+  }
+  return outcome;
 }
 
 }  // namespace
@@ -60,48 +86,46 @@ Outcome Play(const CaseFile& file, Path path, const std::string& connection) {
   clsStolvane1 session;
   Apply(session, file, connection);
   Outcome outcome;
-  Record(session, outcome);
-  try {
-    const RecordsetPtr returned = Call(session, file, path == Path::kSynchronous);
-    if (returned) outcome.rowset = returned;
-    for (int round = 0; round < 1000 && !outcome.rowset; ++round) {
-      (void)WaitForEvents(std::chrono::milliseconds(10));
+  for (const TextCall& call : file.calls) {
+    outcome = PlayCall(session, call, path);
+    const bool delivered = outcome.rowset && !outcome.error;
+    if (!delivered && &call != &file.calls.back()) {
+      throw std::runtime_error(call.operation +
+                               " delivered nothing: " + Expectation(outcome, outcome.any_count));
     }
-  } catch (const Error& error) {
-    outcome.error = error;
   }
   return outcome;
 }
 
-std::string Expectation(const Outcome& outcome, const std::optional<std::int32_t>& any_count) {
+std::string Expectation(const Outcome& outcome, const std::optional<std::int32_t>& any_count,
+                        const Cells& columns) {
   if (outcome.error) {
     return "expect error " + std::to_string(static_cast<std::int32_t>(outcome.error->Number())) +
            "\n" + outcome.error->Description() + "\n";
   }
   if (!outcome.rowset) return "expect nothing\n";
   return "expect" + (any_count ? " anyCount " + std::to_string(*any_count) : std::string()) + "\n" +
-         TableOf(*outcome.rowset);
+         (columns.empty() ? TableOf(*outcome.rowset) : TableOf(*outcome.rowset, columns));
+}
+
+std::string ExpectationLike(const CaseFile& file, const Outcome& outcome, Path path) {
+  constexpr std::string_view kCount = "expect anyCount ";
+  const TextExpectation& expected = file.expected;
+  std::optional<std::int32_t> any_count = outcome.any_count;
+  if (path == Path::kSynchronous && expected.line.starts_with(kCount)) {
+    any_count = std::stoi(expected.line.substr(kCount.size()));
+  }
+  std::string text = Expectation(outcome, any_count, expected.Columns());
+  if (outcome.error && expected.IsError() && expected.description.empty()) {
+    text.resize(text.find('\n') + 1);
+  }
+  return text;
 }
 
 std::string EventBlock(const std::vector<std::string>& events) {
   std::string text = "\nexpect events\n";
   for (const std::string& event : events) text += event + "\n";
   return text;
-}
-
-// The expectation without its events.
-std::string RowsetPart(const std::string& expected) {
-  std::string part = expected.substr(0, expected.find("expect events"));
-  while (part.ends_with("\n\n")) part.pop_back();
-  return part;
-}
-
-std::optional<std::int32_t> CountOf(const CaseFile& file, const Outcome& outcome, Path path) {
-  constexpr std::string_view kCount = "expect anyCount ";
-  if (path == Path::kSynchronous && file.expected.starts_with(kCount)) {
-    return std::stoi(file.expected.substr(kCount.size()));
-  }
-  return outcome.any_count;
 }
 
 }  // namespace pstolvane1::golden

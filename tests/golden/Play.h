@@ -27,18 +27,18 @@ struct Outcome {
   std::vector<std::string> events;
 };
 
-// The call of a case on these books.
+// The calls of a case on these books, one after the other; the outcome is the last one's. A
+// std::runtime_error where another one delivers nothing.
 [[nodiscard]] Outcome Play(const CaseFile& file, Path path, const std::string& connection);
 
-// As a case has it, without the events.
+// As a case has it, without the events: the whole rowset, or these columns. Error 3265 names a
+// column that is not there.
 [[nodiscard]] std::string Expectation(const Outcome& outcome,
-                                      const std::optional<std::int32_t>& any_count);
+                                      const std::optional<std::int32_t>& any_count,
+                                      const Cells& columns = {});
+// What there is to compare with what the case expects: its columns, the count that a synchronous
+// call does not tell, and the description of an error where the case has one.
+[[nodiscard]] std::string ExpectationLike(const CaseFile& file, const Outcome& outcome, Path path);
 [[nodiscard]] std::string EventBlock(const std::vector<std::string>& events);
-// What a case expects, without the events.
-[[nodiscard]] std::string RowsetPart(const std::string& expected);
-// The count of the outcome. A synchronous call has none; what the case says of it is then taken
-// over.
-[[nodiscard]] std::optional<std::int32_t> CountOf(const CaseFile& file, const Outcome& outcome,
-                                                  Path path);
 
 }  // namespace pstolvane1::golden

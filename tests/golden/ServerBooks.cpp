@@ -18,7 +18,7 @@ const books::Column& ColumnOf(const TextTable& table, const std::string& name) {
 
 // The cell as a text, which the server reads as its column's type.
 std::string LiteralOf(const std::string& cell, const books::Column& column) {
-  if (cell == kNullCell) return "NULL";
+  if (cell.empty()) return "NULL";
   const std::string text = TextOf(cell);
   if (column.kind == books::ColumnKind::kFlag) return text == "0" ? "FALSE" : "TRUE";
   return sql::QuotedText(text);

@@ -49,7 +49,7 @@ void Insert(sqlite3* database, const TextTable& table) {
   for (const auto& row : table.rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       const int place = static_cast<int>(i) + 1;
-      if (row[i] == kNullCell) {
+      if (row[i].empty()) {
         sqlite3_bind_null(insert.get(), place);
       } else {
         const std::string cell = TextOf(row[i]);
