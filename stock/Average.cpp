@@ -1,11 +1,13 @@
 #include "stock/Average.h"
 
+#include "movements/GroupQuery.h"
+#include "movements/RateRows.h"
+#include "movements/StandardRates.h"
 #include "stock/AverageColumns.h"
 #include "stock/AverageYears.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
-#include "stock/RateRows.h"
-#include "stock/StockQueries.h"
+#include "valuation/StockPeriod.h"
 
 namespace pstolvane1 {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "session/data/Recordset.h"
-#include "stock/AverageFold.h"
+#include "valuation/AverageFold.h"
 
 namespace pstolvane1 {
 

@@ -1,7 +1,9 @@
 #include <fmt/format.h>
 
+#include "movements/GroupQuery.h"
+#include "movements/MovementFilter.h"
+#include "session/mInternationalization.h"
 #include "stock/Average.h"
-#include "stock/StockQueries.h"
 
 namespace pstolvane1 {
 namespace {

@@ -2,10 +2,11 @@
 
 #include <optional>
 
+#include "movements/RateRows.h"
 #include "stock/AverageColumns.h"
-#include "stock/AverageFold.h"
-#include "stock/RateRows.h"
 #include "stock/StockRows.h"
+#include "valuation/AverageFold.h"
+#include "valuation/StockPeriod.h"
 
 namespace pstolvane1 {
 namespace {

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
+#include "movements/GroupQuery.h"
+#include "movements/StandardRates.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
-#include "stock/Layers.h"
-#include "stock/StockQueries.h"
+#include "valuation/Layers.h"
 
 namespace pstolvane1 {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "session/RowLoop.h"
 #include "session/data/RowGroups.h"
-#include "stock/GroupTree.h"
+#include "valuation/GroupTree.h"
 
 namespace pstolvane1 {
 namespace {

@@ -1,11 +1,12 @@
 #include "stock/HuntedRate.h"
 
+#include "movements/GroupQuery.h"
+#include "movements/StandardRates.h"
 #include "stock/GroupStatement.h"
 #include "stock/HuntedValues.h"
 #include "stock/ItemStatement.h"
 #include "stock/LastRateQuery.h"
 #include "stock/StandardRateQuery.h"
-#include "stock/StockQueries.h"
 
 namespace pstolvane1 {
 namespace {

@@ -4,10 +4,11 @@
 #include <memory>
 #include <optional>
 
+#include "movements/RateRows.h"
 #include "session/ReportFrame.h"
-#include "stock/ItemRates.h"
-#include "stock/RateHunt.h"
-#include "stock/StockFigures.h"
+#include "valuation/ItemRates.h"
+#include "valuation/RateHunt.h"
+#include "valuation/StockFigures.h"
 
 namespace pstolvane1 {
 

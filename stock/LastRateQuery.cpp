@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
-#include "stock/StockQueries.h"
+#include "movements/GroupQuery.h"
+#include "movements/MovementFilter.h"
+#include "session/mInternationalization.h"
 
 namespace pstolvane1 {
 namespace {

@@ -1,10 +1,10 @@
 #include "stock/SimpleAverage.h"
 
+#include "movements/GroupQuery.h"
 #include "session/data/RowGroups.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
-#include "stock/RateRows.h"
-#include "stock/StockQueries.h"
+#include "valuation/StockPeriod.h"
 
 namespace pstolvane1 {
 namespace {

@@ -4,21 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include "movements/StockKeyColumns.h"
 #include "session/ReportFrame.h"
 #include "session/rowset/ReportWriter.h"
 #include "stock/StockArguments.h"
 #include "stock/StockColumns.h"
-#include "stock/StockFigures.h"
+#include "valuation/StockFigures.h"
 
 namespace pstolvane1 {
-
-// An item's units.
-struct StockUnits {
-  std::string item;  // whose they are
-  std::string unit;
-  std::string alt_unit;
-  float relation_formula = 0;  // base units in an alternate unit
-};
 
 // Belongs to one row builder. Formats in the session's locale, divides money by sngScale (error 11
 // for a scale of 0) and fills the alternate columns where blnAltUom asks for them (error 11 where

@@ -8,7 +8,7 @@
 
 #include "RandomBooks.h"
 #include "session/clsStolvane1.h"
-#include "stock/StockFigures.h"
+#include "valuation/StockFigures.h"
 
 namespace pstolvane1 {
 namespace {

@@ -3,11 +3,11 @@
 #include <map>
 #include <random>
 
-#include "Money.h"
 #include "session/data/Error.h"
 #include "session/modStolvane1.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
+#include "tests/valuation/Money.h"
 
 namespace pstolvane1 {
 namespace {

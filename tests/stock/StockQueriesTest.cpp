@@ -2,13 +2,14 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
+#include "movements/GroupQuery.h"
+#include "movements/StandardRates.h"
 #include "session/QueryText.h"
 #include "stock/Average.h"
 #include "stock/FifoLifo.h"
 #include "stock/LastRateQuery.h"
 #include "stock/SimpleAverage.h"
 #include "stock/StandardRateQuery.h"
-#include "stock/StockQueries.h"
 #include "tests/SourcePath.h"
 
 namespace pstolvane1 {
@@ -167,17 +168,6 @@ TEST(StockQueries, WhateverNamesTheCategoryMeansTheTreesGroup) {
   for (const StockTree tree : {StockTree::kItem, StockTree::kCategory}) {
     EXPECT_TRUE(GroupSwap(tree).from.empty());
   }
-}
-
-TEST(StockQueries, AFilterThatKeepsUndatedLinesJoinsFromTheLeft) {
-  const MovementFilter kept = FilterOfMovements(kPurchasesOfParties, Undated::kKept, "git");
-  EXPECT_TRUE(kept.condition.starts_with("((vouchertype1.vouchertype_id in (7,10,12) and "));
-  EXPECT_TRUE(kept.condition.ends_with(" ) or git.date is null ) and "));
-  EXPECT_EQ(kept.join.find("inner"), std::string::npos);
-  const MovementFilter plain = FilterOfMovements(kPurchasesOfParties, Undated::kDropped);
-  EXPECT_NE(plain.join.find("inner join desr1 on desr1.desr_id = godownitem1.gdesr_id"),
-            std::string::npos);
-  EXPECT_EQ(FilterOfMovements(kNoFilter, Undated::kKept).condition, "");
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <span>
 
 #include "session/enmValuationMethod.h"
-#include "stock/StockFigures.h"
+#include "valuation/StockFigures.h"
 
 namespace pstolvane1 {
 

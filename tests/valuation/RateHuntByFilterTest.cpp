@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-#include "stock/RateHunt.h"
+#include "valuation/RateHunt.h"
 
 namespace pstolvane1 {
 namespace {

@@ -1,4 +1,4 @@
-#include "stock/StockFigures.h"
+#include "valuation/StockFigures.h"
 
 #include <cmath>
 #include <string>

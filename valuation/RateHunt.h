@@ -2,7 +2,7 @@
 #pragma once
 
 #include "session/enmValuationMethod.h"
-#include "stock/ItemRates.h"
+#include "valuation/ItemRates.h"
 
 namespace pstolvane1 {
 

@@ -7,17 +7,10 @@
 #include <span>
 #include <utility>
 
-#include "session/data/Date.h"
-#include "stock/RateRows.h"
+#include "valuation/Rates.h"
+#include "valuation/StockPeriod.h"
 
 namespace pstolvane1 {
-
-enum class StockSide { kOpening, kClosing };
-
-// The first and last day of a statement; its opening stands at the day before the first.
-struct StockPeriod {
-  Date from, to;
-};
 
 // A stock key within its item.
 struct GodownBatch {

@@ -1,7 +1,7 @@
 // Money in a test's own words.
 #pragma once
 
-#include "stock/StockFigures.h"
+#include "valuation/StockFigures.h"
 
 namespace pstolvane1 {
 

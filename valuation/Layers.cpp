@@ -1,4 +1,4 @@
-#include "stock/Layers.h"
+#include "valuation/Layers.h"
 
 #include <cmath>
 

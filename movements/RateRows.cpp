@@ -1,4 +1,4 @@
-#include "stock/RateRows.h"
+#include "movements/RateRows.h"
 
 namespace pstolvane1 {
 namespace {
@@ -63,11 +63,6 @@ std::span<const ActualRate> ActualRateRows::Of(std::int64_t item_id) {
   }
   item_id_ = item_id;
   return rates_;
-}
-
-Date DayOf(Date date) {
-  const Date::Parts parts = date.ToParts();
-  return Date::FromYmd(parts.year, parts.month, parts.day);
 }
 
 }  // namespace pstolvane1

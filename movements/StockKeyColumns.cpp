@@ -1,4 +1,4 @@
-#include "stock/StockRows.h"
+#include "movements/StockKeyColumns.h"
 
 #include <initializer_list>
 

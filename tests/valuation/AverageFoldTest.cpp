@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "Money.h"
-#include "stock/AverageFold.h"
+#include "tests/valuation/Money.h"
+#include "valuation/AverageFold.h"
 
 namespace pstolvane1 {
 namespace {

@@ -5,9 +5,9 @@
 #include <random>
 #include <vector>
 
-#include "Money.h"
 #include "session/data/Error.h"
-#include "stock/Layers.h"
+#include "tests/valuation/Money.h"
+#include "valuation/Layers.h"
 
 namespace pstolvane1 {
 namespace {

@@ -1,4 +1,4 @@
-#include "stock/RateHunt.h"
+#include "valuation/RateHunt.h"
 
 namespace pstolvane1 {
 namespace {

@@ -1,4 +1,4 @@
-#include "stock/GroupTree.h"
+#include "valuation/GroupTree.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,4 +1,4 @@
-#include "stock/AverageFold.h"
+#include "valuation/AverageFold.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "session/data/Error.h"
-#include "stock/GroupTree.h"
+#include "valuation/GroupTree.h"
 
 namespace pstolvane1 {
 namespace {

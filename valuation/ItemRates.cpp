@@ -1,4 +1,4 @@
-#include "stock/ItemRates.h"
+#include "valuation/ItemRates.h"
 
 namespace pstolvane1 {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "session/data/Currency.h"
-#include "stock/StockFigures.h"
+#include "valuation/StockFigures.h"
 
 namespace pstolvane1 {
 

@@ -4,8 +4,8 @@
 #include <limits>
 #include <random>
 
-#include "Money.h"
 #include "session/data/Error.h"
+#include "tests/valuation/Money.h"
 
 namespace pstolvane1 {
 namespace {

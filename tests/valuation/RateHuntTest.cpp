@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-#include "stock/RateHunt.h"
+#include "valuation/RateHunt.h"
 
 namespace pstolvane1 {
 namespace {
