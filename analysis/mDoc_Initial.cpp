@@ -11,34 +11,32 @@ constexpr ReportLayout kColumns = {
     NumberTwin("DummySort"),
 };
 
+constexpr RuleColumn kRule = kColumns.Rule("TotalLine", 90);
+
 enum LineClass { kDetailLine = 1, kRuleLine = 2, kTotalLine = 3 };
 
 }  // namespace
 
 RecordsetPtr mDoc_Initial(ReportFrame& frame) {
-  const RecordsetPtr source = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
+  const RecordsetPtr source = frame.Rowset(Source::rsReport);
   const ColumnHandle name = source->Column("Ledgername");
   const ColumnHandle id = source->Column("Ledger_id");
   const ColumnHandle amount = source->Column("Amount");
 
-  ReportWriter writer(kColumns, frame.Texts());
+  ReportWriter writer(kColumns, StyleOf(frame));
   Currency total;
-  ForEachSourceRow(frame, *source, [&] {
+  ForEachSourceRow(frame, *source, [&](const Recordset::Row& row) {
     writer.AddLine(kDetailLine);
-    writer.Value(kColumns.Twinned("Ledger"), source->Value(name));
-    writer.Value(kColumns.At("Ledger_Id"), source->Value(id));
-    writer.Money(kColumns.Twinned("Amount"), source->Value(amount));
+    writer.Copy(kColumns.Twinned("Ledger"), row, name);
+    writer.Copy(kColumns.At("Ledger_Id"), row, id);
+    writer.Money(kColumns.Twinned("Amount"), row[amount]);
     writer.EndLine();
-    total += source->Value(amount).ToCurrency();
+    total += row.Money(amount);
   });
 
-  const std::string rule = RuleText(90);
-  writer.AddLine(kRuleLine);
-  writer.Text(kColumns.At("TotalLine"), rule);
-  writer.AddLine(kTotalLine);
-  writer.Text(kColumns.At("Ledger"), "Total");
+  writer.AddRuleLine(kRule, kRuleLine);
+  writer.AddTotalLine(kColumns.At("Ledger"), kRule, kTotalLine);
   writer.Money(kColumns.At("Amount"), total);
-  writer.Text(kColumns.At("TotalLine"), rule);
   return writer.Finish();
 }
 

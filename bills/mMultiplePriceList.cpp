@@ -50,29 +50,26 @@ constexpr PriceColumns kPrices[] = {
 }  // namespace
 
 RecordsetPtr mMultiplePriceList(ReportFrame& frame) {
-  const RecordsetPtr source = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
+  const RecordsetPtr source = frame.Rowset(Source::rsReport);
   const ColumnHandle name = source->Column("itemname");
   std::array<ColumnHandle, std::size(kPrices)> prices{};
   std::ranges::transform(kPrices, prices.begin(),
                          [&](const PriceColumns& price) { return source->Column(price.source); });
 
-  ReportWriter writer(kColumns, frame.Texts());
+  ReportWriter writer(kColumns, StyleOf(frame));
   std::int32_t number = 0;
-  ForEachSourceRow(frame, *source, [&] {
+  ForEachSourceRow(frame, *source, [&](const Recordset::Row& row) {
     writer.AddLine(1);
     writer.Value(kColumns.Twinned("SrNo"), ++number);
-    writer.Value(kColumns.Twinned("ItemName"), source->Value(name));
+    writer.Copy(kColumns.Twinned("ItemName"), row, name);
     for (std::size_t i = 0; i < prices.size(); ++i) {
       // The twin holds the text as well, so that the list sorts by it; that is meant.
-      writer.Text(kPrices[i].shown, writer.MoneyText(source->Value(prices[i])));
+      writer.Text(kPrices[i].shown, writer.MoneyText(row[prices[i]]));
     }
     writer.EndLine();
   });
 
-  const RecordsetPtr filled = writer.Finish();
-  RecordsetPtr report = filled->Clone(adLockUnspecified);
-  filled->Close();
-  return report;
+  return writer.Finish();
 }
 
 }  // namespace pstolvane1

@@ -1,52 +1,46 @@
-// The row loop of a row builder.
+// What a row builder has of its session: the loop over its source's rows, and how cells are shown.
 #pragma once
 
 #include <cstdint>
 
 #include "session/ReportFrame.h"
+#include "session/rowset/CellStyle.h"
 
 namespace pstolvane1 {
 
-// What an error of a row builder was about: the report, and the row of its source, from 1.
-[[nodiscard]] Error WhileWritingRow(const Error& error, const ReportFrame& frame, std::int32_t row);
+// The session's locale, and the report's scale, date rule and number separator.
+[[nodiscard]] CellStyle StyleOf(ReportFrame& frame);
 
-// Calls write_row on each row of the source, which stands at its first row and is the builder's own
-// clone (another builder may run while this one yields), and after it yields to the
-// message loop and raises "manipulating". The test of a cancel stands at the end of the pass: one
-// row is always done, and the caller goes on to its closing lines. An error of write_row goes on
-// with its row.
-template <typename WriteRow>
-void ForEachSourceRow(ReportFrame& frame, Recordset& source, WriteRow&& write_row,
-                      std::int32_t lngRange = 60) {
-  frame.lngFetchTotal = source.RecordCount();
-  std::int32_t row = 0;
-  while (!source.Eof()) {
-    ++row;
-    try {
-      write_row();
-    } catch (const Error& error) {
-      throw WhileWritingRow(error, frame, row);
-    }
-    source.MoveNext();
-    if (!frame.EndPass(lngRange)) return;
-  }
-}
+// Tells of an error of a row builder: the report, and the row of its source, from 1.
+[[nodiscard]] Error WhileWritingRow(const Error& error, const ReportFrame& frame,
+                                    const Recordset::Row& row);
 
-// The same for rows that are not read by moving, such as those of a group; the caller has set
-// lngFetchTotal.
+// Calls write_row(row) for some rows of the source, such as those of a group. The rows of the whole
+// source are the progress total. After each row it yields to the message loop, raises
+// "manipulating", and ends if the report is cancelled: one row is always done, and the caller goes
+// on to its closing lines. False if it was cancelled. An error of write_row is told with its row.
 template <typename Rows, typename WriteRow>
-void ForEachRow(ReportFrame& frame, const Rows& rows, WriteRow&& write_row,
-                std::int32_t lngRange = 60) {
-  std::int32_t number = 0;
+bool ForEachSourceRow(ReportFrame& frame, const Recordset& source, const Rows& rows,
+                      WriteRow&& write_row, std::int32_t lngRange = 60) {
+  frame.lngFetchTotal = source.RecordCount();
   for (const Recordset::Row row : rows) {
-    ++number;
     try {
       write_row(row);
     } catch (const Error& error) {
-      throw WhileWritingRow(error, frame, number);
+      throw WhileWritingRow(error, frame, row);
     }
-    if (!frame.EndPass(lngRange)) return;
+    if (!frame.EndPass(lngRange)) return false;
   }
+  return true;
+}
+
+// The same for all visible rows of the source, in their order. Its position stays where it is. A
+// builder that filters or sorts the source takes a clone of its own, because another builder may
+// run while this one yields.
+template <typename WriteRow>
+bool ForEachSourceRow(ReportFrame& frame, const Recordset& source, WriteRow&& write_row,
+                      std::int32_t lngRange = 60) {
+  return ForEachSourceRow(frame, source, source.Rows(), write_row, lngRange);
 }
 
 }  // namespace pstolvane1

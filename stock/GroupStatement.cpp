@@ -36,7 +36,6 @@ class GroupStatement {
 
   RecordsetPtr Write() {
     const std::vector<StockGroup> groups = ReadGroups(*frame_.Rowset(Source::RsCategory));
-    frame_.lngFetchTotal = rows_.keys->RecordCount();
     for (const std::size_t place :
          ListGroups(groups, arguments_.lngAny_Id1, arguments_.blnOnlyItems)) {
       WriteGroup(groups[place]);
@@ -48,23 +47,24 @@ class GroupStatement {
 
  private:
   void WriteGroup(const StockGroup& group) {
-    Lines().AddNextLine();
+    Lines().AddLine();
     Lines().Text(Columns().category_name, group.name);
     Lines().Text(Columns().first, group.name);
     Lines().Value(Columns().category_id, group.id);
     const Bookmark head = Lines().Line();
     sums_ = {};
     bool has_stock = false;
-    ForEachRow(frame_, by_group_.Find({group.id}), [&](const Recordset::Row& row) {
-      const std::optional<StockFigures> figures = rows_.value(row);
-      if (!figures) return;
-      has_stock = true;
-      if (!in_item_ || keys_.ItemId(row) != item_id_) {
-        CloseItem(group);
-        OpenItem(group, row);
-      }
-      item_sums_ += *figures;
-    });
+    ForEachSourceRow(frame_, *rows_.keys, by_group_.Find({group.id}),
+                     [&](const Recordset::Row& row) {
+                       const std::optional<StockFigures> figures = rows_.value(row);
+                       if (!figures) return;
+                       has_stock = true;
+                       if (!in_item_ || keys_.ItemId(row) != item_id_) {
+                         CloseItem(group);
+                         OpenItem(group, row);
+                       }
+                       item_sums_ += *figures;
+                     });
     CloseItem(group);
     if (!has_stock) return;
     Lines().ReturnTo(head);
@@ -83,7 +83,7 @@ class GroupStatement {
     item_sums_ = {};
     if (!item_lines_) return;
     units_ = keys_.Units(row);
-    Lines().AddNextLine();
+    Lines().AddLine();
     Lines().Text(Columns().item_name, keys_.ItemName(row));
     Lines().Value(Columns().item_id, item_id_);
     Lines().Value(Columns().category_id, group.id);

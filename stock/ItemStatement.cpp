@@ -15,8 +15,7 @@ class ItemStatement {
         writer_(frame, frame.module.Kept<StockArguments>(), true) {}
 
   RecordsetPtr Write() {
-    frame_.lngFetchTotal = rows_.keys->RecordCount();
-    ForEachRow(frame_, rows_.keys->Rows(), [this](const Recordset::Row& row) {
+    ForEachSourceRow(frame_, *rows_.keys, [this](const Recordset::Row& row) {
       const std::optional<StockFigures> figures = rows_.value(row);
       if (!figures) return;
       if (!in_item_ || keys_.ItemId(row) != item_id_) {
@@ -40,7 +39,7 @@ class ItemStatement {
     if (!detailed_ && rule_lines) {
       Lines().AddLine(1);  // such items are one class, and sort among themselves
     } else {
-      Lines().AddNextLine();
+      Lines().AddLine();
     }
     if (detailed_ && rule_lines) Lines().SkipNumber();
     in_item_ = written_ = true;
@@ -54,7 +53,7 @@ class ItemStatement {
   }
 
   void WriteKey(const Recordset::Row& row, const StockFigures& figures) {
-    Lines().AddNextLine();
+    Lines().AddLine();
     Lines().Text(Columns().godown, keys_.GodownText(row));
     Lines().Value(Columns().godown_id, keys_.GodownId(row));
     Lines().Value(Columns().batch_id, keys_.BatchId(row));

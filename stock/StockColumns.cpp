@@ -1,17 +1,14 @@
 #include "stock/StockColumns.h"
 
 #include <string_view>
-#include <vector>
-
-#include "session/rowset/ReportWriter.h"
 
 namespace pstolvane1 {
 namespace {
 
-constexpr ReportColumn kItemTexts[] = {Display("ItemName"), Display("Godown")};
-constexpr ReportColumn kGroupTexts[] = {Display("Particulars"), Display("Categoryname"),
-                                        Display("Itemname")};
-constexpr ReportColumn kFigures[] = {
+constexpr ReportLayout kItemTexts = {Display("ItemName"), Display("Godown")};
+constexpr ReportLayout kGroupTexts = {Display("Particulars"), Display("Categoryname"),
+                                      Display("Itemname")};
+constexpr ReportLayout kFigures = {
     Display("QtyOp"),      Display("UomOp"),     Display("AltQtyOp"),    Display("AltUomOp"),
     Display("RateOp"),     Display("ValueOp"),   Display("QtyIn"),       Display("UomIn"),
     Display("AltQtyIn"),   Display("AltUomIn"),  Display("RateIn"),      Display("ValueIn"),
@@ -20,10 +17,10 @@ constexpr ReportColumn kFigures[] = {
     Display("ProfitPerc"), Display("PerProfit"), Display("Balance"),     Display("Uom"),
     Display("AltQty"),     Display("AltUom"),    Display("Rate"),        Display("Value"),
 };
-constexpr ReportColumn kItemKeys[] = {Key("Item_Id", adBigInt), Key("Godown_Id", adBigInt),
-                                      Key("Batch_Id", adBigInt)};
-constexpr ReportColumn kGroupKeys[] = {Key("Category_Id", adBigInt), Key("Item_Id", adBigInt)};
-constexpr ReportColumn kEnd[] = {
+constexpr ReportLayout kItemKeys = {Key("Item_Id", adBigInt), Key("Godown_Id", adBigInt),
+                                    Key("Batch_Id", adBigInt)};
+constexpr ReportLayout kGroupKeys = {Key("Category_Id", adBigInt), Key("Item_Id", adBigInt)};
+constexpr ReportLayout kEnd = {
     Display("TotalValueOp"),      Display("TotalValueIn"),
     Display("TotalValueOut"),     Display("TotalValue"),
     Display("TotalConsumption"),  Display("TotalGrossProfit"),
@@ -43,15 +40,8 @@ constexpr ReportColumn kEnd[] = {
     Display("RecordNo"),
 };
 
-std::vector<ReportColumn> Layout(std::span<const ReportColumn> texts,
-                                 std::span<const ReportColumn> keys) {
-  std::vector<ReportColumn> columns;
-  for (const auto part : {texts, std::span<const ReportColumn>(kFigures), keys,
-                          std::span<const ReportColumn>(kEnd)}) {
-    columns.insert(columns.end(), part.begin(), part.end());
-  }
-  return columns;
-}
+constexpr ReportLayout kItemLines = Join(kItemTexts, kFigures, kItemKeys, kEnd);
+constexpr ReportLayout kGroupLines = Join(kGroupTexts, kFigures, kGroupKeys, kEnd);
 
 // The closing side has names of its own.
 struct SideNames {
@@ -71,58 +61,74 @@ constexpr SideNames kClosing{"Balance",      "Uom",        "AltQty",     "AltUom
                              "Rate",         "Value",      "TotalValue", "QtyClSort",
                              "AltQtyClSort", "RateClSort", "ValueClSort"};
 
-StockSideColumns Side(const ReportWriter& writer, const SideNames& names) {
-  return {.quantity = writer.Column(names.quantity),
-          .unit = writer.Column(names.unit),
-          .alt_quantity = writer.Column(names.alt_quantity),
-          .alt_unit = writer.Column(names.alt_unit),
-          .rate = writer.Column(names.rate),
-          .value = writer.Column(names.value),
-          .total_value = writer.Column(names.total_value),
-          .quantity_sort = writer.Column(names.quantity_sort),
-          .alt_quantity_sort = writer.Column(names.alt_quantity_sort),
-          .rate_sort = writer.Column(names.rate_sort),
-          .value_sort = writer.Column(names.value_sort)};
+template <typename Layout>
+consteval StockSideColumns Side(const Layout& layout, const SideNames& names) {
+  return {.quantity = layout.At(names.quantity),
+          .unit = layout.At(names.unit),
+          .alt_quantity = layout.At(names.alt_quantity),
+          .alt_unit = layout.At(names.alt_unit),
+          .rate = layout.At(names.rate),
+          .value = layout.At(names.value),
+          .total_value = layout.At(names.total_value),
+          .quantity_sort = layout.At(names.quantity_sort),
+          .alt_quantity_sort = layout.At(names.alt_quantity_sort),
+          .rate_sort = layout.At(names.rate_sort),
+          .value_sort = layout.At(names.value_sort)};
 }
+
+// What both shapes have.
+template <typename Layout>
+consteval StockColumns Common(const Layout& layout) {
+  return {.first = ColumnHandle{0},
+          .item_name = layout.At("ItemName"),
+          .opening = Side(layout, kOpening),
+          .inwards = Side(layout, kInwards),
+          .outwards = Side(layout, kOutwards),
+          .closing = Side(layout, kClosing),
+          .gross_profit = layout.At("GrossProfit"),
+          .consumption = layout.At("Consumption"),
+          .profit_percent = layout.At("ProfitPerc"),
+          .profit_per_unit = layout.At("PerProfit"),
+          .total_gross_profit = layout.At("TotalGrossProfit"),
+          .total_consumption = layout.At("TotalConsumption"),
+          .total_profit_percent = layout.At("TotalProfitPerc"),
+          .item_id = layout.At("Item_Id"),
+          .group_line = layout.At("GrpLine"),
+          .total_line = layout.At("TotalLine"),
+          .parent_name = layout.At("ParentName"),
+          .first_sort = layout.At("ParticularsSort"),
+          .gross_profit_sort = layout.At("GrossProfitSort"),
+          .profit_sort = layout.At("ProfitSort"),
+          .consumption_sort = layout.At("ConsumSort")};
+}
+
+consteval StockColumns ItemColumns() {
+  StockColumns columns = Common(kItemLines);
+  columns.godown = kItemLines.At("Godown");
+  columns.godown_id = kItemLines.At("Godown_Id");
+  columns.batch_id = kItemLines.At("Batch_Id");
+  return columns;
+}
+
+consteval StockColumns GroupColumns() {
+  StockColumns columns = Common(kGroupLines);
+  columns.category_name = kGroupLines.At("Categoryname");
+  columns.category_id = kGroupLines.At("Category_Id");
+  return columns;
+}
+
+constexpr StockColumns kItemColumns = ItemColumns();
+constexpr StockColumns kGroupColumns = GroupColumns();
 
 }  // namespace
 
 std::span<const ReportColumn> mStock_Columns(bool blnItemLines) {
-  static const std::vector<ReportColumn> items = Layout(kItemTexts, kItemKeys);
-  static const std::vector<ReportColumn> groups = Layout(kGroupTexts, kGroupKeys);
-  return blnItemLines ? items : groups;
+  if (blnItemLines) return kItemLines;
+  return kGroupLines;
 }
 
-StockColumns::StockColumns(const ReportWriter& writer, bool blnItemLines)
-    : first(writer.Column(blnItemLines ? "ItemName" : "Particulars")),
-      item_name(writer.Column("ItemName")),
-      opening(Side(writer, kOpening)),
-      inwards(Side(writer, kInwards)),
-      outwards(Side(writer, kOutwards)),
-      closing(Side(writer, kClosing)),
-      gross_profit(writer.Column("GrossProfit")),
-      consumption(writer.Column("Consumption")),
-      profit_percent(writer.Column("ProfitPerc")),
-      profit_per_unit(writer.Column("PerProfit")),
-      total_gross_profit(writer.Column("TotalGrossProfit")),
-      total_consumption(writer.Column("TotalConsumption")),
-      total_profit_percent(writer.Column("TotalProfitPerc")),
-      item_id(writer.Column("Item_Id")),
-      group_line(writer.Column("GrpLine")),
-      total_line(writer.Column("TotalLine")),
-      parent_name(writer.Column("ParentName")),
-      first_sort(writer.Column("ParticularsSort")),
-      gross_profit_sort(writer.Column("GrossProfitSort")),
-      profit_sort(writer.Column("ProfitSort")),
-      consumption_sort(writer.Column("ConsumSort")) {
-  if (blnItemLines) {
-    godown = writer.Column("Godown");
-    godown_id = writer.Column("Godown_Id");
-    batch_id = writer.Column("Batch_Id");
-  } else {
-    category_name = writer.Column("Categoryname");
-    category_id = writer.Column("Category_Id");
-  }
+const StockColumns& StockColumnsOf(bool blnItemLines) {
+  return blnItemLines ? kItemColumns : kGroupColumns;
 }
 
 }  // namespace pstolvane1

@@ -7,8 +7,6 @@
 
 namespace pstolvane1 {
 
-class ReportWriter;
-
 // With blnItemLines the lines are items and their godowns, otherwise groups and their items.
 [[nodiscard]] std::span<const ReportColumn> mStock_Columns(bool blnItemLines);
 
@@ -18,18 +16,19 @@ struct StockSideColumns {
   ColumnHandle quantity_sort, alt_quantity_sort, rate_sort, value_sort;
 };
 
-// Where everything is written.
+// Where everything is written. What a shape lacks is kNoColumn.
 struct StockColumns {
-  StockColumns(const ReportWriter& writer, bool blnItemLines);
+  static constexpr ColumnHandle kNoColumn{-1};
 
   // "ItemName" and "Godown" of item lines; "Particulars", "Categoryname" and "Itemname" of groups.
-  ColumnHandle first, category_name{}, item_name, godown{};
+  ColumnHandle first, category_name = kNoColumn, item_name, godown = kNoColumn;
   StockSideColumns opening, inwards, outwards, closing;
   ColumnHandle gross_profit, consumption, profit_percent, profit_per_unit;
   ColumnHandle total_gross_profit, total_consumption, total_profit_percent;
-  ColumnHandle item_id, godown_id{}, batch_id{}, category_id{};
+  ColumnHandle item_id, godown_id = kNoColumn, batch_id = kNoColumn, category_id = kNoColumn;
   ColumnHandle group_line, total_line, parent_name;
   ColumnHandle first_sort, gross_profit_sort, profit_sort, consumption_sort;
 };
+[[nodiscard]] const StockColumns& StockColumnsOf(bool blnItemLines);
 
 }  // namespace pstolvane1

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "session/RowLoop.h"
 #include "session/data/Error.h"
 
 namespace pstolvane1 {
@@ -16,8 +17,8 @@ StockWriter::StockWriter(ReportFrame& frame, const StockArguments& arguments, bo
     : locale_(frame.Texts()),
       scale_(static_cast<double>(arguments.sngScale)),
       alternate_(arguments.blnAltUom),
-      lines_(mStock_Columns(blnItemLines), locale_),
-      columns_(lines_, blnItemLines) {}
+      lines_(mStock_Columns(blnItemLines), StyleOf(frame)),
+      columns_(StockColumnsOf(blnItemLines)) {}
 
 void StockWriter::WriteFigures(const StockFigures& figures, const StockUnits* units,
                                std::string_view first_text) {
@@ -132,13 +133,10 @@ void StockWriter::WriteSideTwins(const StockSideColumns& side, const StockFigure
   lines_.Value(side.value_sort, Currency::FromDouble(Scaled(figure.value)));
 }
 
-void StockWriter::WriteRule(ColumnHandle marker) {
-  static const std::string rule = RuleText(kRuleWidth);
-  lines_.Text(marker, rule);
-}
+void StockWriter::WriteRule(ColumnHandle marker) { lines_.Rule({marker, kRuleWidth}); }
 
 void StockWriter::AddSpacer() {
-  lines_.AddNextLine();
+  lines_.AddLine();
   lines_.Text(columns_.first, "");
 }
 
@@ -152,7 +150,7 @@ void StockWriter::WriteTotalValue(ColumnHandle column, Currency value) {
 }
 
 void StockWriter::AddTotalLine(const StockFigures& totals) {
-  lines_.AddNextLine();
+  lines_.AddLine();
   lines_.Text(columns_.first, "Total");
   WriteTotalValue(columns_.opening.total_value, totals.opening.value);
   WriteTotalValue(columns_.inwards.total_value, totals.inwards.value);

@@ -65,7 +65,7 @@ class StockWriter {
   double scale_;
   bool alternate_;
   ReportWriter lines_;
-  StockColumns columns_;
+  const StockColumns& columns_;
 };
 
 }  // namespace pstolvane1

@@ -242,4 +242,12 @@ void WriteText(RowStore& store, int column, std::uint32_t row, std::string_view 
   at.chunk->SetText(static_cast<std::size_t>(column), at.row, text);
 }
 
+void WriteFrom(RowStore& store, int column, std::uint32_t row, CellPlace from) {
+  if (IsText(TypeOf(from)) && !IsNullAt(from)) {
+    WriteText(store, column, row, TextAt(from));
+  } else {
+    Write(store, column, row, ValueAt(from));
+  }
+}
+
 }  // namespace pstolvane1

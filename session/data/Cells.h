@@ -37,5 +37,7 @@ struct CellPlace {
 // that is longer than an adVarChar's defined size, error 13 for a chapter. The store is not told.
 void Write(RowStore& store, int column, std::uint32_t row, const Variant& value);
 void WriteText(RowStore& store, int column, std::uint32_t row, std::string_view text);
+// The value of another cell; a text goes from store to store and nowhere else.
+void WriteFrom(RowStore& store, int column, std::uint32_t row, CellPlace from);
 
 }  // namespace pstolvane1

@@ -197,6 +197,9 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   // with more characters than the adVarChar's defined size is error 3001; nothing is cut off.
   void Set(ColumnHandle column, const Variant& value);
   void SetText(ColumnHandle column, std::string_view text);
+  class Row;
+  // The value of a cell of any row, of this rowset or another.
+  void SetFrom(ColumnHandle column, const Row& row, ColumnHandle from);
 
   // --- Position
 
@@ -302,6 +305,9 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   //   for (Recordset::Row row : rowset->Rows()) total += row["Amount"].ToCurrency();
   // Values may be written meanwhile; no rows added or deleted, no filter or sort set.
   [[nodiscard]] RowRange Rows() const;
+  // The row of a bookmark, also one that AddNew gave and Update has not shown yet. Error 3021 when
+  // that row is gone.
+  [[nodiscard]] Row RowAt(pstolvane1::Bookmark position) const;
   // The visible rows by their values in some columns; see RowGroups.h.
   [[nodiscard]] RowGroups GroupBy(std::initializer_list<std::string_view> columns) const;
 

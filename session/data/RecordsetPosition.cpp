@@ -4,6 +4,13 @@
 #include "session/data/RecordsetImpl.h"
 
 namespace pstolvane1 {
+namespace {
+
+[[noreturn]] void RaiseRowGone() {
+  throw Error(ErrorNumber::kNoCurrentRecord, "the row of the bookmark is gone");
+}
+
+}  // namespace
 
 void Recordset::MoveFirst() {
   RowView& view = impl_->Open();
@@ -40,10 +47,17 @@ void Recordset::Bookmark(pstolvane1::Bookmark position) {
   RowView& view = impl_->Open();
   impl_->Commit();
   const auto row = static_cast<std::uint32_t>(position);
-  if (row >= view.Store().Rows() || view.Store().Hidden(row)) {
-    throw Error(ErrorNumber::kNoCurrentRecord, "the row of the bookmark is gone");
-  }
+  if (row >= view.Store().Rows() || view.Store().Hidden(row)) RaiseRowGone();
   view.GoTo(row);
+}
+
+Recordset::Row Recordset::RowAt(pstolvane1::Bookmark position) const {
+  const RowView& view = impl_->Open();
+  const auto row = static_cast<std::uint32_t>(position);
+  const RowStore& store = view.Store();
+  const bool there = row < store.Rows() && (!store.Hidden(row) || view.Adding() == row);
+  if (!there) RaiseRowGone();
+  return {store, row};
 }
 
 std::int32_t Recordset::RecordCount() const {

@@ -101,6 +101,14 @@ void Recordset::SetText(ColumnHandle column, std::string_view text) {
   WriteText(store, static_cast<int>(column), row, text);
 }
 
+void Recordset::SetFrom(ColumnHandle column, const Row& row, ColumnHandle from) {
+  RowStore& store = impl_->Writable();
+  const std::uint32_t current = impl_->CurrentRow();
+  impl_->BeforeWrite(store, static_cast<int>(column));
+  WriteFrom(store, static_cast<int>(column), current,
+            {*row.store_, static_cast<int>(from), row.row_});
+}
+
 void Recordset::AddNew() {
   RowStore& store = impl_->Writable();
   impl_->Commit();

@@ -212,6 +212,14 @@ std::string Locale::FormatCurrency(Currency value) const {
   return FormatCurrency(value.ToDouble());
 }
 
+void Locale::AppendNumber(double value, std::string& text) const {
+  AppendDecimal(value, rules_->number, text);
+}
+
+void Locale::AppendCurrency(double value, std::string& text) const {
+  AppendDecimal(value, rules_->money, text);
+}
+
 std::string Locale::FormatGeneralDate(Date date) const {
   const Date::Parts parts = date.ToParts();
   std::string text = rules_->short_date.Format(parts, rules_->names);

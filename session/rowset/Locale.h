@@ -27,6 +27,9 @@ class Locale {
   // The locale's currency style: its symbol, decimals and negative form.
   [[nodiscard]] std::string FormatCurrency(double value) const;
   [[nodiscard]] std::string FormatCurrency(Currency value) const;
+  // The same two behind what the text holds already.
+  void AppendNumber(double value, std::string& text) const;
+  void AppendCurrency(double value, std::string& text) const;
   // The short date with a four-digit year, and the time only if there is one.
   [[nodiscard]] std::string FormatGeneralDate(Date date) const;
   // The full date.

@@ -84,6 +84,12 @@ bool GroupStartsAt(int following, int total, const NumberStyle& style) {
 }  // namespace
 
 std::string FormatDecimal(double value, const NumberStyle& style) {
+  std::string text;
+  AppendDecimal(value, style, text);
+  return text;
+}
+
+void AppendDecimal(double value, const NumberStyle& style, std::string& text) {
   if (!std::isfinite(value)) {
     throw Error(ErrorNumber::kOverflow, "a value that is not a finite number has no text");
   }
@@ -96,7 +102,7 @@ std::string FormatDecimal(double value, const NumberStyle& style) {
     const char digit = within ? digits.digit[static_cast<std::size_t>(place)] : '0';
     return style.digits[digit - '0'];
   };
-  std::string text = negative ? style.negative_prefix : style.prefix;
+  text += negative ? style.negative_prefix : style.prefix;
   const int whole = std::max(digits.before_separator, 1);
   const int first_place = digits.before_separator - whole;
   for (int i = 0; i < whole; ++i) {
@@ -108,7 +114,6 @@ std::string FormatDecimal(double value, const NumberStyle& style) {
     for (int i = 0; i < style.decimals; ++i) text += digit_at(digits.before_separator + i);
   }
   text += negative ? style.negative_suffix : style.suffix;
-  return text;
 }
 
 std::optional<double> ReadDecimal(std::string_view text, const NumberStyle& style) {

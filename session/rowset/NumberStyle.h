@@ -26,6 +26,8 @@ struct NumberStyle {
 // style's decimals; what rounds to zero has no sign. Error 6 for what is not a finite number.
 // Example, India: -1234567.885 gives "-12,34,567.89".
 [[nodiscard]] std::string FormatDecimal(double value, const NumberStyle& style);
+// The same behind what the text holds already.
+void AppendDecimal(double value, const NumberStyle& style, std::string& text);
 
 // The value of a text that FormatDecimal could have written; empty for any other text.
 [[nodiscard]] std::optional<double> ReadDecimal(std::string_view text, const NumberStyle& style);

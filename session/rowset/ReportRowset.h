@@ -57,6 +57,17 @@ struct TwinnedColumn {
   ColumnHandle twin;
 };
 
+// A document's number as it is shown, and its twins: the number itself and the parts around it.
+struct DocumentNumberColumns {
+  ColumnHandle shown, number_twin, prefix_twin, suffix_twin;
+};
+
+// Where a line's rule stands, and how many "_" it has.
+struct RuleColumn {
+  ColumnHandle column;
+  std::size_t width;
+};
+
 // A layout as a constant: "constexpr ReportLayout kColumns = {Display("Ledger"), ...};". Its
 // columns are found by name, in any case, while the report is compiled; a name that it has not does
 // not compile.
@@ -68,6 +79,15 @@ struct ReportLayout {
   // The column, and the one with "Sort" behind its name.
   [[nodiscard]] consteval TwinnedColumn Twinned(std::string_view name) const {
     return {Find(name, ""), Find(name, "sort")};
+  }
+  // The number's column, the one with "Sort" behind its name, and the twins of its parts.
+  [[nodiscard]] consteval DocumentNumberColumns DocumentNumber(
+      std::string_view name, std::string_view prefix_twin = "PrefixSort",
+      std::string_view suffix_twin = "SuffixSort") const {
+    return {Find(name, ""), Find(name, "sort"), Find(prefix_twin, ""), Find(suffix_twin, "")};
+  }
+  [[nodiscard]] consteval RuleColumn Rule(std::string_view name, std::size_t width) const {
+    return {Find(name, ""), width};
   }
   // NOLINTNEXTLINE(google-explicit-constructor)
   constexpr operator std::span<const ReportColumn>() const { return columns; }
@@ -90,6 +110,15 @@ struct ReportLayout {
 };
 template <typename... Columns>
 ReportLayout(Columns...) -> ReportLayout<sizeof...(Columns)>;
+
+// The columns of some layouts, one behind the other: for reports that share most of them.
+template <std::size_t... kCounts>
+[[nodiscard]] consteval auto Join(const ReportLayout<kCounts>&... parts) {
+  ReportLayout<(kCounts + ...)> joined{};
+  auto next = joined.columns.begin();
+  ((next = std::ranges::copy(parts.columns, next).out), ...);
+  return joined;
+}
 
 // An open, empty rowset with these columns.
 [[nodiscard]] RecordsetPtr NewReportRowset(std::span<const ReportColumn> columns);

@@ -51,8 +51,8 @@ std::vector<std::string> g_walks;
 RecordsetPtr Walk(ReportFrame& frame) {
   const RecordsetPtr source = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
   std::string met;
-  ForEachSourceRow(frame, *source, [&] {
-    met += source->Collect("n").ToText();
+  ForEachSourceRow(frame, *source, [&](const Recordset::Row& row) {
+    met += row["n"].ToText();
     if (const auto once = std::exchange(g_in_first_row, nullptr)) once();
   });
   g_walks.push_back(met);

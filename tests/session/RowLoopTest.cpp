@@ -4,6 +4,7 @@
 #include "SessionHarness.h"
 #include "session/RowLoop.h"
 #include "session/data/MessageLoop.h"
+#include "session/data/RowGroups.h"
 
 namespace pstolvane1 {
 namespace {
@@ -33,7 +34,8 @@ class RowLoopTest : public testing::Test {
   std::vector<std::int32_t> Pass(Recordset& source, std::int32_t range = 60) {
     std::vector<std::int32_t> written;
     ForEachSourceRow(
-        *frame, source, [&] { written.push_back(source.Collect("n").ToInt32()); }, range);
+        *frame, source, [&](const Recordset::Row& row) { written.push_back(row["n"].ToInt32()); },
+        range);
     return written;
   }
 
@@ -78,10 +80,10 @@ TEST_F(RowLoopTest, WithoutRowsNothingIsWrittenAndNothingTold) {
 TEST_F(RowLoopTest, MessagesAreDeliveredBetweenTheRowAndItsProgress) {
   const auto queue = MessageQueue::OfThisThread();
   const RecordsetPtr source = Numbers(2);
-  ForEachSourceRow(*frame, *source, [&] {
-    const std::string row = "row " + source->Collect("n").ToText();
-    events.push_back(row);
-    queue->Post([this, row] { events.push_back("message of " + row); });
+  ForEachSourceRow(*frame, *source, [&](const Recordset::Row& row) {
+    const std::string name = "row " + row["n"].ToText();
+    events.push_back(name);
+    queue->Post([this, name] { events.push_back("message of " + name); });
   });
   EXPECT_EQ(events, (EventLog{"row 1", "message of row 1", "50 manipulating", "row 2",
                               "message of row 2", "60 manipulating"}));
@@ -98,7 +100,7 @@ TEST_F(RowLoopTest, ACancelThatAMessageBringsEndsThePassAtItsRow) {
   const auto queue = MessageQueue::OfThisThread();
   const RecordsetPtr source = Numbers(4);
   int rows = 0;
-  ForEachSourceRow(*frame, *source, [&] {
+  ForEachSourceRow(*frame, *source, [&](const Recordset::Row&) {
     if (++rows == 2) queue->Post([this] { frame->blnCancelFetching = True; });
   });
   EXPECT_EQ(rows, 2);
@@ -121,8 +123,8 @@ TEST_F(RowLoopTest, AnErrorNamesTheReportAndTheRow) {
   frame->lngReportType = rtDoc_Initial;
   const RecordsetPtr source = Numbers(3);
   try {
-    ForEachSourceRow(*frame, *source, [&] {
-      if (source->Collect("n").ToInt32() == 2) throw Error(ErrorNumber::kOverflow, "too large");
+    ForEachSourceRow(*frame, *source, [&](const Recordset::Row& row) {
+      if (row["n"].ToInt32() == 2) throw Error(ErrorNumber::kOverflow, "too large");
     });
     FAIL() << "no error";
   } catch (const Error& error) {
@@ -131,19 +133,55 @@ TEST_F(RowLoopTest, AnErrorNamesTheReportAndTheRow) {
   }
 }
 
-TEST_F(RowLoopTest, RowsOfAGroupAreAPassAsWell) {
-  const RecordsetPtr source = Numbers(3);
-  frame->lngFetchTotal = 3;
+TEST_F(RowLoopTest, TheRowsOfAGroupAreStepsOverTheWholeSource) {
+  const RecordsetPtr source = Numbers(4);
+  const RowGroups groups = source->GroupBy({"n"});
   std::vector<std::int32_t> written;
-  ForEachRow(*frame, source->Rows(),
-             [&](const Recordset::Row& row) { written.push_back(row["n"].ToInt32()); });
-  EXPECT_EQ(written, (std::vector<std::int32_t>{1, 2, 3}));
-  EXPECT_EQ(events, (EventLog{"40 manipulating", "60 manipulating"}));
+  const auto write = [&](const Recordset::Row& row) { written.push_back(row["n"].ToInt32()); };
+  EXPECT_TRUE(ForEachSourceRow(*frame, *source, groups.Find({3}), write));
+  EXPECT_TRUE(ForEachSourceRow(*frame, *source, groups.Find({2}), write));
+  EXPECT_TRUE(ForEachSourceRow(*frame, *source, groups.Find({9}), write));
+  EXPECT_EQ(written, (std::vector<std::int32_t>{3, 2}));
+  EXPECT_EQ(frame->lngFetchTotal, 4);
+  EXPECT_EQ(events, (EventLog{"35 manipulating", "50 manipulating"}));
   frame->blnCancelFetching = True;
-  written.clear();
-  ForEachRow(*frame, source->Rows(),
-             [&](const Recordset::Row& row) { written.push_back(row["n"].ToInt32()); });
-  EXPECT_EQ(written, std::vector<std::int32_t>{1});
+  EXPECT_FALSE(ForEachSourceRow(*frame, *source, source->Rows(), write));
+  EXPECT_EQ(written, (std::vector<std::int32_t>{3, 2, 1}));
+}
+
+TEST_F(RowLoopTest, AnErrorInAGroupNamesTheRowOfTheSource) {
+  const RecordsetPtr source = Numbers(3);
+  const RowGroups groups = source->GroupBy({"n"});
+  try {
+    ForEachSourceRow(*frame, *source, groups.Find({3}), [](const Recordset::Row&) {
+      throw Error(ErrorNumber::kOverflow, "too large");
+    });
+    FAIL() << "no error";
+  } catch (const Error& error) {
+    EXPECT_NE(error.Description().find("from row 3: too large"), std::string::npos);
+  }
+}
+
+TEST_F(RowLoopTest, ThePositionOfTheSourceStays) {
+  const RecordsetPtr source = Numbers(3);
+  source->MoveNext();
+  EXPECT_EQ(Pass(*source), (std::vector<std::int32_t>{1, 2, 3}));
+  EXPECT_EQ(source->Collect("n"), Variant(2));
+}
+
+TEST(StyleOf, TakesTheReportsScaleDateRuleAndSeparator) {
+  clsStolvane1Events host;
+  const auto frame = std::make_shared<ReportFrame>(std::span<const ReportRow>(), nullptr, host);
+  frame->SetLocale("de_DE");
+  frame->module.sngScale = 1000;
+  frame->module.blnUseLongDate = true;
+  frame->module.strRefSeperator = "-";
+  const CellStyle style = StyleOf(*frame);
+  EXPECT_EQ(style.locale.Name(), "de_DE");
+  EXPECT_EQ(style.scale, 1000);
+  EXPECT_TRUE(style.long_date);
+  EXPECT_EQ(style.number_separator, "-");
+  EXPECT_FALSE(style.pass_over_errors);
 }
 
 }  // namespace
