@@ -58,6 +58,13 @@ constexpr Built kBuilt[] = {
     Member<&clsStolvane1::StockDetails_Categorywise>("StockDetails_Categorywise"),
     Member<&clsStolvane1::StockDetails_Classwise>("StockDetails_Classwise"),
     Member<&clsStolvane1::StockDetails_Godownwise>("StockDetails_Godownwise"),
+    Member<&clsStolvane1::AutoSearch>("AutoSearch"),
+    Member<&clsStolvane1::RTOInsSearch>("RTOInsSearch"),
+    Member<&clsStolvane1::AutoSearchServices>("AutoSearchServices"),
+    Member<&clsStolvane1::BuyerReport>("BuyerReport"),
+    Member<&clsStolvane1::RtoSalesDetails>("RtoSalesDetails"),
+    Member<&clsStolvane1::RtoSalesDetails1>("RtoSalesDetails1"),
+    Member<&clsStolvane1::ServiceTax>("ServiceTax"),
 };
 
 const Built* FindBuilt(const Operation& operation) {

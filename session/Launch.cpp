@@ -41,7 +41,7 @@ SourceQueries InDialect(ReportFrame& frame, const SourceQueries& queries) {
   SourceQueries brought = queries;
   for (std::size_t i = 0; i < brought.size(); ++i) {
     SourceQuery& query = brought[i];
-    query.text = frame.Normalise(query.text);
+    if (!query.in_server_dialect) query.text = frame.Normalise(query.text);
     if (!query.swap.from.empty()) {
       query.text = ReplaceAll(query.text, query.swap.from, query.swap.to);
     }

@@ -21,6 +21,8 @@ struct SourceQuery {
   std::string text;
   // Done once the text is in the dialect, conditions of the host included; none if empty.
   ColumnSwap swap = {};
+  // The text is the server's own from the start: it goes out as it stands, without aliases.
+  bool in_server_dialect = false;
 };
 using SourceQueries = std::vector<SourceQuery>;
 

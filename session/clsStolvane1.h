@@ -157,6 +157,69 @@ class clsStolvane1 : public clsStolvane1Events {
                                        std::string_view strConsiderForSih = {},
                                        std::string_view strItemstate = {});
 
+  // Vehicles as the front desk looks them up; the columns are in docs/reports.md. No report is
+  // written: the query's own rowset comes, always in the background, by FetchComplete. reptype
+  // rtAutoSearch searches by buyer if strBuyerFilter is given (a clause on Terms1 with its own
+  // Where), else by bill if strBillFilter is (a condition on Desr1), else by what strCriteria says
+  // of the vehicle (" And ..." on Batches1 and Godownitem1). rtAutoSearchReceipt lists the sale
+  // bills that receipts paid (strCriteria is " And ..." on Voucher1). rtAutoSearchReceiptChild
+  // returns the receipts of one bill at once; billbybill_id is the bill's voucher. strVouchertype
+  // is a condition on Vouchertype1 and must be given. The pieces go into the query as they stand.
+  // bytYearno is the year of PBill_id. Another reptype is error 3001, two purchases of one vehicle
+  // are the error of a scalar subquery.
+  RecordsetPtr AutoSearch(ReportType reptype, std::uint8_t bytYearno, Date dtFromDate,
+                          Date dtToDate, std::string_view strCriteria, Boolean blnReport = True,
+                          float sngScale = 1, std::string_view strBuyerFilter = {},
+                          std::int32_t billbybill_id = 0, std::string_view strBillFilter = {},
+                          std::string_view strVouchertype = {}, std::int32_t lngSubRelatedTo = 0);
+  // The search by buyer (rtRtoInsSearch), with the insurance's dates.
+  RecordsetPtr RTOInsSearch(ReportType reptype, std::uint8_t bytYearno, Date dtFromDate,
+                            Date dtToDate, std::string_view strCriteria, Boolean blnReport = True,
+                            float sngScale = 1, std::string_view strBuyerFilter = {},
+                            std::int32_t billbybill_id = 0, std::string_view strBillFilter = {},
+                            std::string_view strVouchertype = {}, std::int32_t lngSubRelatedTo = 0);
+  // AutoSearch among service documents, which have no batch: strCriteria of rtAutoSearch is a
+  // clause on Terms1 with its own Where. lngSubRelatedTo 43 shows a job card's own date and number.
+  RecordsetPtr AutoSearchServices(ReportType reptype, std::uint8_t bytYearno, Date dtFromDate,
+                                  Date dtToDate, std::string_view strCriteria,
+                                  Boolean blnReport = True, float sngScale = 1,
+                                  std::string_view strBillFilter = {},
+                                  std::int32_t billbybill_id = 0,
+                                  std::string_view strVouchertypeFilter = {},
+                                  std::int32_t lngSubRelatedTo = 0);
+
+  // Who bought which vehicle, by buyer, with a total. rsItms are the host's items (Itemnew_id,
+  // itemname); without them the first row is error 91. sVouchertype_id holds SubRelatedTo codes
+  // with commas between, "" for vehicle sales; SetFilter's voucher types beat it. Amounts are
+  // divided by sngScale in the query.
+  RecordsetPtr BuyerReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                           Boolean blnReport = True, Boolean blnDetailed = False,
+                           float sngScale = 1, std::uint8_t btTypeOfBuyerReport = 0,
+                           RecordsetPtr rsItms = nullptr, std::string_view sVouchertype_id = {});
+  // What the transport office's forms ask of the vehicles sold and not yet filed, as the query's
+  // own rowset. Desr_Id is the one document, 0 all of the period.
+  Variant RtoSalesDetails(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                          Boolean blnUseLongDate, std::string_view strRefSeperator = "/",
+                          std::uint8_t bytOptional = 0, Boolean blnReport = True,
+                          Boolean blnDetailed = False, float sngScale = 1,
+                          RecordsetPtr recitem = nullptr, std::int32_t Desr_Id = 0);
+  // Its list to pick from. The database refuses its query: error -2147217900.
+  Variant RtoSalesDetails1(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                           Boolean blnUseLongDate, std::string_view strRefSeperator = "/",
+                           std::uint8_t bytOptional = 0, Boolean blnReport = True,
+                           Boolean blnDetailed = False, float sngScale = 1,
+                           RecordsetPtr recitem = nullptr);
+  // The service bills with tax on their lines: the tax, the taxed labour and the totals; with
+  // blnDetailed each line. recitem and recLedger give the names (itemnew_id, itemname; Ledger_id,
+  // Ledgername). sngScale divides the rate of tax.
+  Variant ServiceTax(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                     std::int32_t lngItem_id = 0, std::int32_t lngLedger_Id = 0,
+                     Boolean blnUseLongDate = False, std::string_view strRefSeperator = "/",
+                     std::uint8_t bytOptional = 0, Boolean blnReport = True,
+                     Boolean blnDetailed = False, Boolean blnShowNarration = False,
+                     float sngScale = 1, RecordsetPtr recitem = nullptr,
+                     RecordsetPtr recLedger = nullptr);
+
  private:
   std::shared_ptr<class ReportFrame> frame_;
 };

@@ -1,19 +1,12 @@
 #include "vehicle/VehicleReports.h"
 
-#include "session/ReportFrame.h"
+#include "vehicle/BuyerReport.h"
+#include "vehicle/RtoSalesDetails.h"
+#include "vehicle/ServiceTax.h"
+#include "vehicle/VehicleSearch.h"
 
 namespace pstolvane1 {
 namespace {
-
-RecordsetPtr TakeRs1(ReportFrame& frame) { return frame.Rowset(Source::Rs1); }
-
-RecordsetPtr TakeReport(ReportFrame& frame) { return frame.Rowset(Source::rsReport); }
-
-RecordsetPtr TakeDisconnectedRs1(ReportFrame& frame) {
-  RecordsetPtr found = frame.Rowset(Source::Rs1);
-  found->ActiveConnection(nullptr);
-  return found;
-}
 
 constexpr ReportRow LineCounting(ReportType first, ReportType last) {
   return {.first = first,
@@ -29,11 +22,16 @@ std::span<const ReportRow> VehicleReports() {
   static constexpr ReportRow kRows[] = {
       Row(rtAutoSearch, 1, &TakeRs1, 1),
       Row(rtAutoSearchReceipt, 0, &TakeRs1, 3),
+      {.first = rtAutoSearchReceiptChild,
+       .last = rtAutoSearchReceiptChild,
+       .awaits = 0,
+       .builder = &TakeRs1,
+       .delivery = Delivery::kNever},
       Row(rtClaimReport, 0),
-      Row(rtBuyerReport, 0),
+      Row(rtBuyerReport, 0, &mBuyerReport),
       Row(rtServiceReportRegNo, 0),
       Row(rtRtosalesdet, 0, &TakeReport),
-      Row(rtServiceReport, 0),
+      Row(rtServiceReport, 0, &mServiceTax),
       Row(rtMechanicLabourReport, 2),
       Row(rtFreeServiceReport, 0),
       Row(rtRtoInsSearch, 0, &TakeDisconnectedRs1),

@@ -112,6 +112,7 @@ TEST(ReportTypes, EachHasOneRowOrIsKnownToHaveNone) {
   const std::map<std::int32_t, Expected> expected = ExpectedByValue();
   std::set<std::int32_t> covered;
   for (const ReportRow& row : AllReports()) {
+    if (row.delivery == Delivery::kNever) continue;
     for (std::int32_t value = row.first; value <= row.last; ++value) {
       EXPECT_TRUE(covered.insert(value).second) << value << " has two rows";
     }

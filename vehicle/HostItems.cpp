@@ -1,0 +1,36 @@
+#include "vehicle/HostItems.h"
+
+#include "session/data/Error.h"
+
+namespace pstolvane1 {
+namespace {
+
+RecordsetPtr AllItems(const ReportFrame& frame) {
+  return frame.Rowset(Source::rsItems)->Clone(adLockUnspecified);
+}
+
+}  // namespace
+
+HostItems::HostItems(const ReportFrame& frame)
+    : items_(AllItems(frame)),
+      by_id_(items_->GroupBy({"ItemNew_id"})),
+      name_(items_->Column("itemname")) {}
+
+std::optional<Recordset::Row> HostItems::Find(const Recordset::Row& line,
+                                              ColumnHandle item_id) const {
+  const RowGroups::Group rows = by_id_.Find(line, {item_id});
+  if (rows.Empty()) return std::nullopt;
+  return rows.First();
+}
+
+void UseItems(ReportFrame& frame, const RecordsetPtr& items, bool blnDetailed) {
+  frame.UseHostItems(items);
+  if (!blnDetailed) return;
+  try {
+    const HostItems checked(frame);
+  } catch (const Error& error) {
+    throw error.While("reading the host's rowset of items");
+  }
+}
+
+}  // namespace pstolvane1
