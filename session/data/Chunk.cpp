@@ -1,6 +1,7 @@
 #include "session/data/Chunk.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "session/data/Error.h"
@@ -10,6 +11,11 @@ namespace pstolvane1 {
 namespace {
 
 std::size_t Words(std::size_t rows) { return (rows + 63) / 64; }
+
+// What a column that was never written reads as; its cells are all Null. A chunk of more rows than
+// these does not use it.
+constexpr std::size_t kWidest = sizeof(std::int64_t);
+alignas(kWidest) constexpr std::array<std::byte, Chunk::kRows * kWidest> kZeros{};
 
 }  // namespace
 
@@ -39,23 +45,29 @@ std::size_t StorageWidth(DataType type) {
 Chunk::Chunk(const std::vector<ColumnInfo>& columns, std::size_t capacity) : capacity_(capacity) {
   columns_.reserve(columns.size());
   for (const ColumnInfo& column : columns) {
-    const std::size_t width = StorageWidth(column.type);
-    columns_.push_back({width, std::make_unique_for_overwrite<std::byte[]>(capacity * width),
+    columns_.push_back({StorageWidth(column.type), nullptr, kZeros.data(),
                         std::make_unique<std::uint64_t[]>(Words(capacity))});
+    if (capacity > kRows) MakeRoom(columns_.back());
   }
+}
+
+void Chunk::MakeRoom(Column& column) const {
+  column.values = std::make_unique_for_overwrite<std::byte[]>(capacity_ * column.width);
+  column.readable = column.values.get();
 }
 
 void Chunk::Reserve(std::size_t capacity) {
   if (capacity <= capacity_) return;
-  for (Column& column : columns_) {
-    auto values = std::make_unique_for_overwrite<std::byte[]>(capacity * column.width);
-    auto present = std::make_unique<std::uint64_t[]>(Words(capacity));
-    std::memcpy(values.get(), column.values.get(), rows_ * column.width);
-    std::copy_n(column.present.get(), Words(rows_), present.get());
-    column.values = std::move(values);
-    column.present = std::move(present);
-  }
   capacity_ = capacity;
+  for (Column& column : columns_) {
+    auto present = std::make_unique<std::uint64_t[]>(Words(capacity));
+    std::copy_n(column.present.get(), Words(rows_), present.get());
+    column.present = std::move(present);
+    const auto values = std::move(column.values);
+    if (values == nullptr && capacity <= kRows) continue;
+    MakeRoom(column);
+    if (values != nullptr) std::memcpy(column.values.get(), values.get(), rows_ * column.width);
+  }
 }
 
 void Chunk::SetText(std::size_t column, std::size_t row, std::string_view text) {
@@ -71,7 +83,8 @@ void Chunk::SetText(std::size_t column, std::size_t row, std::string_view text) 
 std::size_t Chunk::Bytes() const {
   std::size_t bytes = sizeof(Chunk) + texts_.Bytes();
   for (const Column& column : columns_) {
-    bytes += sizeof(Column) + capacity_ * column.width + Words(capacity_) * sizeof(std::uint64_t);
+    bytes += sizeof(Column) + Words(capacity_) * sizeof(std::uint64_t);
+    if (column.values != nullptr) bytes += capacity_ * column.width;
   }
   return bytes;
 }

@@ -22,8 +22,9 @@ namespace pstolvane1 {
 // nothing (its rows are the store's business). Error 3001 for a type that no column can have.
 [[nodiscard]] std::size_t StorageWidth(DataType type);
 
-// A fixed number of rows of the same columns. Cells begin as Null. One thread writes it, then it is
-// handed on whole; it is never shared between threads while it is written.
+// A fixed number of rows of the same columns. Cells begin as Null; a column in which all of them
+// still are takes a bit a row. One thread writes it, then it is handed on whole; it is never shared
+// between threads while it is written.
 class Chunk {
  public:
   static constexpr std::size_t kRows = 4096;
@@ -53,8 +54,10 @@ class Chunk {
   }
   template <typename T>
   void Set(std::size_t column, std::size_t row, T value) {
-    static_cast<T*>(static_cast<void*>(columns_[column].values.get()))[row] = value;
-    columns_[column].present[row >> 6] |= std::uint64_t{1} << (row & 63);
+    Column& to = columns_[column];
+    if (to.values == nullptr) MakeRoom(to);
+    static_cast<T*>(static_cast<void*>(to.values.get()))[row] = value;
+    to.present[row >> 6] |= std::uint64_t{1} << (row & 63);
   }
   // The text stays where it is until the chunk goes; a view of it stays valid as long.
   [[nodiscard]] std::string_view Text(std::size_t column, std::size_t row) const {
@@ -67,7 +70,7 @@ class Chunk {
   // that is 1 where the cell is not Null.
   template <typename T>
   [[nodiscard]] const T* Values(std::size_t column) const {
-    return static_cast<const T*>(static_cast<const void*>(columns_[column].values.get()));
+    return static_cast<const T*>(static_cast<const void*>(columns_[column].readable));
   }
   [[nodiscard]] const std::uint64_t* Present(std::size_t column) const {
     return columns_[column].present.get();
@@ -79,9 +82,12 @@ class Chunk {
  private:
   struct Column {
     std::size_t width;
-    std::unique_ptr<std::byte[]> values;
+    std::unique_ptr<std::byte[]> values;  // null before the first write
+    const std::byte* readable;            // the values, or zeros in their stead
     std::unique_ptr<std::uint64_t[]> present;
   };
+
+  void MakeRoom(Column& column) const;
 
   std::size_t rows_ = 0;
   std::size_t capacity_;

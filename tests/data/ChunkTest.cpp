@@ -36,6 +36,49 @@ TEST(Chunk, HoldsTypedCells) {
   EXPECT_FALSE(chunk.IsNull(1, 0));
 }
 
+TEST(Chunk, AColumnThatIsNeverWrittenTakesABitARow) {
+  const auto bytes_for_each_row = [](auto&& write) {
+    Chunk chunk(kColumns);
+    const std::size_t before = chunk.Bytes();
+    for (std::size_t row = 0; row < Chunk::kRows; ++row) {
+      chunk.AddRow();
+      write(chunk, row);
+    }
+    return (chunk.Bytes() - before) / Chunk::kRows;
+  };
+  EXPECT_EQ(bytes_for_each_row([](Chunk&, std::size_t) {}), 0U);
+  EXPECT_EQ(bytes_for_each_row([](Chunk& chunk, std::size_t row) {
+              chunk.SetNull(0, row);
+              chunk.Set<std::int64_t>(2, row, 7);
+            }),
+            8U);
+}
+
+TEST(Chunk, AColumnThatIsNeverWrittenIsReadAsZeros) {
+  for (const std::size_t capacity : {std::size_t{3}, Chunk::kRows}) {
+    Chunk chunk(kColumns, capacity);
+    while (!chunk.Full()) chunk.AddRow();
+    EXPECT_EQ(chunk.Get<std::int64_t>(2, capacity - 1), 0);
+    EXPECT_EQ(chunk.Values<std::int16_t>(3)[0], 0);
+  }
+}
+
+TEST(Chunk, AColumnMayBeWrittenFirstAfterTheChunkHasGrown) {
+  Chunk chunk(kColumns, 2);
+  chunk.AddRow();
+  chunk.AddRow();
+  chunk.Set<std::int32_t>(0, 1, 11);
+  for (const std::size_t capacity : {std::size_t{64}, Chunk::kRows, 2 * Chunk::kRows}) {
+    chunk.Reserve(capacity);
+    while (!chunk.Full()) chunk.AddRow();
+    chunk.Set<std::int64_t>(2, capacity - 1, 5);
+    EXPECT_EQ(chunk.Get<std::int64_t>(2, capacity - 1), 5);
+    EXPECT_EQ(chunk.Get<std::int32_t>(0, 1), 11);
+    EXPECT_TRUE(chunk.IsNull(2, 0));
+    EXPECT_TRUE(chunk.IsNull(0, 0));
+  }
+}
+
 TEST(Chunk, KnowsTheEmptyTextFromNull) {
   Chunk chunk(kColumns);
   chunk.AddRow();
