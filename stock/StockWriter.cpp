@@ -11,14 +11,21 @@ namespace {
 constexpr Currency kZero;
 constexpr std::size_t kRuleWidth = 255;
 
+double AltQuantity(double quantity, const StockUnits& units) {
+  if (units.relation_formula == 0) {
+    throw Error(ErrorNumber::kDivisionByZero,
+                "division by zero: the item \"" + units.item +
+                    "\" has the RelationFormula 0; mend it in the books, or leave blnAltUom out");
+  }
+  return quantity / static_cast<double>(units.relation_formula);
+}
+
 }  // namespace
 
 StockWriter::StockWriter(ReportFrame& frame, const StockArguments& arguments, bool blnItemLines)
-    : locale_(frame.Texts()),
-      scale_(static_cast<double>(arguments.sngScale)),
-      alternate_(arguments.blnAltUom),
-      lines_(mStock_Columns(blnItemLines), StyleOf(frame)),
-      columns_(StockColumnsOf(blnItemLines)) {}
+    : lines_(mStock_Columns(blnItemLines), StyleOf(frame)),
+      columns_(StockColumnsOf(blnItemLines)),
+      alternate_(arguments.blnAltUom) {}
 
 void StockWriter::WriteFigures(const StockFigures& figures, const StockUnits* units,
                                std::string_view first_text) {
@@ -33,29 +40,15 @@ void StockWriter::WriteFigures(const StockFigures& figures, const StockUnits* un
 void StockWriter::WriteSide(const StockSideColumns& side, const StockFigure& figure,
                             const StockUnits* units) {
   if (figure.quantity != 0) {
-    const auto quantity = static_cast<double>(figure.quantity);
-    lines_.Text(side.quantity, NumberText(quantity));
+    lines_.Number(side.quantity, figure.quantity);
+    lines_.Number(side.rate, RateOf(figure));
     if (units) lines_.Text(side.unit, units->unit);
-    lines_.Text(side.rate, NumberText(RateOf(figure)));
     if (units && alternate_) {
-      lines_.Text(side.alt_quantity, AltQuantityText(quantity, *units));
+      lines_.Number(side.alt_quantity, AltQuantity(static_cast<double>(figure.quantity), *units));
       lines_.Text(side.alt_unit, units->alt_unit);
     }
   }
-  if (figure.value != kZero) lines_.Text(side.value, MoneyText(Scaled(figure.value)));
-}
-
-double StockWriter::Scaled(double money) const {
-  return Quotient(money, scale_, "money is divided by sngScale, which is 0; 1 shows it as it is");
-}
-
-std::string StockWriter::AltQuantityText(double quantity, const StockUnits& units) const {
-  if (units.relation_formula == 0) {
-    throw Error(ErrorNumber::kDivisionByZero,
-                "division by zero: the item \"" + units.item +
-                    "\" has the RelationFormula 0; mend it in the books, or leave blnAltUom out");
-  }
-  return NumberText(quantity / static_cast<double>(units.relation_formula));
+  if (figure.value != kZero) lines_.ScaledMoney(side.value, figure.value);
 }
 
 StockWriter::ProfitTwins StockWriter::WriteStockProfit(const StockFigures& figures,
@@ -64,14 +57,15 @@ StockWriter::ProfitTwins StockWriter::WriteStockProfit(const StockFigures& figur
   const ProfitTwins twins = WriteProfitTexts(profit, {.gross_profit = columns_.gross_profit,
                                                       .consumption = columns_.consumption,
                                                       .percent = columns_.profit_percent});
-  std::string per_unit;
+  text_.clear();
   if (profit.balance != kZero && figures.outwards.quantity != 0) {
     const double of_one =
-        Scaled(profit.balance.ToDouble() / static_cast<double>(figures.outwards.quantity));
-    per_unit.append("@ ").append(MoneyText(std::fabs(of_one)));
-    per_unit.append("/").append(unit.empty() ? "Unit" : unit);
+        lines_.Scaled(profit.balance.ToDouble() / static_cast<double>(figures.outwards.quantity));
+    text_ += "@ ";
+    lines_.Style().locale.AppendCurrency(std::fabs(of_one), text_);
+    text_.append("/").append(unit.empty() ? "Unit" : unit);
   }
-  lines_.Text(columns_.profit_per_unit, per_unit);
+  lines_.Text(columns_.profit_per_unit, text_);
   return twins;
 }
 
@@ -82,20 +76,18 @@ StockWriter::ProfitTwins StockWriter::WriteProfitTexts(const StockProfit& profit
     lines_.Text(columns.gross_profit, "");
     lines_.Text(columns.percent, "");
   } else {
-    const double gross_profit = Scaled(profit.GrossProfit());
-    lines_.Text(columns.gross_profit, MoneyText(gross_profit));
-    twins.gross_profit = Currency::FromDouble(gross_profit);
+    lines_.ScaledMoney(columns.gross_profit, profit.GrossProfit());
+    twins.gross_profit = Currency::FromDouble(lines_.Scaled(profit.GrossProfit()));
     if (profit.percent != kZero) {
       twins.percent = -profit.percent;
-      lines_.Text(columns.percent, NumberText(twins.percent.ToDouble()) + "%");
+      lines_.Percent(columns.percent, twins.percent);
     }
   }
   if (profit.consumption == kZero) {
     lines_.Text(columns.consumption, "");
   } else {
-    const double consumption = Scaled(profit.consumption);
-    lines_.Text(columns.consumption, MoneyText(consumption));
-    twins.consumption = Currency::FromDouble(consumption);
+    lines_.ScaledMoney(columns.consumption, profit.consumption);
+    twins.consumption = Currency::FromDouble(lines_.Scaled(profit.consumption));
   }
   return twins;
 }
@@ -130,33 +122,22 @@ void StockWriter::WriteSideTwins(const StockSideColumns& side, const StockFigure
   if (figure.quantity != 0) {
     lines_.Value(side.rate_sort, Currency::FromDouble(RateOf(figure)));
   }
-  lines_.Value(side.value_sort, Currency::FromDouble(Scaled(figure.value)));
+  lines_.Value(side.value_sort, Currency::FromDouble(lines_.Scaled(figure.value)));
 }
 
 void StockWriter::WriteRule(ColumnHandle marker) { lines_.Rule({marker, kRuleWidth}); }
-
-void StockWriter::AddSpacer() {
-  lines_.AddLine();
-  lines_.Text(columns_.first, "");
-}
 
 void StockWriter::AddRuleLine() {
   AddSpacer();
   WriteRule(columns_.total_line);
 }
 
-void StockWriter::WriteTotalValue(ColumnHandle column, Currency value) {
-  lines_.Text(column, MoneyText(Scaled(value)));
-}
-
 void StockWriter::AddTotalLine(const StockFigures& totals) {
-  lines_.AddLine();
-  lines_.Text(columns_.first, "Total");
-  WriteTotalValue(columns_.opening.total_value, totals.opening.value);
-  WriteTotalValue(columns_.inwards.total_value, totals.inwards.value);
-  WriteTotalValue(columns_.outwards.total_value, totals.outwards.value);
-  WriteTotalValue(columns_.closing.total_value, totals.closing.value);
-  WriteRule(columns_.total_line);
+  lines_.AddTotalLine(columns_.first, {columns_.total_line, kRuleWidth});
+  lines_.ScaledMoney(columns_.opening.total_value, totals.opening.value);
+  lines_.ScaledMoney(columns_.inwards.total_value, totals.inwards.value);
+  lines_.ScaledMoney(columns_.outwards.total_value, totals.outwards.value);
+  lines_.ScaledMoney(columns_.closing.total_value, totals.closing.value);
   WriteProfitTexts(ReckonStockProfit(totals), {.gross_profit = columns_.total_gross_profit,
                                                .consumption = columns_.total_consumption,
                                                .percent = columns_.total_profit_percent});

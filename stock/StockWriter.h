@@ -13,9 +13,9 @@
 
 namespace pstolvane1 {
 
-// Belongs to one row builder. Formats in the session's locale, divides money by sngScale (error 11
-// for a scale of 0) and fills the alternate columns where blnAltUom asks for them (error 11 where
-// the item's RelationFormula is 0).
+// Writes what is the statements' own into the lines of a ReportWriter. Belongs to one row builder.
+// Shown money is divided by sngScale (error 11 for a scale of 0). The alternate columns are filled
+// where blnAltUom asks for them (error 11 where the item's RelationFormula is 0).
 class StockWriter {
  public:
   StockWriter(ReportFrame& frame, const StockArguments& arguments, bool blnItemLines);
@@ -29,17 +29,16 @@ class StockWriter {
   // no alternate quantities.
   void WriteFigures(const StockFigures& figures, const StockUnits* units,
                     std::string_view first_text);
-  // A line of 255 "_" in the marker column of the line in hand.
+  // 255 "_" in a marker column of the line in hand.
   void WriteRule(ColumnHandle marker);
 
-  // Nothing but an empty first column.
-  void AddSpacer();
+  void AddSpacer() { lines_.AddSpacer(columns_.first); }
   void AddRuleLine();
   void AddTotalLine(const StockFigures& totals);
   [[nodiscard]] RecordsetPtr Finish() { return lines_.Finish(); }
 
  private:
-  // What the profit leaves for its twins, scaled.
+  // The profit's values for its twins, scaled.
   struct ProfitTwins {
     Currency gross_profit, percent, consumption;
   };
@@ -53,19 +52,11 @@ class StockWriter {
   void WriteSide(const StockSideColumns& side, const StockFigure& figure, const StockUnits* units);
   void WriteSideTwins(const StockSideColumns& side, const StockFigure& figure,
                       float relation_formula, ColumnHandle alternate_of_no_formula);
-  void WriteTotalValue(ColumnHandle column, Currency value);
 
-  [[nodiscard]] double Scaled(double money) const;
-  [[nodiscard]] double Scaled(Currency money) const { return Scaled(money.ToDouble()); }
-  [[nodiscard]] std::string AltQuantityText(double quantity, const StockUnits& units) const;
-  [[nodiscard]] std::string MoneyText(double value) const { return locale_.FormatCurrency(value); }
-  [[nodiscard]] std::string NumberText(double value) const { return locale_.FormatNumber(value); }
-
-  const Locale& locale_;
-  double scale_;
-  bool alternate_;
   ReportWriter lines_;
   const StockColumns& columns_;
+  bool alternate_;
+  std::string text_;  // of a cell that is made of several texts
 };
 
 }  // namespace pstolvane1
