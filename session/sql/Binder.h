@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "session/sql/Ast.h"
@@ -30,6 +31,8 @@ class Binder {
   };
   enum class Role { kQuery, kDerivedTable, kValue };
   [[nodiscard]] bound::Query BindQuery(const Query& query, const Scope* outer, Role role);
+  // The columns of tables that were named so far.
+  [[nodiscard]] auto TakeNamed() { return std::move(named_); }
 
  private:
   enum class Clause { kSelect, kOn, kWhere, kGroupBy, kHaving, kOrderBy };
@@ -118,6 +121,7 @@ class Binder {
 
   const Statement& statement_;
   const Catalog& catalog_;
+  std::vector<std::pair<const CatalogTable*, const CatalogColumn*>> named_;
 };
 
 // How an error shows a name: "items1"."itemname".

@@ -86,6 +86,10 @@ bound::FromPtr Binder::BindFrom(const TableRef& table, const Scope* outer, Scope
 }
 
 bound::ExprPtr Binder::MakeColumn(const bound::Source& source, std::size_t index, Place place) {
+  if (source.table != nullptr) {
+    const std::pair named(source.table, &source.table->columns[index]);
+    if (std::ranges::find(named_, named) == named_.end()) named_.push_back(named);
+  }
   return MakeExpr(bound::Column{&source, index}, source.columns[index].type, place);
 }
 

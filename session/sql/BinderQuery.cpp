@@ -7,7 +7,10 @@
 namespace pstolvane1::sql {
 
 bound::Query Bind(const Statement& statement, const Catalog& catalog) {
-  return Binder(statement, catalog).BindQuery(statement.query, nullptr, Binder::Role::kQuery);
+  Binder binder(statement, catalog);
+  bound::Query query = binder.BindQuery(statement.query, nullptr, Binder::Role::kQuery);
+  query.named = binder.TakeNamed();
+  return query;
 }
 
 std::string Quoted(std::string_view name) { return '"' + std::string(name) + '"'; }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -195,6 +196,9 @@ struct Query {
   std::vector<Branch> branches;
   std::vector<SourceColumn> columns;
   std::vector<Order> order_by;
+  // Of a whole statement alone: the columns of tables and views that are named anywhere in it, each
+  // once. They are the catalog's.
+  std::vector<std::pair<const CatalogTable*, const CatalogColumn*>> named;
 };
 
 // The operands right below an expression, in order; null where an optional one is not there. The

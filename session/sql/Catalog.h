@@ -47,6 +47,7 @@ struct CatalogTable {
   std::vector<std::pair<std::string, std::string>> unread = {};
   // Where an engine finds it; empty where the name alone is enough.
   std::string schema = {};
+  bool is_view = false;
 
   [[nodiscard]] const CatalogColumn* Find(std::string_view column) const;  // any case
   // The type of a column that is not read; empty when there is no such column.

@@ -20,6 +20,7 @@ Translation TranslateWith(std::string_view select, const Catalog& catalog, const
     const Type type = column.type.type == Type::kNull ? Type::kWhole : column.type.type;
     translation.columns.push_back({column.name, type, column.type.size});
   }
+  translation.named = query.named;
   return translation;
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "session/sql/Catalog.h"
@@ -18,6 +19,8 @@ struct ResultColumn {
 struct Translation {
   std::string text;  // one statement of the engine, no comments, no terminator
   std::vector<ResultColumn> columns;
+  // Of tables and views, that the text names: those of the catalog, and valid as long as it.
+  std::vector<std::pair<const CatalogTable*, const CatalogColumn*>> named = {};
 };
 
 // Reads, types and writes out one SELECT. Pure; may be called from any thread. Error -2147217900

@@ -17,6 +17,7 @@ PostgresCursor::PostgresCursor(std::shared_ptr<HeldState> state,
       columns_(ColumnsOf(translation.columns)),
       copy_(CopyText(translation)),
       watch_(time_limit, {state_->provider_cancel.get(), &state_->cancel, &cancel_}),
+      doubtful_(Doubtful(translation.named)),
       reader_(translation.columns) {
   if (state_->spread) return;
   try {
@@ -24,10 +25,24 @@ PostgresCursor::PostgresCursor(std::shared_ptr<HeldState> state,
   } catch (const Error& error) {
     throw Error(ErrorNumber::kQueryRefused, error.Description());
   }
-  database_->SendCopy(
-      "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY;"
-      "SET TRANSACTION SNAPSHOT '" +
-      state_->exported + "';" + copy_ + ";COMMIT");
+  if (!state_->AreSound(doubtful_)) return;
+  doubtful_.clear();
+  database_->SendCopy(BeginText() + copy_ + ";COMMIT");
+}
+
+std::string PostgresCursor::BeginText() const {
+  return "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY;SET TRANSACTION SNAPSHOT '" +
+         state_->exported + "';";
+}
+
+void PostgresCursor::CheckColumns() {
+  if (doubtful_.empty()) return;
+  if (state_->spread) return state_->CheckColumns(doubtful_, nullptr, watch_);
+  watch_.Pause();
+  static_cast<void>(database_->Run(BeginText(), watch_));
+  watch_.Start();
+  state_->CheckColumns(doubtful_, database_.get(), watch_);
+  database_->SendCopy(copy_ + ";COMMIT");
 }
 
 bool PostgresCursor::ReadPiece() {
@@ -47,19 +62,29 @@ bool PostgresCursor::ReadPiece() {
 void PostgresCursor::Begin() {
   begun_ = true;
   try {
+    CheckColumns();
+  } catch (const Error& error) {
+    GiveUp();
+    throw Meant(error);
+  }
+  try {
     if (state_->spread) {
       pieces_ = state_->CopyHere(copy_, watch_);
     } else {
       database_->AwaitCopy(watch_);
     }
   } catch (const Error& error) {
-    ended_ = true;
-    // A statement that was refused leaves the session as good as before.
-    if (database_) state_->pool->Give(std::move(database_));
+    GiveUp();
     // What is the same for every row is reckoned before the first of them comes.
     const bool of_a_row = error.Number() != ErrorNumber::kQueryRefused;
     throw Meant(error).While(of_a_row ? "reading the rows" : "preparing a statement");
   }
+}
+
+// A statement that was refused leaves the session as good as before.
+void PostgresCursor::GiveUp() {
+  ended_ = true;
+  if (database_) state_->pool->Give(std::move(database_));
 }
 
 // The name of the state is in no other words than those of a server that does not know it any more.

@@ -32,6 +32,12 @@ class PostgresCursor final : public Cursor {
  private:
   // Waits for the first rows.
   void Begin();
+  // Looks through the statement's columns where that was not done in this state of the books, and
+  // sends the statement that waited for it.
+  void CheckColumns();
+  void GiveUp();
+  // The statements that make the session read the state.
+  [[nodiscard]] std::string BeginText() const;
   // What the error of a statement that was not begun means to the reader.
   [[nodiscard]] Error Meant(const Error& error) const;
   // False at the end of all rows.
@@ -42,6 +48,7 @@ class PostgresCursor final : public Cursor {
   const std::string copy_;
   CancelSignal cancel_;
   Watch watch_;
+  std::vector<NamedColumn> doubtful_;   // to be looked through before the first row
   std::unique_ptr<Database> database_;  // until the end; none where the books are spread
   std::deque<std::string> pieces_;      // what is still to be read of spread books
   bool begun_ = false;                  // the server has begun to copy

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "session/engine/postgres/ColumnCheck.h"
 #include "session/engine/postgres/Database.h"
 #include "session/sql/Catalog.h"
 
@@ -26,12 +27,16 @@ class Pool {
   [[nodiscard]] std::shared_ptr<const sql::Catalog> LastCatalog() const;
   void Keep(std::shared_ptr<const sql::Catalog> catalog, const std::string& version);
 
+  // Of the last state in which columns were looked through.
+  [[nodiscard]] SoundColumns& Sound() { return sound_; }
+
  private:
   const Settings settings_;
   mutable std::mutex mutex_;
   std::vector<std::unique_ptr<Database>> idle_;
   std::shared_ptr<const sql::Catalog> catalog_;
   std::string version_;
+  SoundColumns sound_;
 };
 
 }  // namespace pstolvane1::postgres

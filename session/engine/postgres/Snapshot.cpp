@@ -1,5 +1,6 @@
 #include "session/engine/postgres/Snapshot.h"
 
+#include <cstdlib>
 #include <libpq-fe.h>
 #include <utility>
 
@@ -18,6 +19,10 @@ constexpr const char* kReachAll =
     " WHERE n.nspname = ANY (current_setting('pstolvane1.schemas')::name[])"
     " GROUP BY ftserver) AS servers)";
 
+// Which transactions a state sees, and of which life of the server.
+constexpr const char* kState =
+    "pg_current_snapshot()::text || '/' || pg_postmaster_start_time()::text";
+
 // Of what is read ahead, about; a row is never parted.
 constexpr std::size_t kPieceBytes = 65536;
 
@@ -30,11 +35,12 @@ HeldState::HeldState(std::shared_ptr<Pool> sessions, std::shared_ptr<CancelSigna
   const NativeResult state =
       holder_->Run(std::string("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY;"
                                "SELECT pg_export_snapshot(), ") +
-                       kSchemaVersion + ", " + kReachAll,
+                       kSchemaVersion + ", " + kReachAll + ", " + kState,
                    watch);
   exported = PQgetvalue(state.get(), 0, 0);
   const std::string version = PQgetvalue(state.get(), 0, 1);
   spread = PQgetisnull(state.get(), 0, 2) == 0;
+  state_ = PQgetvalue(state.get(), 0, 3);
   if (spread) static_cast<void>(holder_->Run(PQgetvalue(state.get(), 0, 2), watch));
   catalog = pool->Catalog(version);
   if (catalog) return;
@@ -46,7 +52,8 @@ HeldState::~HeldState() {
   if (holder_) pool->Give(std::move(holder_));
 }
 
-std::deque<std::string> HeldState::CopyHere(const std::string& copy, Watch& watch) {
+template <typename Work>
+auto HeldState::Here(Watch& watch, const Work& work) {
   watch.Pause();
   const std::lock_guard lock(one_at_a_time_);
   watch.Start();
@@ -54,16 +61,8 @@ std::deque<std::string> HeldState::CopyHere(const std::string& copy, Watch& watc
     throw Error(ErrorNumber::kQueryRefused,
                 "the state of the books is gone, because another statement on it was broken off");
   }
-  std::deque<std::string> pieces;
   try {
-    holder_->SendCopy("SAVEPOINT before;" + copy + ";RELEASE before");
-    holder_->AwaitCopy(watch);
-    NativeBuffer buffer;
-    std::size_t size = 0;
-    while (holder_->NextPiece(buffer, size, watch)) {
-      if (pieces.empty() || pieces.back().size() > kPieceBytes) pieces.emplace_back();
-      pieces.back().append(buffer.get(), size);
-    }
+    return work();
   } catch (const Error&) {
     // What the server refused leaves the state as it was; what was broken off ends it.
     if (holder_->Failed()) {
@@ -73,7 +72,56 @@ std::deque<std::string> HeldState::CopyHere(const std::string& copy, Watch& watc
     }
     throw;
   }
-  return pieces;
+}
+
+bool HeldState::AreSound(std::span<const NamedColumn> columns) const {
+  return columns.empty() || (spread ? own_ : pool->Sound()).Unknown(state_, columns).empty();
+}
+
+void HeldState::CheckColumns(std::span<const NamedColumn> columns, Database* session,
+                             Watch& watch) {
+  watch.Pause();
+  const std::lock_guard lock(checking_);
+  watch.Start();
+  SoundColumns& sound = spread ? own_ : pool->Sound();
+  const std::vector<NamedColumn> unknown = sound.Unknown(state_, columns);
+  if (unknown.empty()) return;
+  const std::string text = WrongValuesText(unknown);
+  const NativeResult wrong = [&] {
+    try {
+      if (!spread) {
+        watch.Pause();
+        return session->Run(text, watch);
+      }
+      return Here(watch, [&] {
+        return holder_->Run("SAVEPOINT before;" + text + ";RELEASE before", watch);
+      });
+    } catch (const Error& error) {
+      throw error.While("reading the rows");
+    }
+  }();
+  watch.Start();
+  if (PQntuples(wrong.get()) > 0) {
+    const auto which = static_cast<std::size_t>(std::atoi(PQgetvalue(wrong.get(), 0, 0)));
+    throw WrongValue(WhereOf(unknown.at(which)),
+                     "\"" + std::string(PQgetvalue(wrong.get(), 0, 1)) + "\"");
+  }
+  sound.Remember(state_, unknown);
+}
+
+std::deque<std::string> HeldState::CopyHere(const std::string& copy, Watch& watch) {
+  return Here(watch, [&] {
+    std::deque<std::string> pieces;
+    holder_->SendCopy("SAVEPOINT before;" + copy + ";RELEASE before");
+    holder_->AwaitCopy(watch);
+    NativeBuffer buffer;
+    std::size_t size = 0;
+    while (holder_->NextPiece(buffer, size, watch)) {
+      if (pieces.empty() || pieces.back().size() > kPieceBytes) pieces.emplace_back();
+      pieces.back().append(buffer.get(), size);
+    }
+    return pieces;
+  });
 }
 
 PostgresSnapshot::PostgresSnapshot(std::shared_ptr<HeldState> state,

@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <memory>
+#include <span>
 #include <string>
 
 #include "session/data/Provider.h"
@@ -24,6 +25,14 @@ struct HeldState {
   HeldState(const HeldState&) = delete;
   HeldState& operator=(const HeldState&) = delete;
 
+  // Error 13 for a value in one of the columns that is none of its type to the dialect. Looks
+  // through those of which that is not known in this state of the books, in the session given,
+  // which reads the state; in the holder's own where the books are spread. Queries that ask at the
+  // same time wait for each other.
+  void CheckColumns(std::span<const NamedColumn> columns, Database* session, Watch& watch);
+  // Whether CheckColumns has nothing to look through.
+  [[nodiscard]] bool AreSound(std::span<const NamedColumn> columns) const;
+
   // All that a COPY gives, read in the holder's own session, one statement at a time.
   [[nodiscard]] std::deque<std::string> CopyHere(const std::string& copy, Watch& watch);
 
@@ -37,8 +46,15 @@ struct HeldState {
   bool spread = false;
 
  private:
+  // Does the work in the holder's session, as a part of its transaction that can fail alone.
+  template <typename Work>
+  auto Here(Watch& watch, const Work& work);
+
   FairMutex one_at_a_time_;
+  FairMutex checking_;
   std::unique_ptr<Database> holder_;
+  std::string state_;  // the same for states that hold the same rows
+  SoundColumns own_;   // of spread books: the server's word for a state says nothing of others
 };
 
 class PostgresSnapshot final : public Snapshot {

@@ -30,21 +30,13 @@ std::string_view TextOf(Value value) {
   return {static_cast<const char*>(static_cast<const void*>(text)), static_cast<std::size_t>(size)};
 }
 
-// How a cell stands in a message; long ones are cut.
-std::string Shown(Value value) {
-  constexpr std::size_t kLongest = 40;
-  if (sqlite3_value_type(value) == SQLITE_BLOB) return "binary data";
-  const bool text = sqlite3_value_type(value) == SQLITE_TEXT;
-  std::string shown = Repaired(TextOf(value).substr(0, kLongest));
-  return text ? "\"" + shown + "\"" : shown;
-}
-
 [[noreturn]] void ThrowNot(Value value, std::string_view what) {
-  throw Error(ErrorNumber::kTypeMismatch, fmt::format("{} is not {}", Shown(value), what));
+  throw Error(ErrorNumber::kTypeMismatch, fmt::format("{} is not {}", ShownCell(value), what));
 }
 
 [[noreturn]] void ThrowOutOfRange(Value value, std::string_view what) {
-  throw Error(ErrorNumber::kOverflow, fmt::format("{} is out of range for {}", Shown(value), what));
+  throw Error(ErrorNumber::kOverflow,
+              fmt::format("{} is out of range for {}", ShownCell(value), what));
 }
 
 // A whole number of 64 bits, of a cell that is no integer.
@@ -180,6 +172,14 @@ TypeMapping MappingOf(sql::Type type) {
 }
 
 }  // namespace
+
+std::string ShownCell(Value value) {
+  constexpr std::size_t kLongest = 40;
+  if (sqlite3_value_type(value) == SQLITE_BLOB) return "binary data";
+  const bool text = sqlite3_value_type(value) == SQLITE_TEXT;
+  std::string shown = Repaired(TextOf(value).substr(0, kLongest));
+  return text ? "\"" + shown + "\"" : shown;
+}
 
 std::vector<ColumnInfo> ColumnsOf(const std::vector<sql::ResultColumn>& columns) {
   std::vector<ColumnInfo> infos;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include "session/data/Chunk.h"
@@ -16,6 +17,10 @@ namespace pstolvane1::sqlite {
 // 0), single adSingle, real and decimal adDouble, money adCurrency, date adDate, text adVarChar
 // with its size or adBSTR without one.
 [[nodiscard]] std::vector<ColumnInfo> ColumnsOf(const std::vector<sql::ResultColumn>& columns);
+
+// How a stored value stands in a message: a text in quotes, long ones cut. Call it after what its
+// type decides, because it turns numbers into texts.
+[[nodiscard]] std::string ShownCell(sqlite3_value* value);
 
 // Copies cells as they are asked for by the columns' types, whatever SQLite has stored:
 //   whole, flag   an integer, or a real that is a whole number

@@ -23,7 +23,7 @@ SqliteCursor::~SqliteCursor() {
 
 void SqliteCursor::Prepare(const sql::Translation& translation) {
   const Database::Running running(*state_->database, watch_, state_->catalog.get());
-  NativeStatement statement = state_->database->Prepare(translation.text);
+  auto [statement, touched] = state_->database->PrepareReport(translation.text);
   const int columns = statement ? sqlite3_column_count(statement.get()) : 0;
   if (columns != static_cast<int>(columns_.size())) {
     throw Error(
@@ -31,13 +31,26 @@ void SqliteCursor::Prepare(const sql::Translation& translation) {
         fmt::format("the statement gives {} columns instead of {}", columns, columns_.size()));
   }
   writer_ = std::make_unique<RowWriter>(statement.get(), translation.columns);
+  touched_ = std::move(touched);
   statement_ = std::move(statement);  // last: a failure must finalize it while the turn is held
+}
+
+void SqliteCursor::CheckTouched() {
+  if (checked_) return;
+  checked_ = true;
+  try {
+    state_->database->CheckColumns(touched_, watch_);
+  } catch (...) {
+    at_end_ = true;
+    throw;
+  }
 }
 
 std::size_t SqliteCursor::Read(Chunk& chunk) {
   if (at_end_) return 0;
   const std::lock_guard turn(state_->turn);
   state_->FinalizeDropped();
+  CheckTouched();
   const Database::Running running(*state_->database, watch_, state_->catalog.get());
   const std::size_t before = chunk.Rows();
   sqlite3_stmt* statement = statement_.get();

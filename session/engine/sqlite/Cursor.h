@@ -28,13 +28,16 @@ class SqliteCursor final : public Cursor {
 
  private:
   void Prepare(const sql::Translation& translation);
+  void CheckTouched();
 
   const std::shared_ptr<HeldState> state_;
   const std::vector<ColumnInfo> columns_;
   CancelSignal cancel_;
   Watch watch_;
   NativeStatement statement_;
+  std::vector<TableColumn> touched_;
   std::unique_ptr<RowWriter> writer_;
+  bool checked_ = false;  // what it touches
   bool at_end_ = false;
 };
 

@@ -92,6 +92,7 @@ Database::Database(const std::string& file, Watch& watch) : file_(file) {
     throw Error(ErrorNumber::kConnection, "it holds no tables, so it is no books");
   }
   schema_version_ = Prepare("PRAGMA schema_version");
+  data_version_ = Prepare("PRAGMA data_version");
 }
 
 void Database::Configure() {
@@ -173,10 +174,16 @@ std::int64_t Database::BeginState(Watch& watch) {
     }
     const std::int64_t version = sqlite3_column_int64(schema_version_.get(), 0);
     sqlite3_reset(schema_version_.get());
+    // It changes with every write of another connection.
+    if (Step(data_version_.get(), "looking whether the books have changed")) {
+      column_check_.BeginState(sqlite3_column_int64(data_version_.get(), 0));
+    }
+    sqlite3_reset(data_version_.get());
     return version;
   } catch (...) {
     sqlite3_reset(begin_.get());
     sqlite3_reset(schema_version_.get());
+    sqlite3_reset(data_version_.get());
     throw;
   }
 }
@@ -216,6 +223,17 @@ NativeStatement Database::Prepare(const std::string& text) {
   NativeStatement owner(statement);
   if (code != SQLITE_OK) throw Failed(code, "preparing a statement");
   return owner;
+}
+
+Database::Prepared Database::PrepareReport(const std::string& text) {
+  guard_.ClearTouched();
+  NativeStatement statement = Prepare(text);
+  return {std::move(statement), guard_.Touched()};
+}
+
+void Database::CheckColumns(std::span<const TableColumn> columns, Watch& watch) {
+  const Running running(*this, watch);
+  column_check_.Check(*this, columns);
 }
 
 bool Database::Step(sqlite3_stmt* statement, std::string_view doing) {

@@ -5,11 +5,14 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "session/data/Error.h"
 #include "session/engine/Watch.h"
+#include "session/engine/sqlite/ColumnCheck.h"
 #include "session/engine/sqlite/Guard.h"
 #include "session/engine/sqlite/Native.h"
 #include "session/sql/Catalog.h"
@@ -52,6 +55,16 @@ class Database {
     Guard::Permission permission_;
   };
 
+  // The columns that a statement of a catalog touches: prepares it.
+  struct Prepared {
+    NativeStatement statement;
+    std::vector<TableColumn> touched;
+  };
+  [[nodiscard]] Prepared PrepareReport(const std::string& text);
+  // Error 13 for a value in one of the columns that is not of its type; see ColumnCheck. Looks
+  // through those that were not looked through in this state of the books.
+  void CheckColumns(std::span<const TableColumn> columns, Watch& watch);
+
   [[nodiscard]] NativeStatement Prepare(const std::string& text);
   // True for a row, false at the end.
   [[nodiscard]] bool Step(sqlite3_stmt* statement, std::string_view doing);
@@ -78,6 +91,8 @@ class Database {
   NativeStatement begin_;
   NativeStatement end_;
   NativeStatement schema_version_;
+  NativeStatement data_version_;
+  ColumnCheck column_check_;
 };
 
 }  // namespace pstolvane1::sqlite

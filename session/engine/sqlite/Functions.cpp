@@ -5,6 +5,7 @@
 #include <string>
 
 #include "session/data/TextFold.h"
+#include "session/engine/sqlite/ColumnCheck.h"
 #include "session/sql/SqliteFunctions.h"
 
 namespace pstolvane1::sqlite {
@@ -27,8 +28,8 @@ void Require(int code) {
 }  // namespace
 
 void RegisterFunctions(sqlite3* database, std::optional<Error>& failure) {
-  for (const auto functions :
-       {NumberFunctions(), ConversionFunctions(), DateFunctions(), TextFunctions()}) {
+  for (const auto functions : {NumberFunctions(), ConversionFunctions(), DateFunctions(),
+                               TextFunctions(), ColumnCheckFunctions()}) {
     for (const ScalarFunction& function : functions) {
       Require(sqlite3_create_function_v2(database, std::string(function.name).c_str(),
                                          function.arity, kFlags, &failure, function.call, nullptr,

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <span>
 #include <sqlite3.h>
+#include <utility>
 
 #include "session/sql/SqliteFunctions.h"
 
@@ -69,6 +70,14 @@ int Guard::Ask(void* guard, int action, const char* first, const char* second,
   }
 }
 
+void Guard::Note(const sql::CatalogTable& table, std::string_view column) {
+  const sql::CatalogColumn* found = table.is_view ? nullptr : table.Find(column);
+  if (found == nullptr) return;
+  TableColumn touched{table.name, found->name, found->type};
+  if (std::ranges::find(touched_, touched) == touched_.end())
+    touched_.push_back(std::move(touched));
+}
+
 bool Guard::Allows(int action, std::string_view first, std::string_view second,
                    std::string_view place) {
   if (own_) return true;
@@ -81,7 +90,11 @@ bool Guard::Allows(int action, std::string_view first, std::string_view second,
       return true;
     case SQLITE_READ:
       // An engine's own table has no place in the catalog. An empty name is a derived table.
-      if (first.empty() || catalog_->Find(first) != nullptr) return true;
+      if (first.empty()) return true;
+      if (const sql::CatalogTable* table = catalog_->Find(first)) {
+        Note(*table, second);
+        return true;
+      }
       refusal_ = "the statement reads " + std::string(first) + ", which is no table of the books";
       return false;
     case SQLITE_FUNCTION:

@@ -3,7 +3,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "session/engine/WrongValue.h"
 #include "session/sql/Catalog.h"
 
 struct sqlite3;
@@ -32,17 +34,24 @@ class Guard {
     Guard& guard_;
   };
 
+  // The columns of tables that the statements have named since ClearTouched, those that their views
+  // name among them; views themselves are none. Each once.
+  [[nodiscard]] const std::vector<TableColumn>& Touched() const { return touched_; }
+  void ClearTouched() { touched_.clear(); }
+
   // Why the last statement was refused; empty if it was not.
   [[nodiscard]] const std::string& Refusal() const { return refusal_; }
 
  private:
   static int Ask(void* guard, int action, const char* first, const char* second,
                  const char* database, const char* view) noexcept;
+  void Note(const sql::CatalogTable& table, std::string_view column);
   bool Allows(int action, std::string_view first, std::string_view second, std::string_view place);
 
   const sql::Catalog* catalog_ = nullptr;
   bool own_ = false;
   std::string refusal_;
+  std::vector<TableColumn> touched_;
 };
 
 // Whether a statement may call the function by its own text; views of the books may call any that

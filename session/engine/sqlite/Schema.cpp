@@ -30,6 +30,7 @@ struct Described {
   }
   [[nodiscard]] sql::CatalogTable Table() const {
     sql::CatalogTable table{.name = name, .columns = {}};
+    table.is_view = !view.empty();
     for (const Column& column : columns) {
       if (column.typed) {
         table.columns.push_back(*column.typed);

@@ -1,0 +1,44 @@
+// Whether the values that are stored in the columns of a statement are of the columns' types.
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "session/engine/WrongValue.h"
+#include "session/engine/sqlite/FunctionCall.h"
+
+namespace pstolvane1::sqlite {
+
+class Database;
+
+// SQLite stores any value in any column, and its comparisons, joins and sums take what is there: a
+// row whose date is "hello" would only be missing from a report. So the columns that a statement
+// touches are looked through before it is read, each once for a state of the books. Belongs to one
+// connection.
+class ColumnCheck {
+ public:
+  // The engine's number for the state that the connection reads. Under another one than before
+  // nothing is known any more.
+  void BeginState(std::int64_t data_version);
+
+  // Null fits every column. Otherwise: whole numbers and flags are integers, or reals without a
+  // fraction; money and the other numbers are integers and finite reals; dates are ISO texts; texts
+  // are anything but binary data. Error 13 as WrongValue tells it. Looks through each table once,
+  // inside a Running of the database.
+  void Check(Database& database, std::span<const TableColumn> columns);
+
+ private:
+  static void CheckTable(Database& database, std::span<const TableColumn> columns);
+
+  std::int64_t data_version_ = -1;
+  std::set<std::string> known_;  // "table.column" that fit
+};
+
+// pst_misfit(kinds, value, ...): 1 where one of the values does not fit its kind, a letter each, as
+// the check writes it; else 0. Of the library's own statements only.
+[[nodiscard]] std::span<const ScalarFunction> ColumnCheckFunctions();
+
+}  // namespace pstolvane1::sqlite
