@@ -11,7 +11,7 @@ constexpr Argument kLedgerOrAll = Int32("lngLedger_Id", "The party; 0 is all.");
 
 constexpr std::array<Argument, 12> FreeArguments(const Argument& first, const Argument& second) {
   return {
-      kYear,
+      kYearNotUsed,
       kFrom,
       kTo,
       first,
@@ -29,7 +29,7 @@ constexpr auto kFreeItem = FreeArguments(kItemOrAll, kLedgerOrAll);
 constexpr auto kFreeParty = FreeArguments(kLedgerOrAll, kItemOrAll);
 
 constexpr Argument kFreeInitial[] = {
-    kYear,
+    kYearNotUsed,
     kFrom,
     kTo,
     kReport.Optional("true"),
@@ -38,7 +38,7 @@ constexpr Argument kFreeInitial[] = {
 };
 
 constexpr std::array<Argument, 13> PendingArguments(const Argument& first, const Argument& second) {
-  return {kYear,
+  return {kYearNotUsed,
           first,
           second,
           kFrom.Optional(),

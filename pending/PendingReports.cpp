@@ -1,11 +1,15 @@
 #include "pending/PendingReports.h"
 
+#include "pending/FreeQuantity.h"
+#include "pending/FreeQuantity_Initial.h"
+
 namespace pstolvane1 {
 
 std::span<const ReportRow> PendingReports() {
   static constexpr ReportRow kRows[] = {
-      Rows(rtFreeQuantity_Itemwise, rtFreeQuantity_Partywise, 1, nullptr, kLinesCounted),
-      Rows(rtFreeQuantity_Itemwise_Initial, rtFreeQuantity_Partywise_Initial, 1),
+      Rows(rtFreeQuantity_Itemwise, rtFreeQuantity_Partywise, 1, &mFreeQuantity, kLinesCounted),
+      Rows(rtFreeQuantity_Itemwise_Initial, rtFreeQuantity_Partywise_Initial, 1,
+           &mFreeQuantity_Initial),
       Rows(rtPendingByItem, rtPendingByEmployee, 1, nullptr, kLinesCounted),
   };
   return kRows;

@@ -157,6 +157,38 @@ class clsStolvane1 : public clsStolvane1Events {
                                        std::string_view strConsiderForSih = {},
                                        std::string_view strItemstate = {});
 
+  // Goods that were moved and not billed, line by line, inwards and outwards: the free quantity of
+  // a line is what was despatched less what was billed, in the line's own unit. lngItem_id and
+  // lngLedger_Id choose an item and a party, 0 all. bytOptional chooses documents: 0 regular, 1
+  // optional, 2 both; more is 0. blnDetailed adds a line for each movement, with its godown and
+  // batch. sngScale divides values; 0 is an error of the query. Cells that cannot be shown stay
+  // Null. bytYearno is not used.
+  RecordsetPtr FreeQuantity_Itemwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                     std::int32_t lngItem_id, std::int32_t lngLedger_Id,
+                                     Boolean blnUseLongDate = False,
+                                     std::string_view strRefSeperator = "/",
+                                     std::uint8_t bytOptional = 0, Boolean blnReport = True,
+                                     Boolean blnDetailed = False, Boolean blnShowNarration = False,
+                                     float sngScale = 1);
+  // The same with the two ids the other way round.
+  RecordsetPtr FreeQuantity_Partywise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                      std::int32_t lngLedger_Id, std::int32_t lngItem_id,
+                                      Boolean blnUseLongDate = False,
+                                      std::string_view strRefSeperator = "/",
+                                      std::uint8_t bytOptional = 0, Boolean blnReport = True,
+                                      Boolean blnDetailed = False, Boolean blnShowNarration = False,
+                                      float sngScale = 1);
+  // Actual and free quantities and values summed by item, with a total; with blnDetailed by party
+  // below each item. Every line of the period's documents counts, optional or not, with or without
+  // free goods. sngScale divides values. bytYearno is not used.
+  RecordsetPtr FreeQuantity_Itemwise_Initial(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                             Boolean blnReport = True, Boolean blnDetailed = False,
+                                             float sngScale = 1);
+  // The same by party, with blnDetailed by item below each party.
+  RecordsetPtr FreeQuantity_Partywise_Initial(std::uint8_t bytYearno, Date dtFromDate,
+                                              Date dtToDate, Boolean blnReport = True,
+                                              Boolean blnDetailed = False, float sngScale = 1);
+
   // Vehicles as the front desk looks them up; the columns are in docs/reports.md. No report is
   // written: the query's own rowset comes, always in the background, by FetchComplete. reptype
   // rtAutoSearch searches by buyer if strBuyerFilter is given (a clause on Terms1 with its own
