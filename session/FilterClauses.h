@@ -1,9 +1,10 @@
-// The clauses that SetFilter's four values put into the reports' queries. Pure texts.
+// What SetFilter's four values ask of the reports' queries. Pure texts.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pstolvane1 {
 
@@ -15,8 +16,38 @@ struct DocumentFilter {
   std::uint8_t OptNo = 0;
 };
 
-// Where the word And goes: bytAndPosition 1 is in front of a clause, 2 behind it, anything else
-// nowhere. An empty clause takes none.
+// A table that the values can restrict. The numbers are those of bytTable.
+enum class FilterTable : std::uint8_t {
+  kVouchers = 1,
+  kVoucherDetails = 2,
+  kDocuments = 3,  // Desr1
+  kMovements = 5,  // Godownitem1
+};
+
+// A table under the name that a query gives it; "" is the table's own.
+struct NamedTable {
+  FilterTable table;
+  std::string_view name = {};
+};
+
+[[nodiscard]] std::string_view NameOf(const NamedTable& table);
+
+// The conditions, without a word or blank around them; "" where the values ask nothing. They stand
+// as they are: a host's condition takes no parentheses.
+
+// Regular documents alone, or optional ones alone.
+[[nodiscard]] std::string OptionalCondition(const DocumentFilter& filter, const NamedTable& table);
+// Documents of the ledger groups of strSubgroupFilter, or of those that btTypeOfentry stands for.
+// btTypeOfentry 2 drops a voucher with any line of those groups, and keeps a document whose own
+// ledger is of another group. The two differ, and both are meant.
+[[nodiscard]] std::string PartyCondition(const DocumentFilter& filter, const NamedTable& table);
+
+// What brings Vouchertype1, which strVouchertypeFilter is about, into a query of the table: each
+// "Table on condition", in their order.
+[[nodiscard]] std::vector<std::string> JoinsOfVouchertype(const NamedTable& table);
+
+// The same as finished clauses. Where the word And goes: bytAndPosition 1 is in front of a clause,
+// 2 behind it, anything else nowhere. An empty clause takes none.
 
 // One restriction on the ledger group in three forms, for a query to apply to the table that it
 // reads: on the voucher table named strVoucherTable ("" is Voucher1), on Desr1 and on Godownitem1.

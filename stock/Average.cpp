@@ -7,7 +7,7 @@
 #include "stock/AverageYears.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
-#include "valuation/StockPeriod.h"
+#include "valuation/UnpricedStock.h"
 
 namespace pstolvane1 {
 namespace {
@@ -29,29 +29,20 @@ class FirstYear {
         item_id_(source->Column("Item_Id")),
         entering_(source->Column("QtyInForCalculation")),
         standards_(*frame.Rowset(Source::Rs1)),
-        from_(DayOf(frame.module.dtFromDate)),
-        to_(DayOf(frame.module.dtToDate)) {}
+        period_{DayOf(frame.module.dtFromDate), DayOf(frame.module.dtToDate)} {}
 
   StockFigures Value(const Recordset::Row& row) {
-    StockFigures figures = figures_.Read(row);
+    const StockFigures figures = figures_.Read(row);
     if (row.Single(entering_) != 0) return figures;
-    const std::span<const StandardRate> rates = standards_.Of(row.Int64(item_id_));
-    const auto value = [&](StockFigure& figure, auto&& test) {
-      if (figure.value != Currency() || figure.quantity == 0) return;
-      if (const StandardRate* found = LastRate(rates, test)) {
-        figure.value = ValueAt(static_cast<double>(figure.quantity), found->rate);
-      }
-    };
-    value(figures.closing, [this](const StandardRate& rate) { return rate.to <= to_; });
-    value(figures.opening, [this](const StandardRate& rate) { return rate.from < from_; });
-    return figures;
+    return ValueUnpricedStock(figures, standards_.Of(row.Int64(item_id_)),
+                              {.period = period_, .carried_year = {}});
   }
 
  private:
   AverageColumns figures_;
   ColumnHandle item_id_, entering_;
   StandardRateRows standards_;
-  Date from_, to_;
+  StockPeriod period_;
 };
 
 StockRows Rows(ReportFrame& frame) {

@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
 #include "movements/GroupQuery.h"
-#include "movements/MovementFilter.h"
+#include "movements/QueryFilter.h"
 #include "session/mInternationalization.h"
 #include "stock/Average.h"
 
@@ -69,7 +69,7 @@ std::vector<std::string> PeriodExpressions() {
 // One SELECT of the union: its own figures, and 0 in those of the others, which keeps equal rows of
 // different branches apart.
 std::string Branch(std::size_t first, const std::vector<std::string>& expressions,
-                   const MovementFilter& filter, std::string_view days, std::uint8_t bytYearno) {
+                   const QueryFilter& filter, std::string_view days, std::uint8_t bytYearno) {
   std::string text = fmt::format("select {} ", kKey);
   for (std::size_t i = 0; i < std::size(kFigures); ++i) {
     const bool own = i >= first && i < first + expressions.size();
@@ -78,7 +78,7 @@ std::string Branch(std::size_t first, const std::vector<std::string>& expression
   return text + fmt::format(
                     "from godownitem1 {} where {}GODOWNITEM1.OPTIONAL = 0 and GODOWNITEM1.YEARNO < "
                     "{} and {} group by {} ",
-                    filter.join, filter.condition, bytYearno + 1, days, kKey);
+                    filter.Joins(), filter.Conditions(), bytYearno + 1, days, kKey);
 }
 
 std::string UpTo(std::string_view day) {
@@ -91,8 +91,8 @@ std::string ComposeAverage(const StockArguments& arguments, const DocumentFilter
   const std::string from = SqlDateText(arguments.dtFromDate);
   const std::string to = SqlDateText(arguments.dtToDate);
   const std::string day_before = SqlDateText(Date(arguments.dtFromDate.Serial() - 1));
-  const MovementFilter with_openings = FilterOfMovements(filter, Undated::kKept);
-  const MovementFilter of_period = FilterOfMovements(filter, Undated::kDropped);
+  const QueryFilter with_openings = FilterOfMovements(filter, Undated::kKept);
+  const QueryFilter of_period = FilterOfMovements(filter, Undated::kDropped);
   const std::uint8_t year = arguments.bytYearno;
 
   std::string sums;

@@ -6,7 +6,7 @@
 #include "stock/AverageColumns.h"
 #include "stock/StockRows.h"
 #include "valuation/AverageFold.h"
-#include "valuation/StockPeriod.h"
+#include "valuation/UnpricedStock.h"
 
 namespace pstolvane1 {
 namespace {
@@ -46,8 +46,7 @@ class YearFolding {
   YearFolding(ReportFrame& frame, const RecordsetPtr& source)
       : source_(source),
         standards_(*frame.Rowset(Source::Rs1)),
-        from_(DayOf(frame.module.dtFromDate)),
-        to_(DayOf(frame.module.dtToDate)),
+        period_{DayOf(frame.module.dtFromDate), DayOf(frame.module.dtToDate)},
         folded_(NewFoldedRows(source->HasColumn(kGroupId))),
         figures_(*source),
         year_(source->Column("YearNo")),
@@ -65,7 +64,7 @@ class YearFolding {
     if (source->HasColumn(kGroupId)) carried_.push_back(Both(kGroupId));
     for (const std::string_view name :
          {"QtyIn", "RateIn", "ValueIn", "QtyOut", "RateOut", "ValueOut"}) {
-      period_.push_back(Both(name));
+      last_year_.push_back(Both(name));
     }
   }
 
@@ -99,25 +98,14 @@ class YearFolding {
   void BeginKey(const Recordset::Row& row) {
     folded_->AddNew();
     Carry(carried_, row);
-    Carry(period_, row);
+    Carry(last_year_, row);
     StockFigures year = figures_.Read(row);
-    if (row.Single(entering_) == 0) ValueUnpriced(row, year);
+    if (row.Single(entering_) == 0) {
+      year = ValueUnpricedStock(year, standards_.Of(row.Int64(key_[0].from)),
+                                {.period = period_, .carried_year = row.Int32(year_)});
+    }
     opening_.emplace(year.opening, AverageBase::kSumsAllYears);
     closing_.emplace(year.closing, AverageBase::kRestartsEachYear);
-  }
-
-  // What has stock and no value takes the last standard cost that was in force by then.
-  void ValueUnpriced(const Recordset::Row& row, StockFigures& year) {
-    const std::span<const StandardRate> rates = standards_.Of(row.Int64(key_[0].from));
-    const std::int32_t year_no = row.Int32(year_);
-    const auto value = [&](StockFigure& figure, auto&& started) {
-      if (figure.value != Currency() || figure.quantity == 0) return;
-      const StandardRate* found = LastRate(
-          rates, [&](const StandardRate& rate) { return rate.year <= year_no && started(rate); });
-      if (found) figure.value = ValueAt(static_cast<double>(figure.quantity), found->rate);
-    };
-    value(year.opening, [this](const StandardRate& rate) { return rate.from < from_; });
-    value(year.closing, [this](const StandardRate& rate) { return rate.from <= to_; });
   }
 
   void AddYear(const Recordset::Row& row) {
@@ -130,7 +118,7 @@ class YearFolding {
                        .value = year.opening.value,
                        .entering_quantity = row.Single(entering_op_),
                        .entering_value = row.Money(entering_value_op_)});
-    Carry(period_, row);  // only the last year's stands
+    Carry(last_year_, row);  // only the last year's stands
   }
 
   void EndKey() {
@@ -155,12 +143,12 @@ class YearFolding {
 
   RecordsetPtr source_;
   StandardRateRows standards_;
-  Date from_, to_;
+  StockPeriod period_;
   RecordsetPtr folded_;
   AverageColumns figures_;
   ColumnHandle year_, entering_, entering_value_, entering_op_, entering_value_op_;
   AverageColumns to_figures_;
-  std::vector<Carried> key_, carried_, period_;
+  std::vector<Carried> key_, carried_, last_year_;
   std::optional<AverageFold> opening_, closing_;
 };
 

@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
 #include "movements/GroupQuery.h"
-#include "movements/MovementFilter.h"
+#include "movements/QueryFilter.h"
 #include "session/mInternationalization.h"
 #include "stock/FifoLifo.h"
 
@@ -28,31 +28,32 @@ constexpr std::string_view kNewestFirst =
 struct Texts {
   std::string from, to;
   int year;
-  MovementFilter with_openings, dated;
+  QueryFilter with_openings, dated;
   std::string book;
 };
 
-std::string Parent(const StockArguments& arguments, const DocumentFilter& filter,
-                   const Texts& texts) {
-  const MovementFilter of_keys = FilterOfMovements(filter, Undated::kKept, "git");
+std::string Parent(const StockArguments& arguments, const Texts& texts) {
   const std::string group = GroupByGroup(arguments.tree);
   return fmt::format(
-      "SELECT Git.ITEM_ID , Git.GODOWN_ID , Git.BATCH_ID , {}ITEMS1.ITEMNAME as Itemname , "
+      "SELECT GODOWNITEM1.ITEM_ID , GODOWNITEM1.GODOWN_ID , GODOWNITEM1.BATCH_ID , "
+      "{}ITEMS1.ITEMNAME as Itemname , "
       "GODOWN1.GODOWNNAME as Godownname , BATCHES1.BATCHCODE as BatchCode , "
       "ITEMS1.MaintainBatches , UOM1.UOMNAME as Uomname , UOMALT1.UOMNAME as ALTUOMNAME , "
-      "ITEMS1.RelationFormula from (((( ITEMS1 Inner Join GodownItem1 as Git on Git.ITEM_ID = "
-      "ITEMS1.ITEM_ID ) inner join GODOWN1 on GODOWN1.GODOWN_ID = Git.GODOWN_ID ) "
+      "ITEMS1.RelationFormula from (((( ITEMS1 Inner Join GodownItem1 on GODOWNITEM1.ITEM_ID = "
+      "ITEMS1.ITEM_ID ) inner join GODOWN1 on GODOWN1.GODOWN_ID = GODOWNITEM1.GODOWN_ID ) "
       "inner join UOM1 on UOM1.UOM_ID = ITEMS1.UOM_ID ) "
       "inner join UOM1 AS UOMALT1 on UOMALT1.UOM_ID = ITEMS1.ALTERNATEUOM_ID ) "
-      "inner join BATCHES1 on BATCHES1.BATCH_ID = Git.BATCH_ID {} "
-      "WHERE {}Items1.YearOfCreation <= {}  and ( Git.Date <= #{}# OR Git.ISOPENINGBAL = -1 ) "
-      "and Git.YEARNO <= {} and ITEMS1.DELETED = 0 AND GODOWN1.DELETED = "
-      "FALSE {} group by Git.ITEM_ID , Git.GODOWN_ID , Git.BATCH_ID , {}ITEMS1.ITEMNAME , "
+      "inner join BATCHES1 on BATCHES1.BATCH_ID = GODOWNITEM1.BATCH_ID {} "
+      "WHERE {}Items1.YearOfCreation <= {}  and ( GODOWNITEM1.Date <= #{}# OR "
+      "GODOWNITEM1.ISOPENINGBAL = -1 ) "
+      "and GODOWNITEM1.YEARNO <= {} and ITEMS1.DELETED = 0 AND GODOWN1.DELETED = "
+      "FALSE {} group by GODOWNITEM1.ITEM_ID , GODOWNITEM1.GODOWN_ID , GODOWNITEM1.BATCH_ID , "
+      "{}ITEMS1.ITEMNAME , "
       "GODOWN1.GODOWNNAME , BATCHES1.BATCHCODE , ITEMS1.MaintainBatches , UOM1.UOMNAME , "
       "UOMALT1.UOMNAME , ITEMS1.RelationFormula Order By Items1.ItemName , "
-      "Git.ITEM_ID , Git.GODOWN_ID , Git.BATCH_ID ",
-      SelectGroup(arguments.tree), of_keys.join, of_keys.condition, texts.year, texts.to,
-      texts.year, arguments.condition, group);
+      "GODOWNITEM1.ITEM_ID , GODOWNITEM1.GODOWN_ID , GODOWNITEM1.BATCH_ID ",
+      SelectGroup(arguments.tree), texts.with_openings.Joins(), texts.with_openings.Conditions(),
+      texts.year, texts.to, texts.year, arguments.condition, group);
 }
 
 std::string Lines(enmValuationMethod method, const Texts& texts) {
@@ -62,8 +63,8 @@ std::string Lines(enmValuationMethod method, const Texts& texts) {
       "GODOWNITEM1.YEARNO , GODOWNITEM1.DATE , DESRDETAILS_ID , ISOPENINGBAL , {2} AS BOOK_ID "
       "from GODOWNITEM1 {3} where {4} ( GODOWNITEM1.DATE <= #{5}# OR ISOPENINGBAL = -1 ) AND "
       "GODOWNITEM1.OPTIONAL = 0  AND GODOWNITEM1.YEARNO <= {6} ORDER BY {7}",
-      kQuantityIn, kQuantityOut, texts.book, texts.with_openings.join,
-      texts.with_openings.condition, texts.to, texts.year,
+      kQuantityIn, kQuantityOut, texts.book, texts.with_openings.Joins(),
+      texts.with_openings.Conditions(), texts.to, texts.year,
       method == FifoRate ? kOldestFirst : kNewestFirst);
 }
 
@@ -74,7 +75,7 @@ std::string Sales(const Texts& texts) {
       "ELSE 0 END ) AS TOTALSALESBETWEENDATE from GODOWNITEM1 {1} where {2}GODOWNITEM1.DATE <= "
       "#{3}#  AND ISADDED = 0  AND GODOWNITEM1.OPTIONAL = 0 AND GODOWNITEM1.YEARNO <= {4} "
       "GROUP BY ITEM_ID , GODOWN_ID , BATCH_ID ",
-      texts.from, texts.dated.join, texts.dated.condition, texts.to, texts.year);
+      texts.from, texts.dated.Joins(), texts.dated.Conditions(), texts.to, texts.year);
 }
 
 std::string Years(const Texts& texts) {
@@ -84,8 +85,8 @@ std::string Years(const Texts& texts) {
       "GODOWNITEM1.DATE <= #{6}# OR ISOPENINGBAL = -1 ) AND GODOWNITEM1.OPTIONAL = 0  AND "
       "GODOWNITEM1.YEARNO <= {7} GROUP BY GODOWNITEM1.YEARNO , {0} , ITEM_ID , GODOWN_ID , "
       "BATCH_ID ",
-      texts.book, kQuantityIn, kValueIn, kQuantityOut, texts.with_openings.join,
-      texts.with_openings.condition, texts.to, texts.year);
+      texts.book, kQuantityIn, kValueIn, kQuantityOut, texts.with_openings.Joins(),
+      texts.with_openings.Conditions(), texts.to, texts.year);
 }
 
 }  // namespace
@@ -102,8 +103,8 @@ std::string ComposeFifoLifo(const StockArguments& arguments, const DocumentFilte
   return fmt::format(
       "SHAPE {{ {} }} APPEND ( {{ {} }} {}) AS CHPTRANS , ( {{ {} }} {}) AS CHPSALES , ( {{ {} }} "
       "{}) AS CHPYEARLYAVG ",
-      Parent(arguments, filter, texts), Lines(arguments.ValuationMethod, texts), kRelate,
-      Sales(texts), kRelate, Years(texts), kRelate);
+      Parent(arguments, texts), Lines(arguments.ValuationMethod, texts), kRelate, Sales(texts),
+      kRelate, Years(texts), kRelate);
 }
 
 }  // namespace pstolvane1

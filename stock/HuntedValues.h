@@ -12,13 +12,6 @@
 
 namespace pstolvane1 {
 
-// What the books tell of a key: quantities, and the values of what came and went. The closing is
-// the opening with what came and without what went.
-struct KeyQuantities {
-  double opening = 0, closing = 0;
-  StockFigure inwards = {}, outwards = {};
-};
-
 // Reads the standard rates from Rs1, the actual ones from Rs2, and the period and the method from
 // the module.
 class HuntedValues {

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include "movements/GroupQuery.h"
-#include "movements/MovementFilter.h"
+#include "movements/QueryFilter.h"
 #include "session/mInternationalization.h"
 
 namespace pstolvane1 {
@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kKey =
     "GODOWNITEM1.ITEM_ID , GODOWNITEM1.GODOWN_ID , GODOWNITEM1.BATCH_ID";
 
-std::string Keys(const StockArguments& arguments, const MovementFilter& filter) {
+std::string Keys(const StockArguments& arguments, const QueryFilter& filter) {
   return fmt::format(
       "select {0} , {1}ITEMS1.ITEMNAME as ITEMNAME , GODOWN1.GODOWNNAME as GODOWNNAME , "
       "BATCHES1.BATCHCODE as BatchCode , ITEMS1.MaintainBatches , UOM1.UOMNAME as UOMNAME , "
@@ -26,11 +26,11 @@ std::string Keys(const StockArguments& arguments, const MovementFilter& filter) 
       "GODOWNITEM1.YEARNO <= {4} {5} group by {0} , {6}ITEMS1.ITEMNAME , GODOWN1.GODOWNNAME , "
       "BATCHES1.BATCHCODE , ITEMS1.MaintainBatches , UOM1.UOMNAME , UOMALT1.UOMNAME , "
       "ITEMS1.RELATIONFORMULA  Order By Items1.Itemname , {0} ",
-      kKey, SelectGroup(arguments.tree), filter.join, filter.condition, arguments.bytYearno,
+      kKey, SelectGroup(arguments.tree), filter.Joins(), filter.Conditions(), arguments.bytYearno,
       arguments.condition, GroupByGroup(arguments.tree));
 }
 
-std::string Quantities(const StockArguments& arguments, const MovementFilter& filter) {
+std::string Quantities(const StockArguments& arguments, const QueryFilter& filter) {
   const std::string from = SqlDateText(arguments.dtFromDate);
   const auto in_period = [&from](std::string_view sense, std::string_view sum) {
     return fmt::format(
@@ -47,14 +47,14 @@ std::string Quantities(const StockArguments& arguments, const MovementFilter& fi
       "where {7} GODOWNITEM1.OPTIONAL = 0 and ( GODOWNITEM1.DATE <= #{8}# OR "
       "GODOWNITEM1.ISOPENINGBAL = -1 ) and GODOWNITEM1.YEARNO <= {9} group by {0}",
       kKey, from, in_period("-1", kQuantity), in_period("-1", kValue), in_period("0", kQuantity),
-      in_period("0", kValue), filter.join, filter.condition, SqlDateText(arguments.dtToDate),
+      in_period("0", kValue), filter.Joins(), filter.Conditions(), SqlDateText(arguments.dtToDate),
       arguments.bytYearno);
 }
 
 }  // namespace
 
 std::string ComposeLastRate(const StockArguments& arguments, const DocumentFilter& filter) {
-  const MovementFilter with_openings = FilterOfMovements(filter, Undated::kKept);
+  const QueryFilter with_openings = FilterOfMovements(filter, Undated::kKept);
   return fmt::format(
       "SHAPE {{ {} }} APPEND ( {{ {} }} RELATE ITEM_ID TO ITEM_ID , GODOWN_ID TO GODOWN_ID , "
       "BATCH_ID TO BATCH_ID ) AS CHPQTY ",

@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
 #include "movements/GroupQuery.h"
-#include "movements/MovementFilter.h"
+#include "movements/QueryFilter.h"
 #include "session/mInternationalization.h"
 #include "stock/SimpleAverage.h"
 
@@ -49,11 +49,11 @@ std::string ComposeSimpleAverageYear(std::uint8_t bytYearno) {
 
 std::string ComposeSimpleAveragePeriod(const StockArguments& arguments, Date year_from,
                                        const DocumentFilter& filter) {
-  const MovementFilter documents = FilterOfDocuments(filter);
+  const QueryFilter documents = FilterOfDocuments(filter);
   const std::string lines = fmt::format(
       "from DESRDETAILS1 INNER JOIN DESR1 ON DESRDETAILS1.DESR_ID = DESR1.DESR_ID {} where {}"
       "DESRDETAILS1.AFFECTSTOCK = TRUE AND DESR1.OPTIONAL = FALSE AND DESR1.DELETED = FALSE ",
-      documents.join, documents.condition);
+      documents.Joins(), documents.Conditions());
   const std::string from = SqlDateText(arguments.dtFromDate);
   return fmt::format(
       "SELECT QRY1.* , {0} from ( select ITEM_ID , SUM ( QTY_OP ) as QTY_OPENING , SUM ( QTY_OP ) "

@@ -3,14 +3,14 @@
 #include <fmt/format.h>
 
 #include "movements/GroupQuery.h"
-#include "movements/MovementFilter.h"
+#include "movements/QueryFilter.h"
 #include "session/mInternationalization.h"
 
 namespace pstolvane1 {
 
 std::string ComposeStandardRate(const StockArguments& arguments, const DocumentFilter& filter) {
   const std::string from = SqlDateText(arguments.dtFromDate);
-  const MovementFilter with_openings = FilterOfMovements(filter, Undated::kKept);
+  const QueryFilter with_openings = FilterOfMovements(filter, Undated::kKept);
   const auto in_period = [&from](std::string_view sense, std::string_view sum) {
     return fmt::format(
         "sum ( CASE WHEN isadded = {} and isopeningbal = 0 and Godownitem1.Date >= #{}# THEN {} "
@@ -38,8 +38,8 @@ std::string ComposeStandardRate(const StockArguments& arguments, const DocumentF
       "batches1.batchcode , items1.maintainbatches , uom1.uomname , uomalt1.uomname , "
       "items1.relationformula  Order By Items1.ItemName , {1}",
       SelectGroup(arguments.tree), kKey, from, in_period("-1", kQuantity), in_period("-1", kValue),
-      in_period("0", kQuantity), in_period("0", kValue), with_openings.join,
-      with_openings.condition, arguments.bytYearno, SqlDateText(arguments.dtToDate),
+      in_period("0", kQuantity), in_period("0", kValue), with_openings.Joins(),
+      with_openings.Conditions(), arguments.bytYearno, SqlDateText(arguments.dtToDate),
       arguments.condition, GroupByGroup(arguments.tree));
 }
 

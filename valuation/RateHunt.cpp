@@ -88,4 +88,15 @@ StockRates HuntRates(enmValuationMethod method, ItemRates& item, const GodownBat
   }
 }
 
+StockFigures ValueAtRates(const KeyQuantities& quantities, const StockRates& rates) {
+  const float opening = ToSingle(quantities.opening);
+  const float closing =
+      ToSingle(static_cast<double>(opening) + static_cast<double>(quantities.inwards.quantity) -
+               static_cast<double>(quantities.outwards.quantity));
+  return {.opening = {opening, ValueAt(quantities.opening, rates.opening)},
+          .inwards = quantities.inwards,
+          .outwards = quantities.outwards,
+          .closing = {closing, ValueAt(quantities.closing, rates.closing)}};
+}
+
 }  // namespace pstolvane1

@@ -3,6 +3,7 @@
 
 #include "session/enmValuationMethod.h"
 #include "valuation/ItemRates.h"
+#include "valuation/StockFigures.h"
 
 namespace pstolvane1 {
 
@@ -24,5 +25,17 @@ struct StockRates {
 // opening line that of the key; else the last standard cost; else the last inward movement.
 [[nodiscard]] StockRates HuntRates(enmValuationMethod method, ItemRates& item,
                                    const GodownBatch& key);
+
+// What the books tell of a key: quantities, and the values of what came and went. The closing is
+// the opening with what came and without what went.
+struct KeyQuantities {
+  double opening = 0, closing = 0;
+  StockFigure inwards = {}, outwards = {};
+};
+
+// The opening and closing quantities at their rates. What is shown is reckoned of singles, in which
+// stock that is sold out comes to 0; what is valued, of the quantities as they are read, which have
+// more figures.
+[[nodiscard]] StockFigures ValueAtRates(const KeyQuantities& quantities, const StockRates& rates);
 
 }  // namespace pstolvane1

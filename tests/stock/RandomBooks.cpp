@@ -62,7 +62,7 @@ class Shop {
     int stock = 0;
     if (Pick(0, 2) > 0) {
       stock = Pick(1, 20);
-      Add("(null)", 1, item, godown, stock, true, true);
+      Add("", 1, item, godown, stock, true, true);
     }
     for (int year = 1; year <= shop_.years; ++year) {
       std::vector<int> days(static_cast<std::size_t>(Pick(0, 8)));

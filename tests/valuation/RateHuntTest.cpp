@@ -174,5 +174,25 @@ TEST(StandardPrice, ThenSaleThenOpeningThenCostThenInward) {
   EXPECT_RATES(Item{}.Hunt(StandardPrice), 0, 0);
 }
 
+// A single holds no odd number above 16777216.
+TEST(ValueAtRates, ShowsSinglesAndValuesWhatWasRead) {
+  const StockFigures figures =
+      ValueAtRates({.opening = 16777217, .closing = 16777218, .inwards = {1, {}}, .outwards = {}},
+                   {.opening = 2, .closing = 3});
+  EXPECT_EQ(figures.opening.quantity, 16777216.0F);
+  EXPECT_EQ(figures.opening.value, Currency::FromDouble(33554434));
+  EXPECT_EQ(figures.closing.value, Currency::FromDouble(50331654));
+}
+
+TEST(ValueAtRates, OfOpening10In5Out8) {
+  const StockFigure in{5, Currency::FromDouble(30)}, out{8, Currency::FromDouble(64)};
+  const StockFigures figures = ValueAtRates(
+      {.opening = 10, .closing = 7, .inwards = in, .outwards = out}, {.opening = 4, .closing = 6});
+  EXPECT_EQ(figures, (StockFigures{.opening = {10, Currency::FromDouble(40)},
+                                   .inwards = in,
+                                   .outwards = out,
+                                   .closing = {7, Currency::FromDouble(42)}}));
+}
+
 }  // namespace
 }  // namespace pstolvane1
