@@ -1,8 +1,8 @@
 #include "stock/Average.h"
 
 #include "movements/GroupQuery.h"
-#include "movements/RateRows.h"
-#include "movements/StandardRates.h"
+#include "movements/RateQueries.h"
+#include "movements/RateReader.h"
 #include "stock/AverageColumns.h"
 #include "stock/AverageYears.h"
 #include "stock/GroupStatement.h"
@@ -41,11 +41,11 @@ class FirstYear {
  private:
   AverageColumns figures_;
   ColumnHandle item_id_, entering_;
-  StandardRateRows standards_;
+  StandardRateReader standards_;
   StockPeriod period_;
 };
 
-StockRows Rows(ReportFrame& frame) {
+ValuedKeys ValueKeys(ReportFrame& frame) {
   if (frame.module.bytYearno <= 1) {
     const RecordsetPtr source = frame.Rowset(Source::rsReport);
     const auto first_year = std::make_shared<FirstYear>(frame, source);
@@ -70,8 +70,10 @@ SourceQueries StockDetails_Group_Avg(const modStolvane1& module, const StockArgu
           Costs(module, arguments)};
 }
 
-RecordsetPtr mStock_Avg(ReportFrame& frame) { return WriteItemStatement(frame, Rows(frame)); }
+RecordsetPtr mStock_Avg(ReportFrame& frame) { return WriteItemStatement(frame, ValueKeys(frame)); }
 
-RecordsetPtr mStockGroup_Avg(ReportFrame& frame) { return WriteGroupStatement(frame, Rows(frame)); }
+RecordsetPtr mStockGroup_Avg(ReportFrame& frame) {
+  return WriteGroupStatement(frame, ValueKeys(frame));
+}
 
 }  // namespace pstolvane1

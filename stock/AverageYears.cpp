@@ -2,16 +2,15 @@
 
 #include <optional>
 
-#include "movements/RateRows.h"
+#include "movements/GroupRows.h"
+#include "movements/RateReader.h"
 #include "stock/AverageColumns.h"
-#include "stock/StockRows.h"
+#include "stock/ValuedKeys.h"
 #include "valuation/AverageFold.h"
 #include "valuation/UnpricedStock.h"
 
 namespace pstolvane1 {
 namespace {
-
-constexpr std::string_view kGroupId = "ItemCategory_Id";
 
 // The columns of the folded rows that are carried over as they stand.
 constexpr std::string_view kTexts[] = {"Itemname", "Godown", "BatchCode", "Uom", "AltUom"};
@@ -142,7 +141,7 @@ class YearFolding {
   }
 
   RecordsetPtr source_;
-  StandardRateRows standards_;
+  StandardRateReader standards_;
   StockPeriod period_;
   RecordsetPtr folded_;
   AverageColumns figures_;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "movements/GroupQuery.h"
-#include "movements/StandardRates.h"
+#include "movements/RateQueries.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
 #include "valuation/Layers.h"
@@ -14,9 +14,9 @@ namespace {
 constexpr std::int32_t kPeriodBook = 2;
 
 // The lines, sales and years of one stock key at a time.
-class Layers {
+class LayerReader {
  public:
-  Layers(const Recordset& keys, enmValuationMethod method)
+  LayerReader(const Recordset& keys, enmValuationMethod method)
       : lines_(keys.Column("CHPTRANS")),
         sales_(keys.Column("CHPSALES")),
         years_(keys.Column("CHPYEARLYAVG")),
@@ -75,11 +75,11 @@ SourceQuery Keys(const modStolvane1& module, const StockArguments& arguments) {
   return {Source::rsReport, ComposeFifoLifo(arguments, module.filter), GroupSwap(arguments.tree)};
 }
 
-StockRows Rows(ReportFrame& frame) {
+ValuedKeys ValueKeys(ReportFrame& frame) {
   const RecordsetPtr keys = frame.Rowset(Source::rsReport);
-  const auto layers = std::make_shared<Layers>(*keys, frame.module.ValuationMethod);
+  const auto reader = std::make_shared<LayerReader>(*keys, frame.module.ValuationMethod);
   return {.keys = keys,
-          .value = [layers](const Recordset::Row& key) { return layers->Value(key); },
+          .value = [reader](const Recordset::Row& key) { return reader->Value(key); },
           .block_end = BlockEnd::kRuleLine};
 }
 
@@ -98,10 +98,12 @@ SourceQueries StockDetails_Group_FifoLifo(const modStolvane1& module,
   return {Keys(module, arguments), {Source::RsCategory, ComposeGroupQuery(arguments.tree)}};
 }
 
-RecordsetPtr mStock_FifoLifo(ReportFrame& frame) { return WriteItemStatement(frame, Rows(frame)); }
+RecordsetPtr mStock_FifoLifo(ReportFrame& frame) {
+  return WriteItemStatement(frame, ValueKeys(frame));
+}
 
 RecordsetPtr mStockGroup_FifoLifo(ReportFrame& frame) {
-  return WriteGroupStatement(frame, Rows(frame));
+  return WriteGroupStatement(frame, ValueKeys(frame));
 }
 
 }  // namespace pstolvane1

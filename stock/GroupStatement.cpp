@@ -1,5 +1,6 @@
 #include "stock/GroupStatement.h"
 
+#include "movements/GroupRows.h"
 #include "session/RowLoop.h"
 #include "session/data/RowGroups.h"
 #include "valuation/GroupTree.h"
@@ -7,31 +8,15 @@
 namespace pstolvane1 {
 namespace {
 
-constexpr std::string_view kGroupId = "ItemCategory_Id";
-
-std::vector<StockGroup> ReadGroups(const Recordset& source) {
-  const ColumnHandle id = source.Column(kGroupId);
-  const ColumnHandle related_to = source.Column("RelatedTo");
-  const ColumnHandle name = source.Column("Categoryname");
-  std::vector<StockGroup> groups;
-  for (const Recordset::Row row : source.Rows()) {
-    groups.push_back(
-        {.id = row.Int64(id),
-         .related_to = row.IsNull(related_to) ? std::nullopt : std::optional(row.Int64(related_to)),
-         .name = NameText(row, name)});
-  }
-  return groups;
-}
-
 class GroupStatement {
  public:
-  GroupStatement(ReportFrame& frame, const StockRows& rows)
+  GroupStatement(ReportFrame& frame, const ValuedKeys& valued)
       : frame_(frame),
-        rows_(rows),
+        valued_(valued),
         arguments_(frame.module.Kept<StockArguments>()),
         item_lines_(arguments_.blnDetailed || arguments_.blnOnlyItems),
-        keys_(*rows.keys),
-        by_group_(rows.keys->GroupBy({kGroupId})),
+        keys_(*valued.keys),
+        by_group_(valued.keys->GroupBy({kGroupId})),
         writer_(frame, arguments_, false) {}
 
   RecordsetPtr Write() {
@@ -54,9 +39,9 @@ class GroupStatement {
     const Bookmark head = Lines().Line();
     sums_ = {};
     bool has_stock = false;
-    ForEachSourceRow(frame_, *rows_.keys, by_group_.Find({group.id}),
+    ForEachSourceRow(frame_, *valued_.keys, by_group_.Find({group.id}),
                      [&](const Recordset::Row& row) {
-                       const std::optional<StockFigures> figures = rows_.value(row);
+                       const std::optional<StockFigures> figures = valued_.value(row);
                        if (!figures) return;
                        has_stock = true;
                        if (!in_item_ || keys_.ItemId(row) != item_id_) {
@@ -100,7 +85,7 @@ class GroupStatement {
   const StockColumns& Columns() const { return writer_.Columns(); }
 
   ReportFrame& frame_;
-  const StockRows& rows_;
+  const ValuedKeys& valued_;
   StockArguments arguments_;
   bool item_lines_;
   StockKeyColumns keys_;
@@ -114,8 +99,8 @@ class GroupStatement {
 
 }  // namespace
 
-RecordsetPtr WriteGroupStatement(ReportFrame& frame, const StockRows& rows) {
-  return GroupStatement(frame, rows).Write();
+RecordsetPtr WriteGroupStatement(ReportFrame& frame, const ValuedKeys& valued) {
+  return GroupStatement(frame, valued).Write();
 }
 
 }  // namespace pstolvane1

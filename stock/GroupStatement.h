@@ -1,7 +1,7 @@
 // The statement that lists stock under a tree of groups.
 #pragma once
 
-#include "stock/StockRows.h"
+#include "stock/ValuedKeys.h"
 
 namespace pstolvane1 {
 
@@ -9,6 +9,6 @@ namespace pstolvane1 {
 // stock keys that stand in that group itself, and, with blnDetailed or blnOnlyItems, a line for
 // each of their items below it. Then a rule and the total. A group without stock is a line with its
 // name only. The groups come by their names.
-[[nodiscard]] RecordsetPtr WriteGroupStatement(ReportFrame& frame, const StockRows& rows);
+[[nodiscard]] RecordsetPtr WriteGroupStatement(ReportFrame& frame, const ValuedKeys& valued);
 
 }  // namespace pstolvane1

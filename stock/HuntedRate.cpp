@@ -1,7 +1,7 @@
 #include "stock/HuntedRate.h"
 
 #include "movements/GroupQuery.h"
-#include "movements/StandardRates.h"
+#include "movements/RateQueries.h"
 #include "stock/GroupStatement.h"
 #include "stock/HuntedValues.h"
 #include "stock/ItemStatement.h"
@@ -15,12 +15,6 @@ bool AtStandard(enmValuationMethod method) {
   return method == standardrate || method == StandardPrice;
 }
 
-// Costs are hunted among costs alone.
-StandardRates StandardsOf(enmValuationMethod method) {
-  return method == LastPurchaseRate || method == standardrate ? StandardRates::kCosts
-                                                              : StandardRates::kAll;
-}
-
 SourceQuery Keys(const modStolvane1& module, const StockArguments& arguments) {
   return {Source::rsReport,
           AtStandard(arguments.ValuationMethod) ? ComposeStandardRate(arguments, module.filter)
@@ -28,12 +22,12 @@ SourceQuery Keys(const modStolvane1& module, const StockArguments& arguments) {
           GroupSwap(arguments.tree)};
 }
 SourceQuery Standards(const modStolvane1& module, const StockArguments& arguments) {
-  return {Source::Rs1, ComposeStandardRates(StandardsOf(arguments.ValuationMethod),
+  return {Source::Rs1, ComposeStandardRates(StandardRatesOf(arguments.ValuationMethod),
                                             module.strToDateText, arguments.bytYearno)};
 }
-SourceQuery Actuals(const StockArguments& arguments) {
-  return {Source::Rs2, AtStandard(arguments.ValuationMethod) ? ComposeStandardRateRows(arguments)
-                                                             : ComposeLastRateRows(arguments)};
+SourceQuery Actuals(const modStolvane1& module, const StockArguments& arguments) {
+  return {Source::Rs2,
+          ComposeActualRates(arguments.ValuationMethod, module.strToDateText, arguments.bytYearno)};
 }
 
 // The quantities of a key in five columns.
@@ -67,7 +61,7 @@ KeyQuantities InChapter(const Recordset& keys, const Recordset::Row& key) {
   return QuantityColumns(*chapter, "ValueIn", "ValueOut").Read(*chapter);
 }
 
-StockRows Rows(ReportFrame& frame) {
+ValuedKeys ValueKeys(ReportFrame& frame) {
   const RecordsetPtr keys = frame.Rowset(Source::rsReport);
   const auto quantities = AtStandard(frame.module.ValuationMethod) ? &InRow : &InChapter;
   const auto values = std::make_shared<HuntedValues>(frame);
@@ -84,23 +78,23 @@ StockRows Rows(ReportFrame& frame) {
 
 SourceQueries StockDetails_Item_HuntedRate(const modStolvane1& module,
                                            const StockArguments& arguments) {
-  return {Standards(module, arguments), Actuals(arguments), Keys(module, arguments)};
+  return {Standards(module, arguments), Actuals(module, arguments), Keys(module, arguments)};
 }
 
 SourceQueries StockDetails_Group_HuntedRate(const modStolvane1& module,
                                             const StockArguments& arguments) {
   return {Standards(module, arguments),
-          Actuals(arguments),
+          Actuals(module, arguments),
           {Source::RsCategory, ComposeGroupQuery(arguments.tree)},
           Keys(module, arguments)};
 }
 
 RecordsetPtr mStock_HuntedRate(ReportFrame& frame) {
-  return WriteItemStatement(frame, Rows(frame));
+  return WriteItemStatement(frame, ValueKeys(frame));
 }
 
 RecordsetPtr mStockGroup_HuntedRate(ReportFrame& frame) {
-  return WriteGroupStatement(frame, Rows(frame));
+  return WriteGroupStatement(frame, ValueKeys(frame));
 }
 
 }  // namespace pstolvane1

@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "movements/RateRows.h"
+#include "movements/RateReader.h"
 #include "session/ReportFrame.h"
 #include "valuation/ItemRates.h"
 #include "valuation/RateHunt.h"
@@ -25,8 +25,8 @@ class HuntedValues {
  private:
   enmValuationMethod method_;
   StockPeriod period_;
-  StandardRateRows standard_;
-  ActualRateRows actual_;
+  StandardRateReader standard_;
+  ActualRateReader actual_;
   std::int64_t item_id_ = 0;
   std::optional<ItemRates> item_;
 };

@@ -7,16 +7,16 @@ namespace {
 
 class ItemStatement {
  public:
-  ItemStatement(ReportFrame& frame, const StockRows& rows)
+  ItemStatement(ReportFrame& frame, const ValuedKeys& valued)
       : frame_(frame),
-        rows_(rows),
+        valued_(valued),
         detailed_(frame.module.blnDetailed),
-        keys_(*rows.keys),
+        keys_(*valued.keys),
         writer_(frame, frame.module.Kept<StockArguments>(), true) {}
 
   RecordsetPtr Write() {
-    ForEachSourceRow(frame_, *rows_.keys, [this](const Recordset::Row& row) {
-      const std::optional<StockFigures> figures = rows_.value(row);
+    ForEachSourceRow(frame_, *valued_.keys, [this](const Recordset::Row& row) {
+      const std::optional<StockFigures> figures = valued_.value(row);
       if (!figures) return;
       if (!in_item_ || keys_.ItemId(row) != item_id_) {
         CloseItem();
@@ -26,7 +26,7 @@ class ItemStatement {
       sums_ += *figures;
     });
     CloseItem();
-    if (rows_.block_end == BlockEnd::kRuleLine && written_) writer_.AddSpacer();
+    if (valued_.block_end == BlockEnd::kRuleLine && written_) writer_.AddSpacer();
     writer_.AddRuleLine();
     writer_.AddTotalLine(totals_);
     return writer_.Finish();
@@ -34,7 +34,7 @@ class ItemStatement {
 
  private:
   void OpenItem(const Recordset::Row& row) {
-    const bool rule_lines = rows_.block_end == BlockEnd::kRuleLine;
+    const bool rule_lines = valued_.block_end == BlockEnd::kRuleLine;
     if (detailed_ && written_ && !rule_lines) writer_.AddSpacer();
     if (!detailed_ && rule_lines) {
       Lines().AddLine(1);  // such items are one class, and sort among themselves
@@ -69,7 +69,7 @@ class ItemStatement {
     writer_.WriteFigures(sums_, &units_, item_name_);
     totals_ += sums_;
     if (!detailed_) return;
-    if (rows_.block_end == BlockEnd::kRuleLine) {
+    if (valued_.block_end == BlockEnd::kRuleLine) {
       writer_.AddRuleLine();
       writer_.AddSpacer();
     } else if (sums_.closing.quantity != 0) {
@@ -81,7 +81,7 @@ class ItemStatement {
   const StockColumns& Columns() const { return writer_.Columns(); }
 
   ReportFrame& frame_;
-  const StockRows& rows_;
+  const ValuedKeys& valued_;
   bool detailed_;
   StockKeyColumns keys_;
   StockWriter writer_;
@@ -96,8 +96,8 @@ class ItemStatement {
 
 }  // namespace
 
-RecordsetPtr WriteItemStatement(ReportFrame& frame, const StockRows& rows) {
-  return ItemStatement(frame, rows).Write();
+RecordsetPtr WriteItemStatement(ReportFrame& frame, const ValuedKeys& valued) {
+  return ItemStatement(frame, valued).Write();
 }
 
 }  // namespace pstolvane1

@@ -61,19 +61,4 @@ std::string ComposeLastRate(const StockArguments& arguments, const DocumentFilte
       Keys(arguments, with_openings), Quantities(arguments, with_openings));
 }
 
-std::string ComposeLastRateRows(const StockArguments& arguments) {
-  const bool sales = arguments.ValuationMethod == LastSaleRate;
-  return fmt::format(
-      "select {} , GODOWNITEM1.Rate , GODOWNITEM1.ISOPENINGBAL , GODOWNITEM1.YEARNO , "
-      "GODOWNITEM1.DATE {}from GODOWNITEM1 where GODOWNITEM1.OPTIONAL = 0 and {}( GODOWNITEM1.DATE "
-      "<= #{}# OR ISOPENINGBAL = -1 ) AND GODOWNITEM1.YEARNO <= {}  AND "
-      "GODOWNITEM1.GORIGINALVOUCHERTYPE_ID IN ({} ,0) ORDER BY Godownitem1.YEARNO , "
-      "GODOWNITEM1.DATE , GODOWNITEM1.ITEM_ID ,  GODOWNITEM1.GODOWNITEM_ID , GODOWNITEM1.GODOWN_ID "
-      " , GODOWNITEM1.BATCH_ID ",
-      kKey, sales ? ", ISADDED " : "",
-      sales ? "( ISADDED In ( 0,-1) OR ISOPENINGBAL = -1 ) AND  "
-            : "( ISADDED = -1 OR ISOPENINGBAL = -1 ) AND  ",
-      SqlDateText(arguments.dtToDate), arguments.bytYearno, sales ? "10,15" : "7,14");
-}
-
 }  // namespace pstolvane1

@@ -64,7 +64,7 @@ class Totals {
 
 // From clones: a fetch that was left over may set the builder off a second time while the first one
 // yields, and each closes the sources.
-StockRows Rows(ReportFrame& frame) {
+ValuedKeys ValueKeys(ReportFrame& frame) {
   const RecordsetPtr items = frame.Rowset(Source::rsItems)->Clone(adLockUnspecified);
   const RecordsetPtr year = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
   const auto totals = std::make_shared<Totals>(*year);
@@ -89,7 +89,7 @@ SourceQueries StockDetails_Group_SimpleAvg(const modStolvane1& module,
 }
 
 RecordsetPtr mStock_SimpleAvg(ReportFrame& frame) {
-  RecordsetPtr report = WriteItemStatement(frame, Rows(frame));
+  RecordsetPtr report = WriteItemStatement(frame, ValueKeys(frame));
   for (const Source source : {Source::rsItems, Source::rsReport}) {
     if (frame.Rowset(source)->State() != adStateClosed) frame.Rowset(source)->Close();
   }
@@ -97,7 +97,7 @@ RecordsetPtr mStock_SimpleAvg(ReportFrame& frame) {
 }
 
 RecordsetPtr mStockGroup_SimpleAvg(ReportFrame& frame) {
-  return WriteGroupStatement(frame, Rows(frame));
+  return WriteGroupStatement(frame, ValueKeys(frame));
 }
 
 }  // namespace pstolvane1

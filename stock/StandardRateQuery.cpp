@@ -43,16 +43,4 @@ std::string ComposeStandardRate(const StockArguments& arguments, const DocumentF
       arguments.condition, GroupByGroup(arguments.tree));
 }
 
-std::string ComposeStandardRateRows(const StockArguments& arguments) {
-  const bool prices = arguments.ValuationMethod == StandardPrice;
-  return fmt::format(
-      "select item_id , godown_id , batch_id , Godownitem1.rate , Date , yearno , isopeningbal {}"
-      "from godownitem1 where godownitem1.optional = 0 and ( godownitem1.date <= #{}# or "
-      "isopeningbal = -1 )  and godownitem1.yearno <= {}  AND GODOWNITEM1.GORIGINALVOUCHERTYPE_ID "
-      "IN ({},0) {}order by godownitem1.date , godownitem1.godownitem_Id ,  item_id , godown_Id  , "
-      "batch_Id ",
-      prices ? ", isadded " : "", SqlDateText(arguments.dtToDate), arguments.bytYearno,
-      prices ? "10,15" : "7,14", prices ? "" : "and ( isadded = true or isopeningbal = -1 )  ");
-}
-
 }  // namespace pstolvane1

@@ -73,7 +73,7 @@ class StatementTest : public testing::Test {
   float relation_formula = 10;
 
  private:
-  StockRows Rows(const std::vector<Key>& keys, BlockEnd end) const {
+  ValuedKeys Rows(const std::vector<Key>& keys, BlockEnd end) const {
     const RecordsetPtr rows = Recordset::New();
     for (const char* name : {"Item_Id", "Godown_Id", "Batch_Id", "ItemCategory_Id"}) {
       rows->Fields().Append(name, adBigInt);

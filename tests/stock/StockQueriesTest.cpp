@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "movements/GroupQuery.h"
-#include "movements/StandardRates.h"
+#include "movements/RateQueries.h"
 #include "session/QueryText.h"
 #include "stock/Average.h"
 #include "stock/FifoLifo.h"
@@ -107,8 +107,9 @@ TEST(StockQueries, OfTheLastPurchaseAndTheLastSale) {
                                    " And " + ItemStateClause(kCounted, kTwoStates)),
                              kNoFilter));
   ExpectSent("StockDetails_Itemwise_last_purchase_rates.sql",
-             ComposeLastRateRows(Asked(LastPurchaseRate)));
-  ExpectSent("StockDetails_Itemwise_last_sale_rates.sql", ComposeLastRateRows(Asked(LastSaleRate)));
+             ComposeActualRates(LastPurchaseRate, "03/31/2004", 2));
+  ExpectSent("StockDetails_Itemwise_last_sale_rates.sql",
+             ComposeActualRates(LastSaleRate, "03/31/2004", 2));
   for (const Tree& tree : kTrees) {
     ExpectSent(tree.name + "last.shape", ComposeLastRate(Asked(LastSaleRate, tree.tree), kNoFilter),
                tree.tree);
@@ -125,9 +126,9 @@ TEST(StockQueries, OfTheStandards) {
       ComposeStandardRate(
           Asked(StandardPrice, StockTree::kItem, " And " + ItemStateClause("", "2")), kNoFilter));
   ExpectSent("StockDetails_Itemwise_standard_cost_actuals.sql",
-             ComposeStandardRateRows(Asked(standardrate)));
+             ComposeActualRates(standardrate, "03/31/2004", 2));
   ExpectSent("StockDetails_Itemwise_standard_price_actuals.sql",
-             ComposeStandardRateRows(Asked(StandardPrice)));
+             ComposeActualRates(StandardPrice, "03/31/2004", 2));
   ExpectSent("standard_costs.sql", ComposeStandardRates(StandardRates::kCosts, "03/31/2004", 2));
   ExpectSent("standard_rates.sql", ComposeStandardRates(StandardRates::kAll, "03/31/2004", 2));
   for (const Tree& tree : kTrees) {

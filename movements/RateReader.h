@@ -13,9 +13,9 @@ namespace pstolvane1 {
 
 // The rows of an item in the order of their rowset, read anew for each item that is asked for.
 // What it gives is good until the next call.
-class StandardRateRows {
+class StandardRateReader {
  public:
-  explicit StandardRateRows(const Recordset& rows);
+  explicit StandardRateReader(const Recordset& rows);
   [[nodiscard]] std::span<const StandardRate> Of(std::int64_t item_id);
 
  private:
@@ -25,9 +25,9 @@ class StandardRateRows {
   std::vector<StandardRate> rates_;
 };
 
-class ActualRateRows {
+class ActualRateReader {
  public:
-  explicit ActualRateRows(const Recordset& rows);
+  explicit ActualRateReader(const Recordset& rows);
   [[nodiscard]] std::span<const ActualRate> Of(std::int64_t item_id);
 
  private:

@@ -1,4 +1,4 @@
-#include "movements/RateRows.h"
+#include "movements/RateReader.h"
 
 namespace pstolvane1 {
 namespace {
@@ -10,7 +10,7 @@ double RateAt(const Recordset::Row& row, ColumnHandle column) {
 
 }  // namespace
 
-StandardRateRows::StandardRateRows(const Recordset& rows)
+StandardRateReader::StandardRateReader(const Recordset& rows)
     : by_item_(rows.GroupBy({"Item_Id"})),
       rate_(rows.Column("Rate")),
       from_(rows.Column("DateFrom")),
@@ -18,7 +18,7 @@ StandardRateRows::StandardRateRows(const Recordset& rows)
       year_(rows.Column("YearNo")),
       sale_(rows.Column("SaleOrPurchase")) {}
 
-std::span<const StandardRate> StandardRateRows::Of(std::int64_t item_id) {
+std::span<const StandardRate> StandardRateReader::Of(std::int64_t item_id) {
   if (item_id_ == item_id) return rates_;
   rates_.clear();
   for (const Recordset::Row row : by_item_.Find({item_id})) {
@@ -33,7 +33,7 @@ std::span<const StandardRate> StandardRateRows::Of(std::int64_t item_id) {
   return rates_;
 }
 
-ActualRateRows::ActualRateRows(const Recordset& rows)
+ActualRateReader::ActualRateReader(const Recordset& rows)
     : by_item_(rows.GroupBy({"Item_Id"})),
       rate_(rows.Column("Rate")),
       date_(rows.Column("Date")),
@@ -44,13 +44,13 @@ ActualRateRows::ActualRateRows(const Recordset& rows)
 }
 
 // Rows that do not tell are inward lines all of them.
-std::optional<bool> ActualRateRows::AddedAt(const Recordset::Row& row) const {
+std::optional<bool> ActualRateReader::AddedAt(const Recordset::Row& row) const {
   if (!added_) return true;
   if (row.IsNull(*added_)) return std::nullopt;
   return row.Flag(*added_);
 }
 
-std::span<const ActualRate> ActualRateRows::Of(std::int64_t item_id) {
+std::span<const ActualRate> ActualRateReader::Of(std::int64_t item_id) {
   if (item_id_ == item_id) return rates_;
   rates_.clear();
   for (const Recordset::Row row : by_item_.Find({item_id})) {

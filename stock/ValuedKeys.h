@@ -18,7 +18,7 @@ enum class BlockEnd {
   kRuleLine,      // a rule line and a spacer behind the block; the header takes two DummySorts
 };
 
-struct StockRows {
+struct ValuedKeys {
   RecordsetPtr keys;  // one row a stock key, the rows of an item together
   // The figures of a row of keys, called once for each row in the statement's order; nothing for a
   // row that the statement passes over.
