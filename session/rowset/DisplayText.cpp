@@ -1,5 +1,7 @@
 #include "session/rowset/DisplayText.h"
 
+#include <cmath>
+
 #include "session/data/Error.h"
 
 namespace pstolvane1 {
@@ -13,12 +15,18 @@ std::string FormatCurrencyText(const Locale& locale, const Variant& value) {
   return locale.FormatCurrency(value.ToDouble());
 }
 
-std::string FormatCurrencyOrBlank(const Locale& locale, const Variant& value) {
+bool IsBlankAmount(const Variant& value) {
+  if (value.IsNull()) return true;
   try {
-    return value.ToDouble() == 0 ? std::string() : FormatCurrencyText(locale, value);
+    const double number = value.ToDouble();
+    return number == 0 || !std::isfinite(number);
   } catch (const Error&) {
-    return {};
+    return true;
   }
+}
+
+std::string FormatCurrencyOrBlank(const Locale& locale, const Variant& value) {
+  return IsBlankAmount(value) ? std::string() : FormatCurrencyText(locale, value);
 }
 
 std::string FormatDateText(const Locale& locale, Date date, bool long_date) {
@@ -28,12 +36,18 @@ std::string FormatDateText(const Locale& locale, Date date, bool long_date) {
 std::string JoinDocumentNumber(std::string_view prefix, std::string_view number,
                                std::string_view suffix, std::string_view separator) {
   std::string joined;
+  JoinDocumentNumber(prefix, number, suffix, separator, joined);
+  return joined;
+}
+
+void JoinDocumentNumber(std::string_view prefix, std::string_view number, std::string_view suffix,
+                        std::string_view separator, std::string& joined) {
+  joined.clear();
   for (const std::string_view part : {prefix, number, suffix}) {
     if (part.empty()) continue;
     if (!joined.empty()) joined += separator;
     joined += part;
   }
-  return joined;
 }
 
 }  // namespace pstolvane1

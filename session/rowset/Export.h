@@ -1,4 +1,4 @@
-// A rowset as a file: CSV and JSON with every column, HTML and XLSX as a person is shown it.
+// A rowset as a file: CSV and JSON with every column, HTML and XLSX as a person sees it.
 #pragma once
 
 #include <iosfwd>
@@ -31,8 +31,8 @@ void ExportCsv(const Recordset& rowset, std::ostream& out);
 void ExportHtml(const Recordset& rowset, std::string_view title,
                 const std::shared_ptr<const Locale>& locale, std::ostream& out);
 
-// A workbook of one sheet, shown like the page; a column of the locale's numbers or amounts holds
-// numbers. Error 3001 when the file cannot be written, with its name.
+// A workbook of one sheet with what the page shows. A column whose texts are all numbers or amounts
+// of the locale holds numbers. Error 3001 when the file cannot be written, with its name.
 void ExportXlsx(const Recordset& rowset, std::string_view title,
                 const std::shared_ptr<const Locale>& locale, const std::string& path);
 

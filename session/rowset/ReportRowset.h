@@ -1,4 +1,4 @@
-// The columns of a report rowset: what kinds there are, and how a table of them becomes a rowset.
+// The columns of a report rowset: their kinds, and the rowset that a layout of them gives.
 #pragma once
 
 #include <algorithm>
@@ -29,7 +29,8 @@ struct ReportColumn {
   return {name, type};
 }
 
-// Twins stand behind what is shown, are named after it with "Sort" behind, and hold the raw value.
+// A twin holds the raw value of a shown column and has its name with "Sort" added. Twins stand
+// behind the shown columns.
 [[nodiscard]] constexpr ReportColumn TextTwin(std::string_view name) {
   return {name, adVarChar, 255, adFldIsNullable};
 }
@@ -68,9 +69,8 @@ struct RuleColumn {
   std::size_t width;
 };
 
-// A layout as a constant: "constexpr ReportLayout kColumns = {Display("Ledger"), ...};". Its
-// columns are found by name, in any case, while the report is compiled; a name that it has not does
-// not compile.
+// A layout as a constant: "constexpr ReportLayout kColumns = {Display("Ledger"), ...};". Columns
+// are looked up by name, in any case, at compile time; an unknown name does not compile.
 template <std::size_t kCount>
 struct ReportLayout {
   std::array<ReportColumn, kCount> columns;

@@ -1,5 +1,5 @@
-// What of a rowset a person is shown, and how its lines are told apart: for screens, pages and
-// sheets.
+// What a person sees of a rowset on a screen, a page or a sheet: its shown columns, and the kind of
+// each line.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +12,9 @@
 
 namespace pstolvane1 {
 
-// A rowset with a DummySort column is a report: its twins, its keys and its rule columns are not
-// shown. Of any other rowset all columns are. Either way a column without any content is left out,
-// and so are chapters.
+// A rowset with a DummySort column is a report: its twins, keys and rule columns are left out.
+// Other rowsets show all their columns. Chapters and columns without any content are always left
+// out.
 class ReportView {
  public:
   struct Column {

@@ -16,14 +16,6 @@ bool EndsInSort(std::string_view name) {
   return std::ranges::equal(name.substr(name.size() - kSuffix.size()), kSuffix, same);
 }
 
-bool IsZeroOrNone(const Variant& value) {
-  try {
-    return value.IsNull() || value.ToDouble() == 0;
-  } catch (const Error&) {
-    return true;
-  }
-}
-
 }  // namespace
 
 DocumentNumberSource::DocumentNumberSource(const Recordset& source, std::string_view prefix_name,
@@ -159,19 +151,19 @@ void ReportWriter::ScaledMoney(Target to, const Variant& amount) {
 
 void ReportWriter::MoneyOrBlank(Target to, const Variant& amount) {
   Show(to, amount, [&] {
-    if (!IsZeroOrNone(amount)) style_.locale.AppendCurrency(amount.ToDouble(), text_);
+    if (!IsBlankAmount(amount)) style_.locale.AppendCurrency(amount.ToDouble(), text_);
   });
 }
 
 void ReportWriter::NumberOrBlank(Target to, const Variant& value) {
   Show(to, value, [&] {
-    if (!IsZeroOrNone(value)) style_.locale.AppendNumber(value.ToDouble(), text_);
+    if (!IsBlankAmount(value)) style_.locale.AppendNumber(value.ToDouble(), text_);
   });
 }
 
 void ReportWriter::QuantityOrBlank(Target to, const Variant& value, std::string_view unit) {
   Show(to, value, [&] {
-    if (IsZeroOrNone(value)) return;
+    if (IsBlankAmount(value)) return;
     style_.locale.AppendNumber(value.ToDouble(), text_);
     text_.append(" ").append(unit);
   });
@@ -192,15 +184,9 @@ void ReportWriter::Date(Target to, const Variant& date) {
 void ReportWriter::DocumentNumber(const DocumentNumberColumns& to, const Recordset::Row& row,
                                   const DocumentNumberSource& from, NullParts parts) {
   const Variant number = row[from.number];
-  const auto add = [&](std::string_view part) {
-    if (part.empty()) return;
-    if (!text_.empty()) text_ += style_.number_separator;
-    text_ += part;
-  };
   Show({TwinnedColumn{to.shown, to.number_twin}}, number, [&] {
-    add(row.Text(from.prefix));
-    if (!number.IsNull()) add(number.ToText());
-    add(row.Text(from.suffix));
+    JoinDocumentNumber(row.Text(from.prefix), number.IsNull() ? std::string() : number.ToText(),
+                       row.Text(from.suffix), style_.number_separator, text_);
   });
   const auto write_part = [&](ColumnHandle twin, ColumnHandle part) {
     if (parts == NullParts::kBecomeEmpty) {

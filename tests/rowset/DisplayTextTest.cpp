@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "session/data/Error.h"
 #include "session/rowset/DisplayText.h"
@@ -44,6 +45,7 @@ TEST(FormatCurrencyOrBlank, WhateverIsNoAmountIsBlank) {
   EXPECT_EQ(FormatCurrencyOrBlank(India(), Null), "");
   EXPECT_EQ(FormatCurrencyOrBlank(India(), "no amount"), "");
   EXPECT_EQ(FormatCurrencyOrBlank(India(), Variant()), "");
+  EXPECT_EQ(FormatCurrencyOrBlank(India(), std::numeric_limits<double>::infinity()), "");
 }
 
 TEST(FormatDateText, IsTheLongOrTheGeneralDate) {
