@@ -16,9 +16,7 @@ namespace {
 // The lines of a file; a block ends at a blank line.
 class Reader {
  public:
-  explicit Reader(std::string path) : path_(std::move(path)), in_(path_) {
-    if (!in_) throw std::runtime_error(path_ + ": cannot be read");
-  }
+  Reader(std::istream& text, std::string name) : text_(text), name_(std::move(name)) {}
   // The next line that starts a block: its first word and the rest.
   bool NextBlock(std::string& word, std::string& rest) {
     for (std::string line; Next(line);) {
@@ -36,21 +34,27 @@ class Reader {
   // The line that NextBlock stopped at.
   [[nodiscard]] const std::string& Line() const { return line_; }
   [[noreturn]] void Refuse(const std::string& reason) const {
-    throw std::runtime_error(path_ + ":" + std::to_string(number_) + ": " + reason);
+    throw std::runtime_error(name_ + ":" + std::to_string(number_) + ": " + reason);
   }
 
  private:
   bool Next(std::string& line) {
-    if (!std::getline(in_, line)) return false;
+    if (!std::getline(text_, line)) return false;
     ++number_;
     return true;
   }
 
-  std::string path_;
-  std::ifstream in_;
+  std::istream& text_;
+  std::string name_;
   std::string line_;
   int number_ = 0;
 };
+
+std::ifstream Opened(const std::string& path) {
+  std::ifstream file(path);
+  if (!file) throw std::runtime_error(path + ": cannot be read");
+  return file;
+}
 
 std::pair<std::string, std::string> SplitAssignment(const std::string& line) {
   const std::size_t at = line.find('=');
@@ -81,7 +85,8 @@ TextTable ReadTable(Reader& reader, const std::string& name) {
 
 // Tables alone, with comments.
 void ReadBooks(const std::string& path, std::vector<TextTable>& books) {
-  Reader reader(path);
+  std::ifstream text = Opened(path);
+  Reader reader(text, path);
   for (std::string word, rest; reader.NextBlock(word, rest);) {
     if (word.starts_with('#')) continue;
     if (word != "table") reader.Refuse("shared books hold tables alone");
@@ -125,7 +130,8 @@ std::vector<TextArgument> ReadArguments(Reader& reader, std::vector<TextArgument
 std::optional<std::vector<TextArgument>> FindArguments(const std::string& path,
                                                        const std::string& wanted) {
   if (!std::filesystem::exists(path)) return std::nullopt;
-  Reader reader(path);
+  std::ifstream text = Opened(path);
+  Reader reader(text, path);
   for (std::string word, rest; reader.NextBlock(word, rest);) {
     if (word.starts_with('#')) continue;
     if (word != "arguments") reader.Refuse("a file of calls holds named arguments alone");
@@ -190,7 +196,12 @@ std::string TextExpectation::Text() const {
 }
 
 CaseFile ReadCase(const std::string& path, const std::string& cases_folder) {
-  Reader reader(path);
+  std::ifstream text = Opened(path);
+  return ReadCase(text, path, cases_folder);
+}
+
+CaseFile ReadCase(std::istream& text, const std::string& name, const std::string& cases_folder) {
+  Reader reader(text, name);
   CaseFile file;
   for (std::string word, rest; reader.NextBlock(word, rest);) {
     if (word.starts_with('#')) {

@@ -46,6 +46,7 @@
 // there may be "expect events" with one event a line.
 #pragma once
 
+#include <istream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -96,6 +97,9 @@ struct CaseFile {
 // The case at the path, and the books and calls that it names from the folder of the cases. A
 // std::runtime_error tells the line of what cannot be read.
 [[nodiscard]] CaseFile ReadCase(const std::string& path, const std::string& cases_folder);
+// The same from an open text; messages name it.
+[[nodiscard]] CaseFile ReadCase(std::istream& text, const std::string& name,
+                                const std::string& cases_folder);
 // Writes the case again with another expectation.
 void RewriteCase(const std::string& path, const std::string& expected);
 

@@ -27,11 +27,19 @@ inline std::vector<std::filesystem::path> QueryFiles(bool refused) {
   return files;
 }
 
-// The SELECT of a .sql file, or those in the braces of a .shape file.
-inline std::vector<std::string> SelectsOf(const std::filesystem::path& path) {
+inline std::string ContentOf(const std::filesystem::path& path) {
   std::ostringstream read;
   read << std::ifstream(path).rdbuf();
-  const std::string text = read.str();
+  return read.str();
+}
+
+// The SELECT of a .sql file, or those in the braces of a .shape file, without the comment above.
+inline std::vector<std::string> SelectsOf(const std::filesystem::path& path) {
+  std::istringstream lines(ContentOf(path));
+  std::string text;
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with("--")) text += line;
+  }
   if (path.extension() == ".sql") return {text};
   std::vector<std::string> selects;
   std::size_t open = 0;

@@ -1,2 +1,7 @@
 -- of job cards with a bill condition and a scale that is no whole number
+--
+-- call Doc_Initial as sale_bills
+-- lngVouchertype_id = 43
+-- gScale = 0.5
+-- strBillFilter = Desr1.IsJobCard = -1
 select sum(desr1.totalamount)/0.5  as amount , ledgernames1.ledger_id , ledgernames1.ledgername as ledgername from (desr1 inner join vouchertype1 on vouchertype1.vouchertype_id = desr1.vouchertype_id) inner join ledgernames1 on ledgernames1.ledger_id = desr1.ledger_id where    (desr1.vouchertype_id = 43 or ( desr1.vouchertype_id = 39 and desr1.isjobcard = 1 )) and desr1.isjobcard = 1 and desr1.deleted = 0 and desr1.optional =0 and  desr1.jobcarddate between '04/01/2003' and '03/31/2004' group by ledgernames1.ledger_id , ledgernames1.ledgername order by ledgernames1.ledgername 

@@ -1,3 +1,7 @@
 -- the price list without a condition of the host: an and is left dangling before the order
+--
+-- call MultiplePriceList as category
+-- cosiderforsih =
+--
 -- refused: column 459: expected a condition, found "order"
 select  datefrom,dateto,pricelistdiscount1.item_id,price1,price2,price3,price4,price5,price6,classname,categoryname,items1.itemname as itemname,items1.partno as partno from pricelistdiscount1 inner join items1 on pricelistdiscount1.item_id = items1.item_id inner join itemclass1 on itemclass1.itemclass_id = items1.itemclass_id inner join itemcategory1 on itemcategory1.itemcategory_id = items1.itemcategory_id  where itemcategory1.itemcategory_id = 4 and   order by  items1.item_id,items1.itemname 

@@ -1,2 +1,0 @@
--- only the optional documents of voucher1
-select count(*) as documents from voucher1 where  voucher1.optional = 1  and  1 = 1

@@ -1,2 +1,0 @@
--- documents of customers and the like, on stock movements
-select godownitem1.godownitem_id from godownitem1 where  godownitem1.gdesr_id in (select d.desr_id from desr1 as d inner join ledgernames1 on ledgernames1.ledger_id = d.ledger_id inner join subgroupname1 on subgroupname1.subgroup_id = ledgernames1.subgroup_id  and (subgroupname1.code=2 or subgroupname1.code=1 or subgroupname1.code =41))     and  godownitem1.optional = 0
