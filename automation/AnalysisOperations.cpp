@@ -203,7 +203,7 @@ constexpr Operation Builder(std::string_view name, std::string_view help,
   return {name, "analysis", LaunchKind::kRowBuilder, ReturnKind::kRowset, help, {}, {}, type};
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kAnalysisOperations[] = {
     Report("Doc_Initial", LaunchKind::kFetch, "Amounts of one kind of document per ledger.",
            kDocuments, {}, kDocumentsType),
     Report("LedgersByCode", LaunchKind::kFetch, "The ledgers of some subgroups.", kLedgers, {},
@@ -245,6 +245,6 @@ constexpr Operation kOperations[] = {
 
 }  // namespace
 
-std::span<const Operation> AnalysisOperations() { return kOperations; }
+std::span<const Operation> AnalysisOperations() { return kAnalysisOperations; }
 
 }  // namespace pstolvane1::automation

@@ -37,7 +37,7 @@ constexpr Argument kPriceList[] = {
 constexpr ReportTypeRule kBillsType[] = {{0, rtBillWiseReport}};
 constexpr ReportTypeRule kPriceListType[] = {{0, rtMultiplePriceList}};
 
-constexpr Operation kOperations[] = {
+constexpr Operation kBillsOperations[] = {
     {"BillWiseQuery",
      "bills",
      LaunchKind::kFetch,
@@ -66,6 +66,6 @@ constexpr Operation kOperations[] = {
 
 }  // namespace
 
-std::span<const Operation> BillsOperations() { return kOperations; }
+std::span<const Operation> BillsOperations() { return kBillsOperations; }
 
 }  // namespace pstolvane1::automation

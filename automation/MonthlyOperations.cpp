@@ -37,7 +37,7 @@ constexpr auto kGodownItem = And(Arguments("The item.", "The godown.", kNotUsed)
 constexpr auto kGroup = Arguments("The category, class or godown.", kNotUsed, kOnlyItems);
 
 template <MonthlyTree tree>
-constexpr auto kTypes = TypesByMethod([](enmValuationMethod method) {
+constexpr auto kMonthlyTypes = TypesByMethod([](enmValuationMethod method) {
   return MonthlyReportType(method, tree);
 });
 
@@ -48,20 +48,21 @@ constexpr Operation Ledger(std::string_view name, std::string_view help,
           help, arguments, "ValuationMethod",  types};
 }
 
-constexpr Operation kOperations[] = {
-    Ledger("Monthly_Itemwise", "One item month by month.", kItem, kTypes<MonthlyTree::kItem>),
+constexpr Operation kMonthlyOperations[] = {
+    Ledger("Monthly_Itemwise", "One item month by month.", kItem,
+           kMonthlyTypes<MonthlyTree::kItem>),
     Ledger("Monthly_Categorywise", "The items of one category month by month.", kGroup,
-           kTypes<MonthlyTree::kCategory>),
+           kMonthlyTypes<MonthlyTree::kCategory>),
     Ledger("Monthly_Classwise", "The items of one class month by month.", kGroup,
-           kTypes<MonthlyTree::kClass>),
+           kMonthlyTypes<MonthlyTree::kClass>),
     Ledger("Monthly_Godownwise", "The items of one godown month by month.", kGroup,
-           kTypes<MonthlyTree::kGodown>),
+           kMonthlyTypes<MonthlyTree::kGodown>),
     Ledger("Monthly_GodownItemwise", "One item in one godown month by month.", kGodownItem,
-           kTypes<MonthlyTree::kGodownItem>),
+           kMonthlyTypes<MonthlyTree::kGodownItem>),
 };
 
 }  // namespace
 
-std::span<const Operation> MonthlyOperations() { return kOperations; }
+std::span<const Operation> MonthlyOperations() { return kMonthlyOperations; }
 
 }  // namespace pstolvane1::automation

@@ -73,7 +73,7 @@ constexpr Operation Report(std::string_view name, ReturnKind returns, std::strin
   return {name, "pending", LaunchKind::kFetch, returns, help, arguments, {}, type};
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kPendingOperations[] = {
     Report("FreeQuantity_Itemwise", ReturnKind::kRowsetInVariant,
            "Goods moved and not billed, line by line, of one item.", kFreeItem, kItemType),
     Report("FreeQuantity_Partywise", ReturnKind::kRowsetInVariant,
@@ -92,6 +92,6 @@ constexpr Operation kOperations[] = {
 
 }  // namespace
 
-std::span<const Operation> PendingOperations() { return kOperations; }
+std::span<const Operation> PendingOperations() { return kPendingOperations; }
 
 }  // namespace pstolvane1::automation

@@ -45,7 +45,7 @@ constexpr Argument kPOrderTextQuery[] = {
     Text("strFilter", "A condition on Desr1 and DesrDetails1, or nothing."),
 };
 
-constexpr Operation kOperations[] = {
+constexpr Operation kSessionOperations[] = {
     {"SetConnection", "session", LaunchKind::kMember, ReturnKind::kBoolean, "Opens the books.",
      kSetConnection},
     {"GetConnectionObject", "session", LaunchKind::kMember, ReturnKind::kConnection,
@@ -65,6 +65,6 @@ constexpr Operation kOperations[] = {
 
 }  // namespace
 
-std::span<const Operation> SessionOperations() { return kOperations; }
+std::span<const Operation> SessionOperations() { return kSessionOperations; }
 
 }  // namespace pstolvane1::automation

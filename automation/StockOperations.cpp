@@ -26,7 +26,7 @@ constexpr Argument kArguments[] = {
 };
 
 template <StockTree tree>
-constexpr auto kTypes = TypesByMethod([](enmValuationMethod method) {
+constexpr auto kStockTypes = TypesByMethod([](enmValuationMethod method) {
   return StockReportType(method, tree);
 });
 
@@ -36,19 +36,19 @@ constexpr Operation Statement(std::string_view name, std::string_view help,
           help, kArguments, "ValuationMethod",  types};
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kStockOperations[] = {
     Statement("StockDetails_Itemwise", "Opening, inwards, outwards and closing stock by item.",
-              kTypes<StockTree::kItem>),
+              kStockTypes<StockTree::kItem>),
     Statement("StockDetails_Categorywise", "The same under the tree of item categories.",
-              kTypes<StockTree::kCategory>),
+              kStockTypes<StockTree::kCategory>),
     Statement("StockDetails_Classwise", "The same under the tree of item classes.",
-              kTypes<StockTree::kClass>),
+              kStockTypes<StockTree::kClass>),
     Statement("StockDetails_Godownwise", "The same under the tree of godowns.",
-              kTypes<StockTree::kGodown>),
+              kStockTypes<StockTree::kGodown>),
 };
 
 }  // namespace
 
-std::span<const Operation> StockOperations() { return kOperations; }
+std::span<const Operation> StockOperations() { return kStockOperations; }
 
 }  // namespace pstolvane1::automation

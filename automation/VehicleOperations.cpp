@@ -236,7 +236,7 @@ constexpr Operation Search(std::string_view name, ReturnKind returns, std::strin
   return {name, "vehicle", LaunchKind::kSourceItself, returns, help, arguments, decided_by, types};
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kVehicleOperations[] = {
     Report("ServiceReportRegno", ReturnKind::kRowset, "Every service bill of a vehicle.", kHistory,
            kHistoryType),
     Report("FreeServiceReport", ReturnKind::kRowset, "Free services by vehicle category and model.",
@@ -273,6 +273,6 @@ constexpr Operation kOperations[] = {
 
 }  // namespace
 
-std::span<const Operation> VehicleOperations() { return kOperations; }
+std::span<const Operation> VehicleOperations() { return kVehicleOperations; }
 
 }  // namespace pstolvane1::automation

@@ -27,22 +27,40 @@ function(pst_library name)
   set_property(GLOBAL APPEND PROPERTY PST_LIBRARIES ${name})
 endfunction()
 
-# pst_test(NAME [SERVER] [LARGE] SOURCES files... LINK targets...): one test program; ctest sees each
-# of its cases. With SERVER the cases have the throw-away PostgreSQL server of tests/server. LARGE
-# ones are left out under the thread sanitizer, which slows them tenfold.
+# pst_test(NAME [SERVER] [LARGE] [SHARDS n] SOURCES files... LINK targets...): one test program, which
+# ctest runs as a whole, or as n runs that share its cases. With SERVER it has the throw-away
+# PostgreSQL server of tests/server. LARGE ones are left out under the thread sanitizer, which slows
+# them tenfold.
 function(pst_test name)
-  cmake_parse_arguments(ARG "SERVER;LARGE" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SERVER;LARGE" "SHARDS" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} test_files GTest::gtest_main GTest::gmock pst_flags)
-  set(properties TIMEOUT 900)
+  set(environment "")
+  set(properties TIMEOUT 1800)
   if(ARG_SERVER)
     target_link_libraries(${name} PRIVATE test_server)
-    list(APPEND properties FIXTURES_REQUIRED postgres ENVIRONMENT "PST_POSTGRES=${PST_POSTGRES}")
+    list(APPEND properties FIXTURES_REQUIRED postgres)
+    list(APPEND environment "PST_POSTGRES=${PST_POSTGRES}")
   endif()
   if(ARG_LARGE)
     list(APPEND properties LABELS large)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
+  if(NOT ARG_SHARDS)
+    set(ARG_SHARDS 1)
+  endif()
+  # ctest starts those of a high cost first, so that no long one is left for the end.
+  list(APPEND properties COST ${ARG_SHARDS})
+  math(EXPR last "${ARG_SHARDS} - 1")
+  foreach(shard RANGE ${last})
+    set(run ${name})
+    if(last GREATER 0)
+      math(EXPR number "${shard} + 1")
+      set(run ${name}_${number}_of_${ARG_SHARDS})
+    endif()
+    add_test(NAME ${run} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(${run} PROPERTIES ${properties} ENVIRONMENT
+      "${environment};GTEST_TOTAL_SHARDS=${ARG_SHARDS};GTEST_SHARD_INDEX=${shard}")
+  endforeach()
 endfunction()
 
 # pst_bench(NAME SOURCES files... LINK targets...): one Google Benchmark program.

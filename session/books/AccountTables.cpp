@@ -44,7 +44,7 @@ constexpr Index kBillByBillDetails1Indexes[] = {
     {"BillByBillDetails1_Voucher", "Voucher_id"},
     {"BillByBillDetails1_Date", "Date"}};
 
-constexpr Table kTables[] = {
+constexpr Table kAccountTables[] = {
     {"Vouchertype1", "Vouchertype_id", kVouchertype1, {}},
     {"Voucher1", "Voucher_id", kVoucher1, kVoucher1Indexes},
     {"VoucherDetails1", "", kVoucherDetails1, kVoucherDetails1Indexes},
@@ -54,6 +54,6 @@ constexpr Table kTables[] = {
 
 }  // namespace
 
-std::span<const Table> AccountTables() { return kTables; }
+std::span<const Table> AccountTables() { return kAccountTables; }
 
 }  // namespace pstolvane1::books

@@ -142,7 +142,7 @@ constexpr Index kTerms1Indexes[] = {
     {"Terms1_DespatchTo", "DespatchTo"}, {"Terms1_Vehicle", "Vehicle_id"},
     {"Terms1_Mechanic", "Mechanic_id"},  {"Terms1_Hypo", "Hypo_id"}};
 
-constexpr Table kTables[] = {
+constexpr Table kDocumentTables[] = {
     {"Desr1", "Desr_id", kDesr1, kDesr1Indexes},
     {"DesrDetails1", "DesrDetails_id", kDesrDetails1, kDesrDetails1Indexes},
     {"GodownItem1", "GodownItem_id", kGodownItem1, kGodownItem1Indexes},
@@ -151,6 +151,6 @@ constexpr Table kTables[] = {
 
 }  // namespace
 
-std::span<const Table> DocumentTables() { return kTables; }
+std::span<const Table> DocumentTables() { return kDocumentTables; }
 
 }  // namespace pstolvane1::books

@@ -100,7 +100,7 @@ constexpr Column kDefect[] = {{"Defect_id", kKey}, {"DefectName", kText, 100}};
 constexpr Column kVendor[] = {{"Vendor_id", kKey}, {"VendorName", kText, 100}};
 constexpr Column kPerfomance[] = {{"Perfomance_id", kKey}, {"PerfomanceName", kText, 100}};
 
-constexpr Table kTables[] = {
+constexpr Table kMasterTables[] = {
     {"Uom1", "Uom_id", kUom1, {}},
     {"ItemCategory1", "ItemCategory_id", kItemCategory1, kItemCategory1Indexes},
     {"ItemClass1", "ItemClass_id", kItemClass1, kItemClass1Indexes},
@@ -127,6 +127,6 @@ constexpr Table kTables[] = {
 
 }  // namespace
 
-std::span<const Table> MasterTables() { return kTables; }
+std::span<const Table> MasterTables() { return kMasterTables; }
 
 }  // namespace pstolvane1::books

@@ -1,13 +1,12 @@
 #include "session/data/CriteriaLexer.h"
 
+#include "session/data/Ascii.h"
 #include "session/data/DecimalText.h"
 #include "session/data/TextFold.h"
 
 namespace pstolvane1 {
 
 namespace {
-
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 constexpr bool BeginsWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||

@@ -4,11 +4,11 @@
 #include <charconv>
 #include <limits>
 
+#include "session/data/Ascii.h"
+
 namespace pstolvane1 {
 
 namespace {
-
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::size_t DigitsFrom(std::string_view text, std::size_t at) {
   std::size_t end = at;

@@ -3,6 +3,7 @@
 #include <bit>
 #include <cmath>
 
+#include "session/data/Ascii.h"
 #include "session/data/DecimalText.h"
 #include "session/data/FilterDate.h"
 #include "session/data/TextFold.h"
@@ -282,12 +283,6 @@ void SetNumber(FilterComparison& c, DataType type, Op op, std::string_view text,
       c.key = CellKey::OfWhole(c.whole.low);
       break;
   }
-}
-
-std::string_view Trimmed(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 FilterProblem BindNumber(FilterComparison& c, const ColumnInfo& column, Op op, const Value& value) {

@@ -2,20 +2,13 @@
 
 #include <tuple>
 
+#include "session/data/Ascii.h"
 #include "session/data/Error.h"
 #include "session/data/TextFold.h"
 
 namespace pstolvane1 {
 
 namespace {
-
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-std::string_view Trimmed(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
 
 struct Digits {
   int number = 0;

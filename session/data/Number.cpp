@@ -12,7 +12,7 @@ namespace pstolvane1 {
 
 namespace {
 
-constexpr std::int64_t kUnits = 10000;
+constexpr std::int64_t kMoneyUnits = 10000;
 
 template <typename Real>
 std::string ShortestText(Real number) {
@@ -28,9 +28,9 @@ std::string ShortestText(Real number) {
 // Half to even.
 std::int64_t WholeMoney(Currency money) {
   const std::int64_t units = money.TenThousandths();
-  const std::int64_t whole = units / kUnits;
-  const std::int64_t rest = std::abs(units % kUnits);
-  const bool away = rest > kUnits / 2 || (rest == kUnits / 2 && whole % 2 != 0);
+  const std::int64_t whole = units / kMoneyUnits;
+  const std::int64_t rest = std::abs(units % kMoneyUnits);
+  const bool away = rest > kMoneyUnits / 2 || (rest == kMoneyUnits / 2 && whole % 2 != 0);
   if (!away) return whole;
   return units < 0 ? whole - 1 : whole + 1;
 }
@@ -98,7 +98,7 @@ float Number::ToSingle() const {
 Currency Number::ToCurrency() const {
   if (const auto* whole = std::get_if<std::int64_t>(&value_)) {
     std::int64_t units = 0;
-    if (__builtin_mul_overflow(*whole, kUnits, &units)) RaiseOverflow("money");
+    if (__builtin_mul_overflow(*whole, kMoneyUnits, &units)) RaiseOverflow("money");
     return Currency::FromTenThousandths(units);
   }
   if (const auto* real = std::get_if<double>(&value_)) return Currency::FromDouble(*real);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <system_error>
 
+#include "session/data/Ascii.h"
 #include "session/data/Error.h"
 
 namespace pstolvane1 {
@@ -54,8 +55,6 @@ char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + '
 
 bool IsLetter(char c) { return Lower(c) >= 'a' && Lower(c) <= 'z'; }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool SameWord(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](char x, char y) { return Lower(x) == Lower(y); });
@@ -82,13 +81,6 @@ std::string_view SchemeOf(std::string_view text) {
     return IsLetter(c) || IsDigit(c) || c == '+' || c == '-' || c == '.';
   });
   return valid ? scheme : std::string_view{};
-}
-
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 int HexValue(char c) {
@@ -188,13 +180,13 @@ ConnectionTarget ReadConnectionString(std::string_view text) {
         "sqlite:///PATH.");
   }
   if (const std::size_t equals = text.find('='); equals != std::string_view::npos) {
-    const std::string_view keyword = Trimmed(text.substr(0, equals));
+    const std::string_view keyword = Trimmed(text.substr(0, equals), kWhiteSpace);
     if (const std::optional<EngineKind> engine = EngineOf(kKeywords, keyword)) {
       return {.engine = *engine, .path = {}, .other_path = {}};
     }
     RefuseForeignKeywords(keyword);
   }
-  if (Trimmed(text).empty()) CheckPath({});
+  if (Trimmed(text, kWhiteSpace).empty()) CheckPath({});
   CheckPath(text);
   return {.engine = EngineKind::kSqlite, .path = std::string(text), .other_path = {}};
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include "session/data/Ascii.h"
 #include "session/sql/Refusal.h"
 
 namespace pstolvane1::sql {
@@ -25,7 +26,6 @@ constexpr std::array<std::string_view, 69> kKeywords = {
 static_assert(std::is_sorted(kKeywords.begin(), kKeywords.end()));
 static_assert(kKeywords.size() == static_cast<std::size_t>(Keyword::kWith));
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 // Letters beyond ASCII count as letters.
 constexpr bool IsLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||

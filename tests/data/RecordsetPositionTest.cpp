@@ -12,7 +12,7 @@ RecordsetPtr Numbers(int count) {
 
 int N(const RecordsetPtr& rowset) { return rowset->Int32(ColumnHandle{0}); }
 
-constexpr auto kNoRow = ErrorNumber::kNoCurrentRecord;
+constexpr auto kNoCurrentRow = ErrorNumber::kNoCurrentRecord;
 
 TEST(RecordsetPosition, EmptyRowsetIsAtBothEnds) {
   const RecordsetPtr rowset = Numbers(0);
@@ -23,12 +23,12 @@ TEST(RecordsetPosition, EmptyRowsetIsAtBothEnds) {
   rowset->MoveLast();
   EXPECT_TRUE(rowset->Bof() && rowset->Eof());
   const std::string text = "there is no current row: the rowset has no rows";
-  ExpectError(kNoRow, text, [&] { rowset->MoveNext(); });
-  ExpectError(kNoRow, text, [&] { rowset->MovePrevious(); });
-  ExpectError(kNoRow, text, [&] { (void)rowset->Collect("N"); });
-  ExpectError(kNoRow, text, [&] { (void)rowset->Bookmark(); });
-  ExpectError(kNoRow, text, [&] { rowset->Delete(); });
-  ExpectError(kNoRow, text, [&] { rowset->Update(); });
+  ExpectError(kNoCurrentRow, text, [&] { rowset->MoveNext(); });
+  ExpectError(kNoCurrentRow, text, [&] { rowset->MovePrevious(); });
+  ExpectError(kNoCurrentRow, text, [&] { (void)rowset->Collect("N"); });
+  ExpectError(kNoCurrentRow, text, [&] { (void)rowset->Bookmark(); });
+  ExpectError(kNoCurrentRow, text, [&] { rowset->Delete(); });
+  ExpectError(kNoCurrentRow, text, [&] { rowset->Update(); });
 }
 
 TEST(RecordsetPosition, MovesFromEndToEnd) {
@@ -40,9 +40,9 @@ TEST(RecordsetPosition, MovesFromEndToEnd) {
   rowset->MoveNext();
   EXPECT_TRUE(rowset->Eof());
   EXPECT_FALSE(rowset->Bof());
-  ExpectError(kNoRow, "there is no current row: the rowset is behind its last row",
+  ExpectError(kNoCurrentRow, "there is no current row: the rowset is behind its last row",
               [&] { rowset->MoveNext(); });
-  ExpectError(kNoRow, "there is no current row: the rowset is behind its last row",
+  ExpectError(kNoCurrentRow, "there is no current row: the rowset is behind its last row",
               [&] { (void)rowset->Collect("N"); });
   rowset->MovePrevious();
   EXPECT_EQ(N(rowset), 2);
@@ -51,9 +51,9 @@ TEST(RecordsetPosition, MovesFromEndToEnd) {
   rowset->MovePrevious();
   EXPECT_TRUE(rowset->Bof());
   EXPECT_FALSE(rowset->Eof());
-  ExpectError(kNoRow, "there is no current row: the rowset is before its first row",
+  ExpectError(kNoCurrentRow, "there is no current row: the rowset is before its first row",
               [&] { rowset->MovePrevious(); });
-  ExpectError(kNoRow, "there is no current row: the rowset is before its first row",
+  ExpectError(kNoCurrentRow, "there is no current row: the rowset is before its first row",
               [&] { (void)rowset->Collect("N"); });
   rowset->MoveNext();
   EXPECT_EQ(N(rowset), 1);
@@ -108,8 +108,9 @@ TEST(RecordsetPosition, BookmarkOfARowThatIsGoneIsAnError) {
   const RecordsetPtr rowset = Numbers(3);
   const Bookmark first = rowset->Bookmark();
   rowset->Delete();
-  ExpectError(kNoRow, "the row of the bookmark is gone", [&] { rowset->Bookmark(first); });
-  ExpectError(kNoRow, "the row of the bookmark is gone", [&] { rowset->Bookmark(Bookmark{99}); });
+  ExpectError(kNoCurrentRow, "the row of the bookmark is gone", [&] { rowset->Bookmark(first); });
+  ExpectError(kNoCurrentRow, "the row of the bookmark is gone",
+              [&] { rowset->Bookmark(Bookmark{99}); });
   rowset->MoveFirst();
   EXPECT_EQ(N(rowset), 2);
 }
@@ -135,9 +136,10 @@ TEST(RecordsetDelete, LeavesAGapFromWhichTheNextMoveGoesOn) {
   rowset->Delete();
   EXPECT_FALSE(rowset->Bof());
   EXPECT_FALSE(rowset->Eof());
-  ExpectError(kNoRow, "there is no current row: the row was deleted",
+  ExpectError(kNoCurrentRow, "there is no current row: the row was deleted",
               [&] { (void)rowset->Collect("N"); });
-  ExpectError(kNoRow, "there is no current row: the row was deleted", [&] { rowset->Delete(); });
+  ExpectError(kNoCurrentRow, "there is no current row: the row was deleted",
+              [&] { rowset->Delete(); });
   EXPECT_EQ(rowset->RecordCount(), 3);
   rowset->MoveNext();
   EXPECT_EQ(N(rowset), 3);
@@ -185,7 +187,7 @@ TEST(RecordsetAddNew, IsTheCurrentRowAtOnceAndVisibleAfterUpdate) {
   EXPECT_EQ(rowset->RecordCount(), 2);
   EXPECT_EQ(clone->RecordCount(), 2);
   const Bookmark added = rowset->Bookmark();
-  ExpectError(kNoRow, "the row of the bookmark is gone", [&] { clone->Bookmark(added); });
+  ExpectError(kNoCurrentRow, "the row of the bookmark is gone", [&] { clone->Bookmark(added); });
   rowset->Update();
   EXPECT_EQ(rowset->RecordCount(), 3);
   EXPECT_EQ(Walked(*clone, "N"), "1 2 3");
@@ -292,7 +294,7 @@ TEST(RecordsetClone, OnARowThatAnotherDeletesStandsInTheGap) {
   rowset->MoveNext();
   clone->MoveNext();
   rowset->Delete();
-  ExpectError(kNoRow, "there is no current row: the row was deleted",
+  ExpectError(kNoCurrentRow, "there is no current row: the row was deleted",
               [&] { (void)clone->Collect("N"); });
   EXPECT_FALSE(clone->Eof());
   clone->MoveNext();

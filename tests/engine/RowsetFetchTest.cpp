@@ -20,7 +20,7 @@ constexpr int kRows = 12'000;
 
 // Two tables whose rows all carry the number of the last write: a reader that sees two numbers has
 // mixed two states.
-std::string TwinTables(const std::string& journal) {
+std::string CountedTables(const std::string& journal) {
   return "PRAGMA journal_mode=" + journal +
          ";CREATE TABLE items(item_id INTEGER PRIMARY KEY, state INTEGER);"
          "CREATE TABLE moves(move_id INTEGER PRIMARY KEY, item_id INTEGER, state INTEGER);"
@@ -59,7 +59,7 @@ int StateOf(Recordset& rowset) {
 class RowsetsWhileAnotherWrites : public testing::TestWithParam<const char*> {};
 
 TEST_P(RowsetsWhileAnotherWrites, SeeOneStateInEachScope) {
-  const TestBooks books(TwinTables(GetParam()));
+  const TestBooks books(CountedTables(GetParam()));
   const auto connection = Open(books.Path());
   std::atomic<bool> stop = false;
   std::thread writer([&] {
@@ -107,7 +107,7 @@ TEST_P(RowsetsWhileAnotherWrites, SeeOneStateInEachScope) {
 INSTANTIATE_TEST_SUITE_P(JournalModes, RowsetsWhileAnotherWrites, testing::Values("DELETE", "WAL"));
 
 TEST(RowsetsOfBooks, ALockedStateDoesNotHoldTheThreadAndEndsAtTheTimeLimit) {
-  const TestBooks books(TwinTables("DELETE"));
+  const TestBooks books(CountedTables("DELETE"));
   const auto connection = Open(books.Path());
   connection->CommandTimeout(1);
   Writer other(books.Path());
@@ -131,7 +131,7 @@ TEST(RowsetsOfBooks, ALockedStateDoesNotHoldTheThreadAndEndsAtTheTimeLimit) {
 }
 
 TEST(RowsetsOfBooks, APlaceInAQueryIsAPlaceInTheShapeCommand) {
-  const TestBooks books(TwinTables("WAL"));
+  const TestBooks books(CountedTables("WAL"));
   const auto connection = Open(books.Path());
   const std::string command =
       "SHAPE {select item_id from items}\nAPPEND ({select item_id, colour from moves} RELATE "
@@ -143,7 +143,7 @@ TEST(RowsetsOfBooks, APlaceInAQueryIsAPlaceInTheShapeCommand) {
 }
 
 TEST(RowsetsOfBooks, CancelEndsALongQueryInTheMiddle) {
-  const TestBooks books(TwinTables("WAL"));
+  const TestBooks books(CountedTables("WAL"));
   const auto connection = Open(books.Path());
   const RecordsetPtr rowset = Recordset::New();
   std::string failure;
@@ -162,7 +162,7 @@ TEST(RowsetsOfBooks, CancelEndsALongQueryInTheMiddle) {
 }
 
 TEST(RowsetsOfBooks, FourApartmentsReadTheSameBooksAtTheSameTime) {
-  const TestBooks books(TwinTables("WAL"));
+  const TestBooks books(CountedTables("WAL"));
   std::vector<std::thread> apartments;
   for (int i = 0; i < 4; ++i) {
     apartments.emplace_back([&] {

@@ -27,12 +27,13 @@ constexpr const char* kEndlessRows =
     "whole Id, whole Other: SELECT a.id, b.id FROM @t a, @t b, @t c";
 constexpr const char* kCountPlain = "whole N: SELECT count(*) FROM @t";
 
-std::shared_ptr<Provider> OpenPlain(const std::string& connection_string, milliseconds limit) {
+std::shared_ptr<Provider> OpenWithPlainText(const std::string& connection_string,
+                                            milliseconds limit) {
   return std::make_shared<postgres::PostgresProvider>(connection_string, limit, PlainServerText);
 }
 
 std::shared_ptr<Connection> Opened(const OwnServer& server, bool plain = false) {
-  auto connection = plain ? Connection::New(OpenPlain) : NewConnection();
+  auto connection = plain ? Connection::New(OpenWithPlainText) : NewConnection();
   connection->CommandTimeout(30);
   connection->Open(server.ConnectionString() + " application_name=reader");
   return connection;

@@ -3,14 +3,10 @@
 
 #include "session/data/Error.h"
 #include "session/rowset/DisplayText.h"
+#include "tests/rowset/India.h"
 
 namespace pstolvane1 {
 namespace {
-
-const Locale& India() {
-  static const std::shared_ptr<const Locale> locale = Locale::Get("en_IN");
-  return *locale;
-}
 
 TEST(FormatQuantityText, GivesTheNumberInTheLocalesStyle) {
   EXPECT_EQ(FormatQuantityText(India(), 1234567.891), "12,34,567.89");

@@ -4,11 +4,10 @@
 
 #include "session/data/Error.h"
 #include "session/rowset/Locale.h"
+#include "tests/rowset/India.h"
 
 namespace pstolvane1 {
 namespace {
-
-const Locale& India() { return *Locale::Get("en_IN"); }
 
 TEST(LocaleNumbers, GroupsInIndiaAreThreeThenTwo) {
   EXPECT_EQ(India().FormatNumber(1234567.89), "12,34,567.89");

@@ -10,7 +10,7 @@ namespace {
 using Kind = ReportView::LineKind;
 using Names = std::vector<std::string>;
 
-constexpr ReportColumn kColumns[] = {
+constexpr ReportColumn kViewedColumns[] = {
     Display("Ledger"), Display("Amount"),      Display("Qty"),
     Display("Never"),  Key("Ledger_Id"),       Marker("TotalLine"),
     Marker("GrpLine"), TextTwin("LedgerSort"), NumberTwin("DummySort")};
@@ -39,7 +39,7 @@ class ReportViewTest : public testing::Test {
     return kinds;
   }
 
-  RecordsetPtr report_ = NewReportRowset(kColumns);
+  RecordsetPtr report_ = NewReportRowset(kViewedColumns);
 };
 
 TEST_F(ReportViewTest, TwinsKeysRulesAndColumnsWithoutContentAreNotShown) {

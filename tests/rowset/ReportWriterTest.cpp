@@ -9,7 +9,7 @@
 namespace pstolvane1 {
 namespace {
 
-CellStyle India() {
+CellStyle IndianCells() {
   static const std::shared_ptr<const Locale> locale = Locale::Get("en_IN");
   return {.locale = *locale};
 }
@@ -53,7 +53,7 @@ TEST(ReportWriter, ATwinHasWhatIsShownUnlessItIsMoney) {
   static constexpr ReportLayout kLayout = {Display("Name"),         Display("Amount"),
                                            Display("Price"),        TextTwin("NameSort"),
                                            MoneyTwin("AmountSort"), MoneyTextTwin("PriceSort")};
-  ReportWriter writer(kLayout, India());
+  ReportWriter writer(kLayout, IndianCells());
   const Currency amount = Currency::FromText("-1234567.125");
   writer.AddLine(1);
   writer.Value(kLayout.Twinned("Name"), "Anand");
@@ -78,7 +78,7 @@ TEST(ReportWriter, ATwinHasWhatIsShownUnlessItIsMoney) {
 
 TEST(ReportWriter, MoneyThatIsNotKnownIsAnError) {
   static constexpr ReportLayout kLayout = {Display("Amount"), MoneyTwin("AmountSort")};
-  ReportWriter writer(kLayout, India());
+  ReportWriter writer(kLayout, IndianCells());
   writer.AddLine(1);
   try {
     writer.Money(kLayout.Twinned("Amount"), Null);
@@ -89,7 +89,7 @@ TEST(ReportWriter, MoneyThatIsNotKnownIsAnError) {
 }
 
 TEST(ReportWriter, CellsThatALineDoesNotWriteAreNull) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   writer.AddLine(1);
   writer.Text(kColumns.At("item"), "Chain");
   const RecordsetPtr report = writer.Finish();
@@ -100,7 +100,7 @@ TEST(ReportWriter, CellsThatALineDoesNotWriteAreNull) {
 }
 
 TEST(ReportWriter, InTheClassFormDetailsReorderAndClosingLinesStayLast) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   const ColumnHandle item = kColumns.At("Item");
   const ColumnHandle twin = kColumns.At("ItemSort");
   for (const char* const name : {"Lamp", "Chain"}) {
@@ -122,7 +122,7 @@ TEST(ReportWriter, InTheClassFormDetailsReorderAndClosingLinesStayLast) {
 }
 
 TEST(ReportWriter, InTheSequenceFormASortKeepsSubLinesBehindTheirParent) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   const ColumnHandle item = kColumns.At("Item");
   const ColumnHandle twin = kColumns.At("ItemSort");
   const ColumnHandle amount = kColumns.At("AmountSort");
@@ -150,7 +150,7 @@ TEST(ReportWriter, InTheSequenceFormASortKeepsSubLinesBehindTheirParent) {
 TEST(ReportWriter, ABlankSpacerHoldsNothingButItsPlace) {
   static constexpr ReportLayout kWithHead = {Marker("Head"), Display("Item"), TextTwin("ItemSort"),
                                              NumberTwin("DummySort")};
-  ReportWriter writer(kWithHead, India());
+  ReportWriter writer(kWithHead, IndianCells());
   writer.AddSpacer(kWithHead.At("Head"));
   const RecordsetPtr report = writer.Finish();
   EXPECT_EQ(report->Collect("Head"), Variant(""));
@@ -161,7 +161,7 @@ TEST(ReportWriter, ABlankSpacerHoldsNothingButItsPlace) {
 
 TEST(ReportWriter, ALayoutWithoutDummySortHasNoneWritten) {
   static constexpr ReportLayout kPlain = {Display("Item")};
-  ReportWriter writer(kPlain, India());
+  ReportWriter writer(kPlain, IndianCells());
   writer.AddLine(1);
   writer.Text(kPlain.At("Item"), "Chain");
   EXPECT_EQ(writer.Finish()->RecordCount(), 1);
@@ -169,7 +169,7 @@ TEST(ReportWriter, ALayoutWithoutDummySortHasNoneWritten) {
 
 TEST(ReportWriter, ClosingLinesAreARuleAndATotalWithTheRuleAgain) {
   static constexpr RuleColumn kRule = kColumns.Rule("TotalLine", 5);
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   writer.AddRuleLine(kRule, 2);
   writer.AddTotalLine(kColumns.At("Item"), kRule, 3);
   writer.Money(kColumns.At("Amount"), 7);
@@ -186,7 +186,7 @@ TEST(ReportWriter, ClosingLinesAreARuleAndATotalWithTheRuleAgain) {
 }
 
 TEST(ReportWriter, ALinesNumberIsItsClassTheNextOneOrNone) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   writer.AddLine();
   writer.AddLine(ReportWriter::kNoNumber);
   writer.AddLine();
@@ -203,7 +203,7 @@ TEST(ReportWriter, ALinesNumberIsItsClassTheNextOneOrNone) {
 }
 
 TEST(ReportWriter, AGroupsHeadIsFilledWhenItsLinesAreWritten) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   writer.AddLine();
   writer.Text(kColumns.At("Item"), "Parts");
   const Bookmark head = writer.Line();
@@ -225,7 +225,7 @@ TEST(ReportWriter, AGroupsHeadIsFilledWhenItsLinesAreWritten) {
 }
 
 TEST(ReportWriter, ALineThatIsRemovedLeavesItsNumberOut) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   writer.AddLine();
   const Bookmark head = writer.Line();
   writer.AddLine();
@@ -243,7 +243,7 @@ TEST(ReportWriter, ALineThatIsRemovedLeavesItsNumberOut) {
 }
 
 TEST(ReportWriter, ASubLineMayHaveAParentThatIsNotTheLineBefore) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   writer.AddLine(2);
   writer.Text(kColumns.Twinned("Item"), "Bill 1");
   writer.Value(kColumns.At("DateSort"), Date::FromYmd(2024, 4, 1));
@@ -272,7 +272,7 @@ constexpr ReportLayout kCells = {
 class ReportWriterCells : public testing::Test {
  protected:
   explicit ReportWriterCells(double scale = 1000)
-      : style({.locale = India().locale, .scale = scale, .number_separator = "-"}) {}
+      : style({.locale = IndianCells().locale, .scale = scale, .number_separator = "-"}) {}
   // What one line holds that fill writes.
   template <typename Fill>
   RecordsetPtr Line(Fill&& fill) {
@@ -467,7 +467,7 @@ TEST_F(ReportWriterCells, WhereErrorsArePassedOverTheCellStaysNullAndTheTwinIsWr
 }
 
 TEST(ReportWriter, WithoutLinesTheRowsetIsEmptyAndOpen) {
-  ReportWriter writer(kColumns, India());
+  ReportWriter writer(kColumns, IndianCells());
   const RecordsetPtr report = writer.Finish();
   EXPECT_EQ(report->RecordCount(), 0);
   EXPECT_TRUE(report->Eof());

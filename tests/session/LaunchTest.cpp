@@ -21,22 +21,22 @@ std::string RowsOf(const Recordset& rowset) {
   return rowset.State() == adStateClosed ? "closed" : std::to_string(rowset.RecordCount());
 }
 
-RecordsetPtr g_built;
+RecordsetPtr g_sizes;
 
 // The sizes of rsReport and Rs1 as the builder finds them, in a rowset of its own.
 RecordsetPtr BuildSizes(ReportFrame& frame) {
-  g_built = Recordset::New();
-  g_built->Fields().Append("rsReport", adBSTR);
-  g_built->Fields().Append("Rs1", adBSTR);
-  g_built->Open();
-  g_built->AddNew();
-  g_built->Collect("rsReport", RowsOf(*frame.Rowset(Source::rsReport)));
-  g_built->Collect("Rs1", RowsOf(*frame.Rowset(Source::Rs1)));
-  g_built->AddNew();
-  g_built->Update();
-  g_built->MoveFirst();
+  g_sizes = Recordset::New();
+  g_sizes->Fields().Append("rsReport", adBSTR);
+  g_sizes->Fields().Append("Rs1", adBSTR);
+  g_sizes->Open();
+  g_sizes->AddNew();
+  g_sizes->Collect("rsReport", RowsOf(*frame.Rowset(Source::rsReport)));
+  g_sizes->Collect("Rs1", RowsOf(*frame.Rowset(Source::Rs1)));
+  g_sizes->AddNew();
+  g_sizes->Update();
+  g_sizes->MoveFirst();
   ++frame.module.lngRecordNo;
-  return g_built;
+  return g_sizes;
 }
 
 RecordsetPtr BuildSize(ReportFrame& frame) {
@@ -92,7 +92,7 @@ class LaunchTest : public testing::Test {
  protected:
   LaunchTest() {
     *modStolvane1::OfThisThread() = modStolvane1();
-    g_built = nullptr;
+    g_sizes = nullptr;
     LogEvents(host, events);
     const auto logging = host.FetchComplete;
     host.FetchComplete = [this, logging](const RecordsetPtr& rowset, std::int32_t any_count) {
@@ -107,7 +107,7 @@ class LaunchTest : public testing::Test {
   }
   ~LaunchTest() override {
     frame->Class_Terminate();
-    g_built = nullptr;
+    g_sizes = nullptr;
   }
 
   RecordsetPtr LaunchTwo(Boolean blnReport) {
@@ -138,9 +138,9 @@ TEST_F(LaunchTest, SynchronousItOpensInOrderAndReturnsACloneOfWhatWasBuilt) {
   EXPECT_EQ(Sizes(*report), "3 5");
   EXPECT_EQ(books->Queries(), (std::vector<std::string>{std::string(kReportQuery.text),
                                                         std::string(kRs1Query.text)}));
-  EXPECT_NE(report, g_built);
+  EXPECT_NE(report, g_sizes);
   report->MoveLast();
-  EXPECT_EQ(g_built->Collect("Rs1"), Variant("5")) << "moving the clone moved the builder's rowset";
+  EXPECT_EQ(g_sizes->Collect("Rs1"), Variant("5")) << "moving the clone moved the builder's rowset";
   EXPECT_EQ(books->Snapshots(), 1) << "the queries of a report read one state";
   EXPECT_EQ(events, EventLog{});
   EXPECT_EQ(module.bytFetchesDone, 0);
@@ -153,15 +153,15 @@ TEST_F(LaunchTest, AsynchronousItReturnsNothingAndBuildsWhenTheLastFetchIsComple
   EXPECT_EQ(LaunchTwo(False), nullptr);
   PumpUntil([&] { return module.bytFetchesDone == 1; });
   EXPECT_TRUE(frame->Fetching());
-  EXPECT_EQ(g_built, nullptr);
+  EXPECT_EQ(g_sizes, nullptr);
   EXPECT_EQ(events, EventLog{"20 FetchingData"});
   books->Release();
   PumpUntil([&] { return delivered != nullptr; });
   EXPECT_FALSE(frame->Fetching());
   EXPECT_EQ(Sizes(*delivered), "3 5");
-  EXPECT_NE(delivered, g_built);
+  EXPECT_NE(delivered, g_sizes);
   delivered->MoveLast();
-  EXPECT_EQ(g_built->Collect("Rs1"), Variant("5")) << "moving the clone moved the builder's rowset";
+  EXPECT_EQ(g_sizes->Collect("Rs1"), Variant("5")) << "moving the clone moved the builder's rowset";
   EXPECT_EQ(module.bytFetchesDone, 0);
   EXPECT_EQ(books->Snapshots(), 1) << "the queries of a report read one state";
 }
@@ -182,8 +182,8 @@ TEST_F(LaunchTest, ThePatternWithoutPreparationLeavesTheFetchSizeAndDeliversWhat
   EXPECT_EQ(frame->Rowset(Source::rsReport)->Properties()("Initial Fetch Size").Value(),
             Recordset::New()->Properties()("Initial Fetch Size").Value());
   PumpUntil([&] { return delivered != nullptr; });
-  EXPECT_EQ(delivered, g_built);
-  EXPECT_EQ(LaunchOne(rtMultiplePriceList, True), g_built);
+  EXPECT_EQ(delivered, g_sizes);
+  EXPECT_EQ(LaunchOne(rtMultiplePriceList, True), g_sizes);
 }
 
 TEST_F(LaunchTest, OpenAndSignalCompletesBeforeTheCallReturns) {

@@ -9,7 +9,7 @@
 namespace pstolvane1 {
 namespace {
 
-RecordsetPtr Numbers(std::int32_t count) {
+RecordsetPtr RowsetOfNumbers(std::int32_t count) {
   const RecordsetPtr rowset = Recordset::New();
   rowset->Fields().Append("n", adInteger);
   rowset->Open();
@@ -46,14 +46,14 @@ class RowLoopTest : public testing::Test {
 };
 
 TEST_F(RowLoopTest, EachRowIsAStepOf60OverTheRowsOfTheSource) {
-  EXPECT_EQ(Pass(*Numbers(4)), (std::vector<std::int32_t>{1, 2, 3, 4}));
+  EXPECT_EQ(Pass(*RowsetOfNumbers(4)), (std::vector<std::int32_t>{1, 2, 3, 4}));
   EXPECT_EQ(frame->lngFetchTotal, 4);
   // 20 + 15, + 15, and the ceiling after two thirds of the rows.
   EXPECT_EQ(events, (EventLog{"35 manipulating", "50 manipulating", "60 manipulating"}));
 }
 
 TEST_F(RowLoopTest, ABuilderMayStepBy40InsteadOf60) {
-  (void)Pass(*Numbers(4), 40);
+  (void)Pass(*RowsetOfNumbers(4), 40);
   EXPECT_EQ(events,
             (EventLog{"30 manipulating", "40 manipulating", "50 manipulating", "60 manipulating"}));
 }
@@ -66,20 +66,20 @@ TEST_F(RowLoopTest, ThePercentStopsAt60AndNeverReaches100) {
     highest = std::max<int>(highest, percent);
     ++steps;
   };
-  (void)Pass(*Numbers(1000));
+  (void)Pass(*RowsetOfNumbers(1000));
   EXPECT_EQ(steps, 1000);
   EXPECT_EQ(highest, 60);
 }
 
 TEST_F(RowLoopTest, WithoutRowsNothingIsWrittenAndNothingTold) {
-  EXPECT_EQ(Pass(*Numbers(0)), std::vector<std::int32_t>());
+  EXPECT_EQ(Pass(*RowsetOfNumbers(0)), std::vector<std::int32_t>());
   EXPECT_EQ(events, EventLog{});
   EXPECT_EQ(frame->lngFetchTotal, 0);
 }
 
 TEST_F(RowLoopTest, MessagesAreDeliveredBetweenTheRowAndItsProgress) {
   const auto queue = MessageQueue::OfThisThread();
-  const RecordsetPtr source = Numbers(2);
+  const RecordsetPtr source = RowsetOfNumbers(2);
   ForEachSourceRow(*frame, *source, [&](const Recordset::Row& row) {
     const std::string name = "row " + row["n"].ToText();
     events.push_back(name);
@@ -91,14 +91,14 @@ TEST_F(RowLoopTest, MessagesAreDeliveredBetweenTheRowAndItsProgress) {
 
 TEST_F(RowLoopTest, ACancelEndsEveryPassAfterOneRow) {
   frame->blnCancelFetching = True;
-  EXPECT_EQ(Pass(*Numbers(4)), std::vector<std::int32_t>{1});
-  EXPECT_EQ(Pass(*Numbers(3)), std::vector<std::int32_t>{1});
-  EXPECT_EQ(Pass(*Numbers(0)), std::vector<std::int32_t>());
+  EXPECT_EQ(Pass(*RowsetOfNumbers(4)), std::vector<std::int32_t>{1});
+  EXPECT_EQ(Pass(*RowsetOfNumbers(3)), std::vector<std::int32_t>{1});
+  EXPECT_EQ(Pass(*RowsetOfNumbers(0)), std::vector<std::int32_t>());
 }
 
 TEST_F(RowLoopTest, ACancelThatAMessageBringsEndsThePassAtItsRow) {
   const auto queue = MessageQueue::OfThisThread();
-  const RecordsetPtr source = Numbers(4);
+  const RecordsetPtr source = RowsetOfNumbers(4);
   int rows = 0;
   ForEachSourceRow(*frame, *source, [&](const Recordset::Row&) {
     if (++rows == 2) queue->Post([this] { frame->blnCancelFetching = True; });
@@ -109,19 +109,19 @@ TEST_F(RowLoopTest, ACancelThatAMessageBringsEndsThePassAtItsRow) {
 TEST_F(RowLoopTest, OnlyTrueCancels) {
   for (const Boolean other : {Boolean(1), Boolean(2), False}) {
     frame->blnCancelFetching = other;
-    EXPECT_EQ(Pass(*Numbers(3)).size(), 3U);
+    EXPECT_EQ(Pass(*RowsetOfNumbers(3)).size(), 3U);
   }
 }
 
 TEST_F(RowLoopTest, ACancelThatIsTakenBackIsNone) {
   frame->blnCancelFetching = True;
   frame->blnCancelFetching = False;
-  EXPECT_EQ(Pass(*Numbers(3)).size(), 3U);
+  EXPECT_EQ(Pass(*RowsetOfNumbers(3)).size(), 3U);
 }
 
 TEST_F(RowLoopTest, AnErrorNamesTheReportAndTheRow) {
   frame->lngReportType = rtDoc_Initial;
-  const RecordsetPtr source = Numbers(3);
+  const RecordsetPtr source = RowsetOfNumbers(3);
   try {
     ForEachSourceRow(*frame, *source, [&](const Recordset::Row& row) {
       if (row["n"].ToInt32() == 2) throw Error(ErrorNumber::kOverflow, "too large");
@@ -134,7 +134,7 @@ TEST_F(RowLoopTest, AnErrorNamesTheReportAndTheRow) {
 }
 
 TEST_F(RowLoopTest, TheRowsOfAGroupAreStepsOverTheWholeSource) {
-  const RecordsetPtr source = Numbers(4);
+  const RecordsetPtr source = RowsetOfNumbers(4);
   const RowGroups groups = source->GroupBy({"n"});
   std::vector<std::int32_t> written;
   const auto write = [&](const Recordset::Row& row) { written.push_back(row["n"].ToInt32()); };
@@ -150,7 +150,7 @@ TEST_F(RowLoopTest, TheRowsOfAGroupAreStepsOverTheWholeSource) {
 }
 
 TEST_F(RowLoopTest, AnErrorInAGroupNamesTheRowOfTheSource) {
-  const RecordsetPtr source = Numbers(3);
+  const RecordsetPtr source = RowsetOfNumbers(3);
   const RowGroups groups = source->GroupBy({"n"});
   try {
     ForEachSourceRow(*frame, *source, groups.Find({3}), [](const Recordset::Row&) {
@@ -163,7 +163,7 @@ TEST_F(RowLoopTest, AnErrorInAGroupNamesTheRowOfTheSource) {
 }
 
 TEST_F(RowLoopTest, ThePositionOfTheSourceStays) {
-  const RecordsetPtr source = Numbers(3);
+  const RecordsetPtr source = RowsetOfNumbers(3);
   source->MoveNext();
   EXPECT_EQ(Pass(*source), (std::vector<std::int32_t>{1, 2, 3}));
   EXPECT_EQ(source->Collect("n"), Variant(2));

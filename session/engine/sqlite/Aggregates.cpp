@@ -177,7 +177,7 @@ void OnlyResult(sqlite3_context* context) {
   only->value = nullptr;
 }
 
-constexpr std::array kFunctions{
+constexpr std::array kAggregateFunctions{
     AggregateFunction{"pst_sum_money", 1, &AddMoney, &MoneyResult},
     AggregateFunction{"pst_sum_real", 1, &AddReal, &RealResult},
     AggregateFunction{"pst_average_real", 1, &AddReal, &RealAverage},
@@ -187,6 +187,6 @@ constexpr std::array kFunctions{
 
 }  // namespace
 
-std::span<const AggregateFunction> AggregateFunctions() { return kFunctions; }
+std::span<const AggregateFunction> AggregateFunctions() { return kAggregateFunctions; }
 
 }  // namespace pstolvane1::sqlite

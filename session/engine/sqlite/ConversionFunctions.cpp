@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "session/data/Ascii.h"
 #include "session/data/Currency.h"
 #include "session/engine/sqlite/Decimal.h"
 #include "session/engine/sqlite/Functions.h"
@@ -13,18 +14,9 @@
 namespace pstolvane1::sqlite {
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 [[noreturn]] void ThrowTextNot(std::string_view text, std::string_view what) {
   ThrowNot(fmt::format("\"{}\"", text), what);
 }
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool TakeSign(std::string_view& text) {
   const bool negative = !text.empty() && text[0] == '-';
@@ -48,7 +40,7 @@ std::optional<std::int64_t> WholeOf(std::string_view text, std::string_view whol
 }
 
 void TextWhole(Call& call) {
-  const std::string_view text = Trimmed(call.Text(0));
+  const std::string_view text = Trimmed(call.Text(0), kWhiteSpace);
   if (text.empty()) return call.Return(std::int64_t{0});
   const bool narrow = call.Setting(1) == 32;
   const std::optional<std::int64_t> number = WholeOf(text, call.Text(0));
@@ -101,7 +93,7 @@ std::int64_t FixedOf(std::string_view text, int places, bool commas, std::string
 }
 
 void TextMoney(Call& call) {
-  const std::string_view text = Trimmed(call.Text(0));
+  const std::string_view text = Trimmed(call.Text(0), kWhiteSpace);
   if (text.empty()) return call.Return(std::int64_t{0});
   const std::int64_t units = FixedOf(text, 4, true, "an amount of money");
   if (units % 10000 == 0) return call.Return(units / 10000);
@@ -110,7 +102,7 @@ void TextMoney(Call& call) {
 
 // As many digits as a text has may stand; the nearest double of the rounded digits is the value.
 void TextDecimal(Call& call) {
-  const std::string_view text = Trimmed(call.Text(0));
+  const std::string_view text = Trimmed(call.Text(0), kWhiteSpace);
   const int places = call.Setting(1);
   std::string_view digits = text;
   const bool negative = TakeSign(digits);
@@ -146,7 +138,7 @@ void TextDecimal(Call& call) {
 }
 
 void TextReal(Call& call) {
-  const std::string_view text = Trimmed(call.Text(0));
+  const std::string_view text = Trimmed(call.Text(0), kWhiteSpace);
   if (text.empty()) return call.Return(0.0);
   std::string_view digits = text;
   const bool negative = TakeSign(digits);
@@ -169,7 +161,7 @@ bool IsWord(std::string_view text, std::string_view word) {
 }
 
 void TextFlag(Call& call) {
-  const std::string_view text = Trimmed(call.Text(0));
+  const std::string_view text = Trimmed(call.Text(0), kWhiteSpace);
   if (IsWord(text, "true")) return call.Return(std::int64_t{1});
   if (IsWord(text, "false")) return call.Return(std::int64_t{0});
   if (text.empty() || text.find_first_not_of("+-0123456789") != std::string_view::npos) {
@@ -233,7 +225,7 @@ void RealText(Call& call) {
   ReturnText(call, text == "-0" ? "0" : text, call.Setting(1), "a number");
 }
 
-constexpr std::array kFunctions{
+constexpr std::array kConversionFunctions{
     ScalarFunction{"pst_text_whole", 2, &Scalar<TextWhole>},
     ScalarFunction{"pst_text_money", 1, &Scalar<TextMoney>},
     ScalarFunction{"pst_text_decimal", 2, &Scalar<TextDecimal>},
@@ -248,6 +240,6 @@ constexpr std::array kFunctions{
 
 }  // namespace
 
-std::span<const ScalarFunction> ConversionFunctions() { return kFunctions; }
+std::span<const ScalarFunction> ConversionFunctions() { return kConversionFunctions; }
 
 }  // namespace pstolvane1::sqlite

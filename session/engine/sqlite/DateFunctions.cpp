@@ -41,7 +41,7 @@ void DateText(Call& call) {
   call.Return(std::string_view(text).substr(0, static_cast<std::size_t>(call.Setting(2))));
 }
 
-constexpr std::array kFunctions{
+constexpr std::array kDateFunctions{
     ScalarFunction{"pst_date", 1, &Scalar<CanonicalDate>},
     ScalarFunction{"pst_year", 1, &Scalar<Year>},
     ScalarFunction{"pst_month", 1, &Scalar<Month>},
@@ -51,6 +51,6 @@ constexpr std::array kFunctions{
 
 }  // namespace
 
-std::span<const ScalarFunction> DateFunctions() { return kFunctions; }
+std::span<const ScalarFunction> DateFunctions() { return kDateFunctions; }
 
 }  // namespace pstolvane1::sqlite

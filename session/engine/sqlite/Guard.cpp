@@ -12,7 +12,7 @@ namespace pstolvane1::sqlite {
 namespace {
 
 // The engine's own functions that depend on nothing but their arguments.
-constexpr std::string_view kFunctions[] = {
+constexpr std::string_view kAllowedFunctions[] = {
     "abs",      "avg",   "ceil",      "ceiling", "char",     "coalesce",     "count",     "date",
     "datetime", "exp",   "floor",     "format",  "glob",     "group_concat", "hex",       "ifnull",
     "iif",      "instr", "julianday", "length",  "like",     "ln",           "lower",     "ltrim",
@@ -41,7 +41,7 @@ std::string_view View(const char* text) { return text != nullptr ? text : std::s
 }  // namespace
 
 bool IsAllowedFunction(std::string_view name) {
-  return Has(kFunctions, name) ||
+  return Has(kAllowedFunctions, name) ||
          std::any_of(std::begin(sql::kSqliteFunctions), std::end(sql::kSqliteFunctions),
                      [&](const auto& function) { return SameName(function.name, name); });
 }

@@ -4,10 +4,10 @@
 #include <array>
 #include <fmt/format.h>
 
+#include "session/data/Ascii.h"
+
 namespace pstolvane1::sqlite {
 namespace {
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Reads a number of exactly that many digits from the front of the text; -1 if there is none.
 int TakeNumber(std::string_view& text, std::size_t digits) {

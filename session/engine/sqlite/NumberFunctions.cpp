@@ -140,7 +140,7 @@ void DivideDecimal(Call& call) {
                           : FromUnits(quotient, 0) * FromUnits(PowerOfTen(-places), 0));
 }
 
-constexpr std::array kFunctions{
+constexpr std::array kNumberFunctions{
     ScalarFunction{"pst_money", 1, &Scalar<Money>},
     ScalarFunction{"pst_round", 2, &Scalar<Round>},
     ScalarFunction{"pst_decimal", 3, &Scalar<DecimalOf>},
@@ -155,6 +155,6 @@ constexpr std::array kFunctions{
 
 }  // namespace
 
-std::span<const ScalarFunction> NumberFunctions() { return kFunctions; }
+std::span<const ScalarFunction> NumberFunctions() { return kNumberFunctions; }
 
 }  // namespace pstolvane1::sqlite

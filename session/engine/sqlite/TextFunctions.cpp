@@ -57,7 +57,7 @@ void MapCase(Call& call) {
 UChar32 Upper(UChar32 character) { return u_toupper(character); }
 UChar32 Lower(UChar32 character) { return u_tolower(character); }
 
-constexpr std::array kFunctions{
+constexpr std::array kTextFunctions{
     ScalarFunction{"pst_like", 2, &Scalar<Like<false>>},
     ScalarFunction{"pst_like", 3, &Scalar<Like<true>>},
     ScalarFunction{"pst_upper", 1, &Scalar<MapCase<Upper>>},
@@ -66,6 +66,6 @@ constexpr std::array kFunctions{
 
 }  // namespace
 
-std::span<const ScalarFunction> TextFunctions() { return kFunctions; }
+std::span<const ScalarFunction> TextFunctions() { return kTextFunctions; }
 
 }  // namespace pstolvane1::sqlite

@@ -3,6 +3,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "tests/sql/model/Append.h"
 #include "tests/sql/model/Evaluator.h"
 
 namespace pstolvane1::sql::model {
@@ -24,11 +25,6 @@ void DropRepeated(std::vector<T>& all, Same same) {
     if (std::none_of(kept.begin(), kept.end(), equals)) kept.push_back(std::move(one));
   }
   all = std::move(kept);
-}
-
-template <typename T>
-void Append(std::vector<T>& to, const std::vector<T>& from) {
-  to.insert(to.end(), from.begin(), from.end());
 }
 
 Row Together(const Row& left, const Row& right) {

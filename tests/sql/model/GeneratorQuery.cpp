@@ -1,17 +1,9 @@
 #include <algorithm>
 
+#include "tests/sql/model/Append.h"
 #include "tests/sql/model/Generator.h"
 
 namespace pstolvane1::sql::model {
-namespace {
-
-template <typename T>
-void Append(std::vector<T>& to, const std::vector<T>& from) {
-  to.insert(to.end(), from.begin(), from.end());
-}
-
-}  // namespace
-
 Generator::Generator(std::uint64_t seed) : random_(seed) {}
 
 // Not by a distribution of the library: those differ from platform to platform.
