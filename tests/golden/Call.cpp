@@ -18,19 +18,33 @@ RecordsetPtr CallByName(clsStolvane1& session, const std::string& name,
   return outcome.value.IsEmpty() ? nullptr : outcome.value.ToRowset();
 }
 
+// open makes the rowset of an argument that is one.
+template <typename Open>
+std::vector<NamedValue> ValuesOf(const TextCall& call, Boolean blnReport, Open open) {
+  std::vector<NamedValue> values;
+  for (const TextArgument& argument : call.arguments) {
+    values.push_back({argument.name, argument.is_rowset ? Variant(open(argument))
+                                                        : Variant(TextOf(argument.value))});
+  }
+  const automation::Operation& operation = automation::GetOperation(call.operation);
+  if (automation::FindArgument(operation, "blnReport") != nullptr) {
+    values.push_back({"blnReport", blnReport});
+  }
+  return values;
+}
+
 }  // namespace
 
 RecordsetPtr Call(clsStolvane1& session, const TextCall& call, Boolean blnReport) {
-  std::vector<NamedValue> values;
-  for (const TextArgument& argument : call.arguments) {
-    values.push_back({argument.name, argument.is_rowset
-                                         ? Variant(automation::OpenSelect(session, argument.value))
-                                         : Variant(TextOf(argument.value))});
-  }
-  if (automation::FindArgument(automation::GetOperation(call.operation), "blnReport") != nullptr) {
-    values.push_back({"blnReport", blnReport});
-  }
-  return CallByName(session, call.operation, values);
+  return CallByName(session, call.operation, ValuesOf(call, blnReport, [&](const auto& argument) {
+                      return automation::OpenSelect(session, argument.value);
+                    }));
+}
+
+std::optional<std::int32_t> ReportTypeOf(const TextCall& call) {
+  const automation::Operation& operation = automation::GetOperation(call.operation);
+  const auto values = ValuesOf(call, True, [](const auto&) { return Recordset::New(); });
+  return automation::ReportTypeOf(operation, automation::Bind(operation, values));
 }
 
 void Apply(clsStolvane1& session, const CaseFile& file, const std::string& connection) {

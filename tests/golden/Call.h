@@ -1,6 +1,9 @@
 // Calls an operation by its name with arguments as text.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "CaseFile.h"
 #include "session/clsStolvane1.h"
 
@@ -9,6 +12,9 @@ namespace pstolvane1::golden {
 // The operation's rowset, or none. Optional arguments may be missing; an unknown operation or
 // argument is error 3001.
 RecordsetPtr Call(clsStolvane1& session, const TextCall& call, Boolean blnReport);
+
+// The report type that the call delivers under; none where it delivers nothing.
+[[nodiscard]] std::optional<std::int32_t> ReportTypeOf(const TextCall& call);
 
 // Connects to the books with the settings of the case: cancel, locale, year, alias, filter.
 void Apply(clsStolvane1& session, const CaseFile& file, const std::string& connection);
