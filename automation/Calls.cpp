@@ -69,6 +69,14 @@ constexpr Built kBuilt[] = {
     Member<&clsStolvane1::RtoSalesDetails>("RtoSalesDetails"),
     Member<&clsStolvane1::RtoSalesDetails1>("RtoSalesDetails1"),
     Member<&clsStolvane1::ServiceTax>("ServiceTax"),
+    Member<&clsStolvane1::ServiceReportRegno>("ServiceReportRegno"),
+    Member<&clsStolvane1::FreeServiceReport>("FreeServiceReport"),
+    Member<&clsStolvane1::FreeServiceReportDaily>("FreeServiceReportDaily"),
+    Member<&clsStolvane1::MechanicLabourReport>("MechanicLabourReport"),
+    Member<&clsStolvane1::MechanicLabourReportDaily>("MechanicLabourReportDaily"),
+    Member<&clsStolvane1::HypoReport>("HypoReport"),
+    Member<&clsStolvane1::HypoReportDaily>("HypoReportDaily"),
+    Member<&clsStolvane1::ClaimReport>("ClaimReport"),
 };
 
 const Built* FindBuilt(const Operation& operation) {

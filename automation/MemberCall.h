@@ -62,7 +62,9 @@ struct Parameter<Variant> {
 template <>
 struct Parameter<RecordsetPtr> {
   static constexpr ArgumentType kType = ArgumentType::kRowset;
-  static RecordsetPtr From(const Variant& value) { return value.ToRowset(); }
+  static RecordsetPtr From(const Variant& value) {
+    return value.IsEmpty() ? nullptr : value.ToRowset();
+  }
 };
 template <typename T>
 requires std::is_enum_v<T>

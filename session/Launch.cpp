@@ -87,6 +87,17 @@ RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnRep
   return nullptr;
 }
 
+RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
+                    const SourceQuery& query, RowBuilder own) {
+  if (!blnReport.IsTrue()) return Launch(frame, report_type, blnReport, SourceQueries{query});
+  const std::shared_ptr<ReportFrame> keep = frame.shared_from_this();
+  frame.lngReportType = report_type;
+  const SourceQueries texts = InDialect(frame, {query});
+  frame.Replace(query.source);
+  OpenAll(frame, texts, adOptionUnspecified);
+  return own(frame)->Clone(adLockUnspecified);
+}
+
 RecordsetPtr OpenPlain(ReportFrame& frame, std::string_view text) {
   frame.module.strSQL = frame.Normalise(text);
   const RecordsetPtr rowset = Recordset::New();

@@ -35,6 +35,10 @@ using SourceQueries = std::vector<SourceQuery>;
 // delivered.
 RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
                     const SourceQueries& queries);
+// For an operation of one query that takes its report type from the host: asked for with blnReport
+// exactly True it builds its own report, whatever the type; otherwise the type's row decides.
+RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
+                    const SourceQuery& query, RowBuilder own);
 
 // A query without a report type, a builder or events, in the dialect, disconnected, all defaults.
 [[nodiscard]] RecordsetPtr OpenPlain(ReportFrame& frame, std::string_view text);

@@ -252,6 +252,85 @@ class clsStolvane1 : public clsStolvane1Events {
                      float sngScale = 1, RecordsetPtr recitem = nullptr,
                      RecordsetPtr recLedger = nullptr);
 
+  // The service bills of every vehicle, by registration number: a heading, its bills, the
+  // complaints of each, and with blnDetailed its lines; the column Format tells what a line is.
+  // strFilter is a whole clause on Terms1 with its own Where, or ""; it alone chooses the bills,
+  // neither the dates nor SetFilter do. rsItm holds Itemnew_id, itemname and UOMNAME of the items
+  // (error 91 where lines need it and it is nullptr); lines of other items are left out. sngScale
+  // divides the bill's amount. A Null amount, rate or date is error 94.
+  RecordsetPtr ServiceReportRegno(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                  Boolean blnReport, Boolean blnDetailed, float sngScale,
+                                  std::string_view strFilter, const RecordsetPtr& rsItm);
+
+  // The bills of the six free services, summed by vehicle category, and with blnDetailed by model
+  // below it. Cat_id is one category, always in detail; 0 and -1 are all. strItemstate and
+  // strConsiderForSih are not used.
+  RecordsetPtr FreeServiceReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                 Boolean blnReport, Boolean blnDetailed, float sngScale,
+                                 std::string_view strItemstate, std::string_view strConsiderForSih,
+                                 std::int32_t Cat_id);
+  // The free service bills of one model by day, with blnDetailed their lines, and a total. rsItms
+  // holds ItemNew_id and itemname of the items; detailed, error 91 without it and 3265 where it
+  // lacks them. Dates and document numbers look as in the report before. reptype is the type that
+  // an asynchronous report is delivered under, as it comes. OptNo is not used.
+  RecordsetPtr FreeServiceReportDaily(ReportType reptype, std::uint8_t bytYearno, Date dtFromDate,
+                                      Date dtToDate, Boolean blnReport, Boolean blnDetailed,
+                                      float sngScale, std::int32_t Vehicle_id,
+                                      const RecordsetPtr& rsItms, std::uint8_t OptNo);
+
+  // What each mechanic billed, and how much of it was labour: lines whose item does not count for
+  // stock in hand. With blnDetailed by vehicle model (btTypeOfReport 1) or labour item (any other)
+  // below him; by item his own line has his billing once for each item. Mechanic_id is one
+  // mechanic, always in detail; 0 is all. The other three arguments are not used.
+  RecordsetPtr MechanicLabourReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                    Boolean blnReport, Boolean blnDetailed, float sngScale,
+                                    std::string_view strItemstate,
+                                    std::string_view strConsiderForSih, std::int32_t Mechanic_id,
+                                    std::uint8_t btTypeOfReport,
+                                    std::string_view strVouchertypeFilter);
+  // The bills behind one line of it, as FreeServiceReportDaily lists them, with their labour.
+  // Mechanic_id and Item_id (a model or a labour item) are 0 for all; of one labour item, the
+  // labour is that item's. What cannot be shown stays Null. OptNo and strVouchertypeFilter are not
+  // used.
+  RecordsetPtr MechanicLabourReportDaily(ReportType reptype, std::uint8_t bytYearno,
+                                         Date dtFromDate, Date dtToDate, Boolean blnReport,
+                                         Boolean blnDetailed, float sngScale,
+                                         std::int32_t Mechanic_id, std::int32_t Item_id,
+                                         std::uint8_t OptNo, const RecordsetPtr& rsItm,
+                                         std::uint8_t btTypeOfReport,
+                                         std::string_view strVouchertypeFilter);
+
+  // Vehicle sales by financier, under his pin code where btTypeOfReport is 1, and with blnDetailed
+  // by model below him. Hypo_id is one financier, always in detail; 0 is all. Sales without a
+  // financier are not listed. strItemstate, strConsiderForSih and strVouchertypeFilter are not
+  // used.
+  RecordsetPtr HypoReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, Boolean blnReport,
+                          Boolean blnDetailed, float sngScale, std::string_view strItemstate,
+                          std::string_view strConsiderForSih, std::int32_t Hypo_id,
+                          std::uint8_t btTypeOfReport, std::string_view strVouchertypeFilter);
+  // The sales behind a financier, by day. Hypo_id and Item_id (a model) are 0 for all. The amount
+  // of the vehicle is that of the first line by the name of its item. What cannot be shown stays
+  // Null. OptNo, rsItm, btTypeOfReport and strVouchertypeFilter are not used.
+  RecordsetPtr HypoReportDaily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                               Boolean blnReport, Boolean blnDetailed, float sngScale,
+                               std::int32_t Hypo_id, std::int32_t Item_id, std::uint8_t OptNo,
+                               const RecordsetPtr& rsItm, std::uint8_t btTypeOfReport,
+                               std::string_view strVouchertypeFilter);
+
+  // The warranty lines of the service bills of a period, as a claim form asks for them, with their
+  // total. Line and bill must both fall into it, and defect, vendor and performance must have
+  // names. recitem holds itemnew_id, ITemPartno and itemname of the items: error 91 where a claim
+  // needs it and it is nullptr. sngScale divides the amounts; 0 is error 11. After a report under
+  // long dates a claim is error 3265. Arguments without a use here are bytYearno, lngItem_id,
+  // lngLedger_Id, blnUseLongDate, bytOptional, blnDetailed and blnShowNarration. Returns the
+  // rowset, or Empty when it comes by event.
+  Variant ClaimReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                      std::int32_t lngItem_id = 0, std::int32_t lngLedger_Id = 0,
+                      Boolean blnUseLongDate = False, std::string_view strRefSeperator = "/",
+                      std::uint8_t bytOptional = 0, Boolean blnReport = True,
+                      Boolean blnDetailed = False, Boolean blnShowNarration = False,
+                      float sngScale = 1, const RecordsetPtr& recitem = nullptr);
+
  private:
   std::shared_ptr<class ReportFrame> frame_;
 };

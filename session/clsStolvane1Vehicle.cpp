@@ -1,7 +1,16 @@
-// The vehicle and workshop reports of the public class.
+// The vehicle and workshop reports of the public class. Each call keeps its frame to its end: a
+// handler may destroy the session inside it.
 #include "session/clsStolvane1.h"
 #include "vehicle/BuyerReport.h"
+#include "vehicle/ClaimReport.h"
+#include "vehicle/FreeServiceReport.h"
+#include "vehicle/FreeServiceReportDaily.h"
+#include "vehicle/HypoReport.h"
+#include "vehicle/HypoReportDaily.h"
+#include "vehicle/MechanicLabourReport.h"
+#include "vehicle/MechanicLabourReportDaily.h"
 #include "vehicle/RtoSalesDetails.h"
+#include "vehicle/ServiceReportRegno.h"
 #include "vehicle/ServiceTax.h"
 #include "vehicle/VehicleSearch.h"
 
@@ -32,6 +41,132 @@ VehicleSearchArguments Asked(ReportType reptype, std::uint8_t bytYearno, Date dt
 Variant InVariant(RecordsetPtr report) { return report ? Variant(std::move(report)) : Variant(); }
 
 }  // namespace
+
+RecordsetPtr clsStolvane1::ServiceReportRegno(std::uint8_t bytYearno, Date dtFromDate,
+                                              Date dtToDate, Boolean blnReport, Boolean blnDetailed,
+                                              float sngScale, std::string_view strFilter,
+                                              const RecordsetPtr& rsItm) {
+  return pstolvane1::ServiceReportRegno(*FramePtr(frame_),
+                                        {.bytYearno = bytYearno,
+                                         .dtFromDate = dtFromDate,
+                                         .dtToDate = dtToDate,
+                                         .blnDetailed = blnDetailed.IsSet(),
+                                         .sngScale = sngScale,
+                                         .strFilter = std::string(strFilter)},
+                                        rsItm, blnReport);
+}
+
+RecordsetPtr clsStolvane1::FreeServiceReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                             Boolean blnReport, Boolean blnDetailed, float sngScale,
+                                             std::string_view /*strItemstate*/,
+                                             std::string_view /*strConsiderForSih*/,
+                                             std::int32_t Cat_id) {
+  return pstolvane1::FreeServiceReport(*FramePtr(frame_),
+                                       {.bytYearno = bytYearno,
+                                        .dtFromDate = dtFromDate,
+                                        .dtToDate = dtToDate,
+                                        .blnDetailed = blnDetailed.IsSet(),
+                                        .sngScale = sngScale,
+                                        .Cat_id = Cat_id},
+                                       blnReport);
+}
+
+RecordsetPtr clsStolvane1::FreeServiceReportDaily(ReportType reptype, std::uint8_t bytYearno,
+                                                  Date dtFromDate, Date dtToDate, Boolean blnReport,
+                                                  Boolean blnDetailed, float sngScale,
+                                                  std::int32_t Vehicle_id,
+                                                  const RecordsetPtr& rsItms,
+                                                  std::uint8_t /*OptNo*/) {
+  return pstolvane1::FreeServiceReportDaily(*FramePtr(frame_), reptype,
+                                            {.bytYearno = bytYearno,
+                                             .dtFromDate = dtFromDate,
+                                             .dtToDate = dtToDate,
+                                             .blnDetailed = blnDetailed.IsSet(),
+                                             .sngScale = sngScale,
+                                             .Vehicle_id = Vehicle_id},
+                                            rsItms, blnReport);
+}
+
+RecordsetPtr clsStolvane1::MechanicLabourReport(
+    std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, Boolean blnReport, Boolean blnDetailed,
+    float sngScale, std::string_view /*strItemstate*/, std::string_view /*strConsiderForSih*/,
+    std::int32_t Mechanic_id, std::uint8_t btTypeOfReport,
+    std::string_view /*strVouchertypeFilter*/) {
+  return pstolvane1::MechanicLabourReport(*FramePtr(frame_),
+                                          {.bytYearno = bytYearno,
+                                           .dtFromDate = dtFromDate,
+                                           .dtToDate = dtToDate,
+                                           .blnDetailed = blnDetailed.IsSet(),
+                                           .sngScale = sngScale,
+                                           .Mechanic_id = Mechanic_id,
+                                           .btTypeOfReport = btTypeOfReport},
+                                          blnReport);
+}
+
+RecordsetPtr clsStolvane1::MechanicLabourReportDaily(
+    ReportType reptype, std::uint8_t bytYearno, Date dtFromDate, Date dtToDate, Boolean blnReport,
+    Boolean blnDetailed, float sngScale, std::int32_t Mechanic_id, std::int32_t Item_id,
+    std::uint8_t /*OptNo*/, const RecordsetPtr& rsItm, std::uint8_t btTypeOfReport,
+    std::string_view /*strVouchertypeFilter*/) {
+  return pstolvane1::MechanicLabourReportDaily(*FramePtr(frame_), reptype,
+                                               {.bytYearno = bytYearno,
+                                                .dtFromDate = dtFromDate,
+                                                .dtToDate = dtToDate,
+                                                .blnDetailed = blnDetailed.IsSet(),
+                                                .sngScale = sngScale,
+                                                .Mechanic_id = Mechanic_id,
+                                                .Item_id = Item_id,
+                                                .btTypeOfReport = btTypeOfReport},
+                                               rsItm, blnReport);
+}
+
+RecordsetPtr clsStolvane1::HypoReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                      Boolean blnReport, Boolean blnDetailed, float sngScale,
+                                      std::string_view /*strItemstate*/,
+                                      std::string_view /*strConsiderForSih*/, std::int32_t Hypo_id,
+                                      std::uint8_t btTypeOfReport,
+                                      std::string_view /*strVouchertypeFilter*/) {
+  return pstolvane1::HypoReport(*FramePtr(frame_),
+                                {.bytYearno = bytYearno,
+                                 .dtFromDate = dtFromDate,
+                                 .dtToDate = dtToDate,
+                                 .blnDetailed = blnDetailed.IsSet(),
+                                 .sngScale = sngScale,
+                                 .Hypo_id = Hypo_id,
+                                 .btTypeOfReport = btTypeOfReport},
+                                blnReport);
+}
+
+RecordsetPtr clsStolvane1::HypoReportDaily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                           Boolean blnReport, Boolean blnDetailed, float sngScale,
+                                           std::int32_t Hypo_id, std::int32_t Item_id,
+                                           std::uint8_t /*OptNo*/, const RecordsetPtr& /*rsItm*/,
+                                           std::uint8_t /*btTypeOfReport*/,
+                                           std::string_view /*strVouchertypeFilter*/) {
+  return pstolvane1::HypoReportDaily(*FramePtr(frame_),
+                                     {.bytYearno = bytYearno,
+                                      .dtFromDate = dtFromDate,
+                                      .dtToDate = dtToDate,
+                                      .blnDetailed = blnDetailed.IsSet(),
+                                      .sngScale = sngScale,
+                                      .Hypo_id = Hypo_id,
+                                      .Item_id = Item_id},
+                                     blnReport);
+}
+
+Variant clsStolvane1::ClaimReport(std::uint8_t /*bytYearno*/, Date dtFromDate, Date dtToDate,
+                                  std::int32_t /*lngItem_id*/, std::int32_t /*lngLedger_Id*/,
+                                  Boolean /*blnUseLongDate*/, std::string_view strRefSeperator,
+                                  std::uint8_t /*bytOptional*/, Boolean blnReport,
+                                  Boolean /*blnDetailed*/, Boolean /*blnShowNarration*/,
+                                  float sngScale, const RecordsetPtr& recitem) {
+  return InVariant(pstolvane1::ClaimReport(*FramePtr(frame_),
+                                           {.dtFromDate = dtFromDate,
+                                            .dtToDate = dtToDate,
+                                            .strRefSeperator = std::string(strRefSeperator),
+                                            .sngScale = sngScale},
+                                           recitem, blnReport));
+}
 
 RecordsetPtr clsStolvane1::AutoSearch(ReportType reptype, std::uint8_t bytYearno, Date dtFromDate,
                                       Date dtToDate, std::string_view strCriteria,

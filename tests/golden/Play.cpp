@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "Call.h"
+#include "session/modStolvane1.h"
 
 namespace pstolvane1::golden {
 namespace {
@@ -83,6 +84,8 @@ std::vector<std::string> AllCases() {
 }
 
 Outcome Play(const CaseFile& file, Path path, const std::string& connection) {
+  // As in a new program: what an earlier report on this thread has left is gone.
+  *modStolvane1::OfThisThread() = modStolvane1();
   clsStolvane1 session;
   Apply(session, file, connection);
   Outcome outcome;
