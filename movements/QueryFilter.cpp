@@ -1,6 +1,7 @@
 #include "movements/QueryFilter.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 namespace pstolvane1 {
 
