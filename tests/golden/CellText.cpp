@@ -44,10 +44,7 @@ Cells SplitCells(const std::string& line) {
       cells.back() += c;
     }
   }
-  for (std::string& cell : cells) {
-    cell = Trim(cell);
-    if (cell == "(null)") cell.clear();
-  }
+  for (std::string& cell : cells) cell = Trim(cell);
   return cells;
 }
 
