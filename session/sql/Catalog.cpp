@@ -165,7 +165,8 @@ std::optional<CatalogColumn> ColumnOfDeclaration(std::string_view name,
   if (column.type == Type::kText) column.size = first;
   if (column.type == Type::kDate) column.date_has_time = declared.word != "date";
   if (declared.word == "float" && declared.count > 0 && first <= 24) column.type = Type::kSingle;
-  if (column.type == Type::kMoney && declared.count == 2 && second > 4) {
+  // Sized at all, and not as money: what is declared without a size may hold any amount.
+  if (column.type == Type::kMoney && declared.count > 0 && second != 4) {
     column.type = Type::kDecimal;
     column.digits = first;
     column.places = second;

@@ -93,6 +93,7 @@ class Grammar {
   // --- Queries
   enum class Where { kStatement, kInside };
   Query ReadQuery(Where where);
+  void AddEnclosed(Query& query, UnionKind joined_by, Query inner, Place place);
   void ReadBranch(Query& query, UnionKind joined_by);
   Select ReadSelect();
   void ReadTop(Select& select);

@@ -48,12 +48,28 @@ void Grammar::ReadBranch(Query& query, UnionKind joined_by) {
     query.order_by = std::move(inner.order_by);
     return;
   }
-  if (inner.branches.size() > 1 || !inner.order_by.empty()) {
-    Fail(place,
-         "only a plain SELECT can stand in parentheses behind UNION; a derived table says "
-         "the same");
+  AddEnclosed(query, joined_by, std::move(inner), place);
+}
+
+// What is joined in the same way needs no parentheses: each double row goes, or each stays.
+// Otherwise the parentheses are a derived table.
+void Grammar::AddEnclosed(Query& query, UnionKind joined_by, Query inner, Place place) {
+  const bool alike = std::ranges::all_of(inner.branches, [&](const QueryBranch& branch) {
+    return joined_by == UnionKind::kDistinct || branch.joined_by != UnionKind::kDistinct;
+  });
+  if (alike && inner.order_by.empty()) {
+    for (QueryBranch& branch : inner.branches) {
+      query.branches.push_back({joined_by, std::move(branch.select)});
+    }
+    return;
   }
-  query.branches.push_back({joined_by, std::move(inner.branches[0].select)});
+  Select select{};
+  select.place = place;
+  select.id = statement_.selects++;
+  select.items.push_back({nullptr, {}, {}, place});
+  select.from.push_back(MakeTable(
+      place, DerivedTable{std::make_unique<Query>(std::move(inner)), {"in parentheses", place}}));
+  query.branches.push_back({joined_by, std::move(select)});
 }
 
 Select Grammar::ReadSelect() {

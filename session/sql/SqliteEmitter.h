@@ -1,6 +1,7 @@
 // Writes a bound SELECT as text for SQLite, with the functions of SqliteFunctions.h.
 #pragma once
 
+#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -24,14 +25,16 @@ namespace pstolvane1::sql {
 enum class SqliteForm {
   kSettled,
   kNoise,  // money or decimal: right but for the last bits of a double
-  kRaw,    // to be rounded (money, decimal), checked (whole numbers), brought to 0 or 1 (flags), or
-           // brought to the canonical text (dates)
+  kRaw,    // to be rounded (money, decimal), checked (whole numbers, floats), brought to 0 or 1
+           // (flags), or brought to the canonical text (dates)
 };
 
 struct SqliteState {
   SqliteForm form = SqliteForm::kSettled;
   bool real = false;         // never an integer of SQLite's
   double low = 0, high = 0;  // of whole numbers: between what they lie
+  // Of floats: none is larger, unless the value is raw and may have left its range.
+  double reach = std::numeric_limits<double>::max();
 };
 
 // How tightly a text binds, loosest first.
@@ -133,6 +136,9 @@ class SqliteEmitter {
 [[nodiscard]] SqliteState Merged(const SqliteState& a, const SqliteState& b);
 [[nodiscard]] SqliteText SettledText(SqliteText value, const ValueType& type);
 [[nodiscard]] SqliteState WholeState(const ValueType& type);
+[[nodiscard]] bool IsFloat(Type type);
+// What the size of a settled number never goes beyond.
+[[nodiscard]] double ReachOf(const SqliteText& value, const ValueType& type);
 [[nodiscard]] bool IsWhole(Type type);
 [[nodiscard]] int BitsOf(Type type);
 

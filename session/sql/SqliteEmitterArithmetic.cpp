@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
+#include <limits>
 
 #include "session/sql/SqliteEmitter.h"
 
@@ -17,6 +19,15 @@ bool IsOne(const std::string& digits) { return std::strtod(digits.c_str(), nullp
 
 std::string AsReal(const std::string& digits) {
   return digits.find_first_of(".eE") == std::string::npos ? digits + ".0" : digits;
+}
+
+// Of a result that reckons to at most so much; SQLite goes on with infinity where it is more.
+SqliteState FloatState(double reach, bool real) {
+  SqliteState state;
+  state.real = real;
+  state.form = std::isfinite(reach) ? SqliteForm::kSettled : SqliteForm::kRaw;
+  state.reach = std::isfinite(reach) ? reach : std::numeric_limits<double>::max();
+  return state;
 }
 
 int PlacesOf(const bound::Expr& exact) { return AsDecimal(exact.type).places; }
@@ -51,6 +62,10 @@ SqliteText SqliteEmitter::SumText(const bound::Arithmetic& node, const ValueType
     const int places = product ? PlacesOf(*node.left) + PlacesOf(*node.right)
                                : std::max(PlacesOf(*node.left), PlacesOf(*node.right));
     text.state.form = places > type.places ? SqliteForm::kRaw : SqliteForm::kNoise;
+  } else if (IsFloat(type.type)) {
+    const double a = ReachOf(left, node.left->type);
+    const double b = ReachOf(right, node.right->type);
+    text.state = FloatState(product ? a * b : a + b, text.state.real);
   } else if (IsWhole(type.type)) {
     const SqliteState& a = left.state;
     const SqliteState& b = right.state;
@@ -94,6 +109,10 @@ SqliteText SqliteEmitter::QuotientText(const bound::Arithmetic& node, const Valu
   if (type.type == Type::kMoney) state.form = SqliteForm::kRaw;
   if (literal != nullptr) {
     const std::string divisor = left.state.real ? *literal : AsReal(*literal);
+    if (IsFloat(type.type)) {
+      const double by = std::fabs(std::strtod(literal->c_str(), nullptr));
+      state = FloatState(ReachOf(left, node.left->type) / by, true);
+    }
     return {Bracketed(left, SqliteBinding::kMultiply) + " / " + divisor, SqliteBinding::kMultiply,
             state};
   }

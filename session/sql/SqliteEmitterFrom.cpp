@@ -123,7 +123,8 @@ std::string SqliteEmitter::SourceText(const bound::Source& source) {
     const bool raw = column.type.type == Type::kFlag ||
                      (column.type.type == Type::kDate && column.type.has_time);
     if (raw) state.form = SqliteForm::kRaw;
-    state.real = column.type.type == Type::kSingle || column.type.type == Type::kReal;
+    state.real = IsFloat(column.type.type);
+    if (column.type.type == Type::kSingle) state.reach = std::numeric_limits<float>::max();
     states.push_back(state);
   }
   const std::string table = QuotedName(source.table->name);

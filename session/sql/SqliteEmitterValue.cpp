@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "session/sql/SqliteEmitter.h"
@@ -15,6 +17,7 @@ SqliteText LiteralText(const bound::Literal& literal, Type type) {
   SqliteText text{literal.text, SqliteBinding::kSingle, {}};
   text.state.real = literal.text.find_first_of(".eE") != std::string::npos;
   text.state.low = text.state.high = IsWhole(type) ? std::stod(literal.text) : 0;
+  if (IsFloat(type)) text.state.reach = std::fabs(std::strtod(literal.text.c_str(), nullptr));
   return text;
 }
 
@@ -37,7 +40,23 @@ SqliteText SqliteCall(std::string_view name, const std::vector<std::string>& arg
 
 SqliteState Merged(const SqliteState& a, const SqliteState& b) {
   return {std::max(a.form, b.form), a.real && b.real, std::min(a.low, b.low),
-          std::max(a.high, b.high)};
+          std::max(a.high, b.high), std::max(a.reach, b.reach)};
+}
+
+bool IsFloat(Type type) { return type == Type::kSingle || type == Type::kReal; }
+
+double ReachOf(const SqliteText& value, const ValueType& type) {
+  switch (type.type) {
+    case Type::kWhole:
+    case Type::kBigWhole:
+      return std::max(std::fabs(value.state.low), std::fabs(value.state.high));
+    case Type::kMoney:
+      return 922337203685477.5807;
+    case Type::kDecimal:
+      return std::pow(10.0, type.digits - type.places);
+    default:
+      return value.state.reach;
+  }
 }
 
 bool IsWhole(Type type) { return type == Type::kWhole || type == Type::kBigWhole; }
@@ -71,6 +90,9 @@ SqliteText SettledText(SqliteText value, const ValueType& type) {
       return SqliteCall("pst_round", {value.text, std::to_string(type.places)});
     case Type::kDate:
       return SqliteCall("pst_date", {value.text});
+    case Type::kSingle:
+    case Type::kReal:
+      return SqliteCall("pst_finite", {value.text}, {SqliteForm::kSettled, value.state.real, 0, 0});
     default:
       return value;
   }

@@ -27,6 +27,8 @@ inline constexpr SqliteFunction kSqliteFunctions[] = {
     // (x): the nearest amount of four decimals, half to even, as Currency::FromDouble; an integer
     // stays an integer. Error 6.
     {"pst_money", 1},
+    // (x): x itself, a float. Error 6 for an infinite one: arithmetic that has left its range.
+    {"pst_finite", 1},
     // (x, n): x, taken to 15 significant digits, to n decimals, half away from zero; n may be
     // negative. Real, or integer for an integer x.
     {"pst_round", 2},

@@ -105,7 +105,11 @@ std::optional<ValueType> ArithmeticType(ArithmeticOp op, const ValueType& a, con
   }
   // An amount has more figures than the seven of a 32-bit float, so that a quantity times a rate is
   // wider than the dialect's model makes it.
-  if (high == Type::kSingle && low == Type::kMoney) return ValueType{Type::kReal};
+  constexpr int kFiguresOfSingle = 7;
+  const ValueType& lower = a.type == low ? a : b;
+  const bool amount =
+      low == Type::kMoney || (low == Type::kDecimal && lower.digits > kFiguresOfSingle);
+  if (high == Type::kSingle && amount) return ValueType{Type::kReal};
   ValueType result = a.type == high ? a : b;
   if (high == Type::kWhole) result.digits = 0;
   return result;

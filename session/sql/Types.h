@@ -38,7 +38,8 @@ struct ValueType {
 [[nodiscard]] std::optional<ValueType> CommonType(const ValueType& a, const ValueType& b);
 
 // What + - * / % give, a text having become the other side's type before. Text for + of two texts,
-// a 64-bit float for money with a single, else the higher rank.
+// a 64-bit float for money with a single, and for a decimal of more figures than a single has, else
+// the higher rank.
 // Empty for what has no arithmetic: two flags, dates, two texts under another operator, % of
 // anything but whole numbers.
 [[nodiscard]] std::optional<ValueType> ArithmeticType(ArithmeticOp op, const ValueType& a,

@@ -137,8 +137,9 @@ TEST(PostgresSchema, EveryTypeIsWhatItIsToTheDialect) {
   EXPECT_EQ(Described("int4"), "whole number");
   EXPECT_EQ(Described("int8"), "big whole number");
   EXPECT_EQ(Described("numeric", "", Numeric(19, 4)), "money");
-  EXPECT_EQ(Described("numeric", "", Numeric(10, 2)), "money");
+  EXPECT_EQ(Described("numeric", "", Numeric(10, 2)), "decimal number(10,2)");
   EXPECT_EQ(Described("numeric", "", Numeric(12, 6)), "decimal number(12,6)");
+  EXPECT_EQ(Described("numeric", "", Numeric(12, 2)), "decimal number(12,2)");
   EXPECT_EQ(Described("numeric"), "money read ::numeric(19,4)");
   EXPECT_EQ(Described("money"), "money read ::numeric(19,4)");
   EXPECT_EQ(Described("float4"), "single read ::text::float8");

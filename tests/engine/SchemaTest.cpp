@@ -3,6 +3,7 @@
 
 #include "session/engine/Engines.h"
 #include "session/engine/sqlite/Schema.h"
+#include "session/engine/sqlite/ViewText.h"
 #include "tests/engine/TestBooks.h"
 
 namespace pstolvane1::sqlite {

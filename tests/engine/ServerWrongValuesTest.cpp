@@ -3,6 +3,7 @@
 
 #include "session/engine/postgres/ColumnCheck.h"
 #include "session/engine/postgres/PostgresProvider.h"
+#include "tests/engine/SameExit.h"
 #include "tests/engine/WrongValues.h"
 #include "tests/server/Server.h"
 
@@ -68,6 +69,12 @@ TEST(ServerWrongValues, AStateThatNobodyHasChangedIsKnownAgain) {
   const std::string before = scratch.Run(text);
   EXPECT_THAT(Lines(provider, "SELECT sum(qty) AS s FROM t"), ElementsAre("5"));
   EXPECT_EQ(scratch.Run(text), before) << "a report takes no part in the server's transactions";
+}
+
+TEST(SameExit, OfAServer) {
+  const Scratch scratch(kTablesOfSameExit);
+  PostgresProvider provider(scratch.ConnectionString(), kNoLimit);
+  ExpectSameExits(provider);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "session/engine/sqlite/ColumnCheck.h"
+#include "tests/engine/SameExit.h"
 #include "tests/engine/TestBooks.h"
 #include "tests/engine/WrongValues.h"
 
@@ -136,6 +137,11 @@ TEST(WrongValues, AreLookedForOnceInAStateOfTheBooks) {
   EXPECT_EQ(look(), "13 t.qty holds \"NaN\", which is not a number");
   books.Write("UPDATE t SET qty = 5");
   EXPECT_EQ(look(), "no error") << "what failed is looked at again";
+}
+
+TEST(SameExit, OfAFile) {
+  const TestBooks books(kTablesOfSameExit);
+  ExpectSameExits(*std::make_shared<SqliteProvider>(books.Path(), kNoLimit));
 }
 
 }  // namespace

@@ -43,10 +43,13 @@ TEST(DeclaredTypes, OfBooksMadeElsewhere) {
   EXPECT_EQ(MeaningOf("double"), "real number");
   EXPECT_EQ(MeaningOf(" Double   Precision "), "real number");
   for (const char* money :
-       {"MONEY", "smallmoney", "currency", "numeric", "numeric(10)", "NUMERIC ( 12 , 2 )"}) {
+       {"MONEY", "smallmoney", "currency", "numeric", "decimal", "NUMERIC ( 12 , 4 )"}) {
     EXPECT_EQ(MeaningOf(money), "money") << money;
   }
   EXPECT_EQ(MeaningOf("decimal(18, 6)"), "decimal number(18,6)");
+  EXPECT_EQ(MeaningOf("decimal(12,2)"), "decimal number(12,2)");
+  EXPECT_EQ(MeaningOf("numeric(9)"), "decimal number(9,0)");
+  EXPECT_EQ(MeaningOf("numeric(12,4)"), "money");
   EXPECT_EQ(MeaningOf("timestamp"), "date with time");
   EXPECT_EQ(MeaningOf("SMALLDATETIME"), "date with time");
   EXPECT_EQ(MeaningOf("datetime2(7)"), "date with time");

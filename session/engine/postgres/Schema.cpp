@@ -68,7 +68,7 @@ void ReadNumeric(sql::CatalogColumn& column, int modifier) {
   }
   const int digits = ((modifier - kModifierBase) >> 16) & 0xFFFF;
   const int places = (modifier - kModifierBase) & 0x7FF;
-  if (places <= 4) return;
+  if (places == 4) return;
   column.type = Type::kDecimal;
   column.digits = digits;
   column.places = places;

@@ -73,6 +73,7 @@ void AddReal(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   Guarded(context, [&] {
     auto* total = StateOf<RealSum>(context);
     const double value = sqlite3_value_double(values[0]);
+    if (!std::isfinite(value)) ThrowOutOfRange("a result", "a number");
     const double sum = total->sum + value;
     total->lost += std::fabs(total->sum) >= std::fabs(value) ? (total->sum - sum) + value
                                                              : (value - sum) + total->sum;

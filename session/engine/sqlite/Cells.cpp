@@ -82,12 +82,16 @@ bool HasNumber(Value value) {
 // A zero has no sign.
 void WriteReal(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
   if (!HasNumber(value)) return;
-  chunk.Set<double>(column, row, sqlite3_value_double(value) + 0.0);
+  const double number = sqlite3_value_double(value);
+  if (std::isinf(number)) ThrowOutOfRange(value, "a number");
+  chunk.Set<double>(column, row, number + 0.0);
 }
 
 void WriteDecimal(Value value, Chunk& chunk, std::size_t column, std::size_t row) {
   if (!HasNumber(value)) return;
-  chunk.Set<double>(column, row, InSureDigits(sqlite3_value_double(value)));
+  const double number = sqlite3_value_double(value);
+  if (std::isinf(number)) ThrowOutOfRange(value, "a number");
+  chunk.Set<double>(column, row, InSureDigits(number));
 }
 
 void WriteSingle(Value value, Chunk& chunk, std::size_t column, std::size_t row) {

@@ -61,6 +61,11 @@ void Round(Call& call) {
   call.Return(static_cast<std::int64_t>(rounded));
 }
 
+void Finite(Call& call) {
+  if (!std::isfinite(call.Number(0))) ThrowOutOfRange("a result", "a number");
+  call.ReturnArgument(0);
+}
+
 void DecimalOf(Call& call) {
   const int before_point = call.Setting(1) - call.Setting(2);
   const double x = call.Number(0);
@@ -142,6 +147,7 @@ void DivideDecimal(Call& call) {
 
 constexpr std::array kNumberFunctions{
     ScalarFunction{"pst_money", 1, &Scalar<Money>},
+    ScalarFunction{"pst_finite", 1, &Scalar<Finite>},
     ScalarFunction{"pst_round", 2, &Scalar<Round>},
     ScalarFunction{"pst_decimal", 3, &Scalar<DecimalOf>},
     ScalarFunction{"pst_fits", 2, &Scalar<FitsBits>},

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "session/engine/sqlite/Errors.h"
+#include "session/engine/sqlite/ViewText.h"
+#include "session/sql/Names.h"
 
 namespace pstolvane1::sqlite {
 namespace {
@@ -97,11 +99,37 @@ sql::Type TypeOfExpression(sql::Type found) {
   }
 }
 
+using Columns = std::vector<sql::ResultColumn>;
+
+Columns TypedColumns(std::string_view view, const Translator& translate,
+                     const sql::Catalog& catalog) {
+  const WithClause with = ReadWith(view);
+  if (with.tables.empty()) return translate(view, catalog).columns;
+  std::vector<sql::CatalogTable> tables = catalog.Tables();
+  for (const WithClause::Table& one : with.tables) {
+    const Columns found = translate(one.select, sql::Catalog(tables)).columns;
+    sql::CatalogTable table{.name = std::string(one.name), .columns = {}};
+    for (std::size_t i = 0; i < found.size(); ++i) {
+      const bool renamed = i < one.columns.size();
+      table.columns.push_back({.name = renamed ? std::string(one.columns[i]) : found[i].name,
+                               .type = TypeOfExpression(found[i].type),
+                               .size = found[i].size,
+                               .date_has_time = true});
+    }
+    // It stands before a table of the same name.
+    std::erase_if(tables, [&](const sql::CatalogTable& other) {
+      return sql::SameName(other.name, table.name);
+    });
+    tables.push_back(std::move(table));
+  }
+  return translate(with.rest, sql::Catalog(std::move(tables))).columns;
+}
+
 // True when it has given a type to a column that had none.
 bool TypeExpressions(Described& view, const Translator& translate, const sql::Catalog& catalog) {
-  std::vector<sql::ResultColumn> found;
+  Columns found;
   try {
-    found = translate(view.view, catalog).columns;
+    found = TypedColumns(view.view, translate, catalog);
   } catch (const Error&) {
     return false;  // a view need not be of the dialect
   }
@@ -117,53 +145,7 @@ bool TypeExpressions(Described& view, const Translator& translate, const sql::Ca
   return true;
 }
 
-bool IsNameCharacter(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
-         c == '$' || (static_cast<unsigned char>(c) & 0x80U) != 0;
-}
-
-// Where the quoted text, comment or parenthesis that begins there has ended; the place itself when
-// nothing of that kind begins.
-std::size_t BehindQuoted(std::string_view text, std::size_t at) {
-  const auto behind = [&](std::string_view end, std::size_t from) {
-    const std::size_t found = text.find(end, from);
-    return found == text.npos ? text.size() : found + end.size();
-  };
-  switch (text[at]) {
-    case '\'':
-    case '"':
-    case '`':
-      return behind(text.substr(at, 1), at + 1);
-    case '[':
-      return behind("]", at + 1);
-    case '(':
-      return behind(")", at + 1);
-    case '-':
-      return text.substr(at, 2) == "--" ? behind("\n", at) : at;
-    case '/':
-      return text.substr(at, 2) == "/*" ? behind("*/", at + 2) : at;
-    default:
-      return at;
-  }
-}
-
 }  // namespace
-
-std::string_view BodyOfView(std::string_view create) {
-  for (std::size_t at = 0; at < create.size();) {
-    if (const std::size_t behind = BehindQuoted(create, at); behind != at) {
-      at = behind;
-      continue;
-    }
-    std::size_t end = at;
-    while (end < create.size() && IsNameCharacter(create[end])) ++end;
-    if (end - at == 2 && (create[at] | 0x20) == 'a' && (create[at + 1] | 0x20) == 's') {
-      return create.substr(end);
-    }
-    at = std::max(end, at + 1);
-  }
-  return {};
-}
 
 sql::Catalog ReadCatalog(Database& database, const Translator& translate, Watch& watch) {
   const Database::Running running(database, watch);

@@ -17,7 +17,4 @@ namespace pstolvane1::sqlite {
 [[nodiscard]] sql::Catalog ReadCatalog(Database& database, const Translator& translate,
                                        Watch& watch);
 
-// The SELECT of "CREATE VIEW name AS SELECT ..."; empty when there is none.
-[[nodiscard]] std::string_view BodyOfView(std::string_view create);
-
 }  // namespace pstolvane1::sqlite
