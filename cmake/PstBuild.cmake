@@ -1,4 +1,4 @@
-# How everything of this project is compiled, and the four functions that its folders use.
+# How everything of this project is compiled, and the functions that its folders use.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -18,22 +18,51 @@ target_compile_options(pst_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wundef -Werror)
 
+if(PSTOLVANE1_TOGETHER GREATER 1)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+endif()
+
+# pst_compile_together(TARGET): compiles its sources in groups of at most PSTOLVANE1_TOGETHER, which
+# takes a third of the time. Each source means what it means alone: cmake/groups.py sees to it.
+function(pst_compile_together target)
+  if(NOT PSTOLVANE1_TOGETHER GREATER 1)
+    return()
+  endif()
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "^[^$].*\\.cpp$")
+  execute_process(
+    COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/cmake/groups.py
+            ${PROJECT_SOURCE_DIR} ${PSTOLVANE1_TOGETHER} ${sources}
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}
+    OUTPUT_VARIABLE lines OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  string(REPLACE "\n" ";" lines "${lines}")
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+  foreach(line IN LISTS lines)
+    string(REPLACE " " ";" line "${line}")
+    list(GET line 0 group)
+    list(GET line 1 source)
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${target}_${group})
+  endforeach()
+endfunction()
+
 # pst_library(NAME SOURCES files... LINK targets...): one folder of the library. What it may reach
 # is what it links; scripts/lint holds the includes against the same order.
 function(pst_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
+  pst_compile_together(${name})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE $<BUILD_INTERFACE:pst_flags>)
   set_property(GLOBAL APPEND PROPERTY PST_LIBRARIES ${name})
 endfunction()
 
-# pst_test(NAME [SERVER] [LARGE] [SHARDS n] SOURCES files... LINK targets...): one test program, which
+# pst_test(NAME [SERVER] [THREADS] [SHARDS n] SOURCES files... LINK targets...): one test program, which
 # ctest runs as a whole, or as n runs that share its cases. With SERVER it has the throw-away
-# PostgreSQL server of tests/server. LARGE ones are left out under the thread sanitizer, which slows
-# them tenfold.
+# PostgreSQL server of tests/server. Those with THREADS run under the thread sanitizer as well.
+add_custom_target(threads_tests)
 function(pst_test name)
-  cmake_parse_arguments(ARG "SERVER;LARGE" "SHARDS" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SERVER;THREADS" "SHARDS" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
+  pst_compile_together(${name})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} test_files GTest::gtest_main GTest::gmock pst_flags)
   set(environment "")
   set(properties TIMEOUT 1800)
@@ -42,8 +71,9 @@ function(pst_test name)
     list(APPEND properties FIXTURES_REQUIRED postgres)
     list(APPEND environment "PST_POSTGRES=${PST_POSTGRES}")
   endif()
-  if(ARG_LARGE)
-    list(APPEND properties LABELS large)
+  if(ARG_THREADS)
+    add_dependencies(threads_tests ${name})
+    list(APPEND properties LABELS threads)
   endif()
   if(NOT ARG_SHARDS)
     set(ARG_SHARDS 1)
@@ -77,5 +107,5 @@ function(pst_fuzz name)
   target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
   target_link_libraries(${name} PRIVATE ${ARG_LINK} pst_flags)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
-  set_property(GLOBAL APPEND PROPERTY PST_FUZZ_TARGETS ${name})
+  add_dependencies(fuzz_targets ${name})
 endfunction()

@@ -43,7 +43,8 @@ std::string NameOf(const testing::TestParamInfo<Setup>& info) {
 
 Outcome RunCase(const CaseFile& file, Path path, Engine engine) {
   if (engine == Engine::kPostgres) {
-    const ServerBooks books(file.books);
+    static ServerBooks books;
+    books.Hold(file.books);
     return Play(file, path, books.ConnectionString());
   }
   const SmallBooks books(file.books);

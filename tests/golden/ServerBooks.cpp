@@ -1,6 +1,7 @@
 #include "ServerBooks.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "session/books/Schema.h"
 #include "session/sql/EngineText.h"
@@ -44,13 +45,16 @@ std::string Inserted(const TextTable& table) {
 
 }  // namespace
 
-std::string RowsOf(const std::vector<TextTable>& tables) {
-  std::string statements;
-  for (const TextTable& table : tables) statements += Inserted(table);
+std::string CaseRows::Replace(const std::vector<TextTable>& tables) {
+  std::string statements = std::move(take_away_);
+  take_away_.clear();
+  for (const TextTable& table : tables) {
+    statements += Inserted(table);
+    take_away_ += "DELETE FROM " + sql::QuotedName(books::FindTable(table.name)->name) + ";";
+  }
   return statements;
 }
 
-ServerBooks::ServerBooks(const std::vector<TextTable>& tables)
-    : scratch_(books::PostgresSchema() + RowsOf(tables)) {}
+ServerBooks::ServerBooks() : scratch_(books::PostgresSchema()) {}
 
 }  // namespace pstolvane1::golden

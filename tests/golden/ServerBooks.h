@@ -9,18 +9,29 @@
 
 namespace pstolvane1::golden {
 
-// Statements that add the rows to PostgreSQL books.
-[[nodiscard]] std::string RowsOf(const std::vector<TextTable>& tables);
+// The rows of one case after the other in the same PostgreSQL books, because making books takes the
+// server many times as long as a case.
+class CaseRows {
+ public:
+  // Statements that take away what the case before put in, and put these rows in.
+  [[nodiscard]] std::string Replace(const std::vector<TextTable>& tables);
 
-// PostgreSQL books with the reference schema and these rows; they go with the object.
+ private:
+  std::string take_away_;
+};
+
+// PostgreSQL books with the reference schema; they go with the object.
 class ServerBooks {
  public:
-  explicit ServerBooks(const std::vector<TextTable>& tables);
+  ServerBooks();
 
+  // They hold these rows and no others.
+  void Hold(const std::vector<TextTable>& tables) { scratch_.Run(rows_.Replace(tables)); }
   [[nodiscard]] const std::string& ConnectionString() const { return scratch_.ConnectionString(); }
 
  private:
   Scratch scratch_;
+  CaseRows rows_;
 };
 
 }  // namespace pstolvane1::golden
