@@ -44,11 +44,11 @@ constexpr std::array<Argument, 13> PendingArguments(const Argument& first, const
           kFrom.Optional(),
           kTo.Optional(),
           kReport.Optional("true"),
-          kScale.Optional("1"),
+          Single("sngScale", kNotUsed).Optional("1"),
           Byte("bytOptional", kNotUsed).Optional(),
           Flag("blnDetailed", "Add lines with godown and batch.").Optional(),
           Flag("LongDate", "Show dates in full.").Optional(),
-          Flag("blnShowNarr", "Add lines with the narration.").Optional(),
+          Flag("blnShowNarr", kNotUsed).Optional(),
           Text("strRefSep", "Stands between the parts of a document number.").Optional("/"),
           Flag("blnIncludeRelatedVoucherTypes", kNotUsed).Optional("true")};
 }

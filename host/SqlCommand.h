@@ -10,8 +10,7 @@ namespace pstolvane1::host {
 struct SqlOptions {
   std::string books;
   std::string text;
-  std::string condition_on;  // tables: the text is a condition on them, which is checked alone
-  bool translate = false;    // print the engine's text instead of running it
+  bool translate = false;  // print the engine's text instead of running it
   OutputOptions output;
 };
 

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <string_view>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "host/OutputStream.h"
-#include "host/StopSignals.h"
 #include "host/TextTable.h"
 
 namespace pstolvane1::host {
@@ -51,18 +50,18 @@ bool Fits(const std::string& text) {
 bool StandardOutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
 bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
 
-void Show(const std::string& text) {
+bool Show(const std::string& text) {
   if (StandardOutputIsTerminal() && !Fits(text)) {
     const char* chosen = std::getenv("PAGER");
     const std::string pager = chosen != nullptr && *chosen != '\0' ? chosen : kUsualPager;
-    const SignalsForThePager signals;
-    if (FILE* pipe = signals.Open(pager); pipe != nullptr) {
+    if (FILE* pipe = popen(pager.c_str(), "w"); pipe != nullptr) {
       std::fwrite(text.data(), 1, text.size(), pipe);
       const int status = pclose(pipe);
-      if (WIFEXITED(status) && WEXITSTATUS(status) != kNoSuchCommand) return;
+      if (WIFEXITED(status) && WEXITSTATUS(status) != kNoSuchCommand) return true;
     }
   }
-  WriteToStandardOutput(text);
+  std::cout << text << std::flush;
+  return std::cout.good();
 }
 
 }  // namespace pstolvane1::host

@@ -2,6 +2,7 @@
 
 #include "pending/FreeQuantity.h"
 #include "pending/FreeQuantity_Initial.h"
+#include "pending/PendingDocuments.h"
 
 namespace pstolvane1 {
 
@@ -10,7 +11,7 @@ std::span<const ReportRow> PendingReports() {
       Rows(rtFreeQuantity_Itemwise, rtFreeQuantity_Partywise, 1, &mFreeQuantity, kLinesCounted),
       Rows(rtFreeQuantity_Itemwise_Initial, rtFreeQuantity_Partywise_Initial, 1,
            &mFreeQuantity_Initial),
-      Rows(rtPendingByItem, rtPendingByEmployee, 1, nullptr, kLinesCounted),
+      Rows(rtPendingByItem, rtPendingByEmployee, 1, &mPending, kLinesCounted),
   };
   return kRows;
 }

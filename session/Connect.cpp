@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "session/ReportFrame.h"
-#include "session/data/ConnectionAccess.h"
 
 namespace pstolvane1 {
 namespace {
@@ -30,7 +29,6 @@ void ReportFrame::SetConnection(std::string_view saved_connection,
   const std::string suffix(currency_suffix);
   try {
     MainCn = make_connection_();
-    abandoning_.ReadFrom(ConnectionAccess::FetchesOf(*MainCn));
     module.strSavedConnection = saved_connection;
     Connect(std::string(connection_string), asynchronous);
     module.dtBooksFrom = books_from;

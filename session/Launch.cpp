@@ -5,7 +5,6 @@
 
 #include "session/QueryText.h"
 #include "session/data/OpenTogether.h"
-#include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 namespace {
@@ -46,7 +45,6 @@ SourceQueries InDialect(ReportFrame& frame, const SourceQueries& queries) {
     if (!query.swap.from.empty()) {
       query.text = ReplaceAll(query.text, query.swap.from, query.swap.to);
     }
-    RefuseComments(query.text);
     *texts.at(i) = query.text;
   }
   return brought;
@@ -57,40 +55,6 @@ void CheckQueries(const ReportRow& row, std::int32_t report_type, const SourceQu
   throw Error(ErrorNumber::kArgumentOutOfRange,
               fmt::format("{} is launched with {} queries, but its row awaits {}",
                           ReportTypeText(report_type), queries.size(), row.Queries()));
-}
-
-// Does the work of a report that is asked for now. Once it is abandoned, what the work throws says
-// no more than that.
-template <typename Report>
-RecordsetPtr InHand(ReportFrame& frame, Report&& report) {
-  const WorkInHand in_hand(WorkInHand::Kind::kReport);
-  frame.BeginReport();
-  try {
-    const RecordsetPtr rowset = report();
-    if (rowset) in_hand.Check();
-    return rowset;
-  } catch (const Error&) {
-    in_hand.Check();
-    throw;
-  }
-}
-
-RecordsetPtr OpenAndBuild(ReportFrame& frame, const ReportRow& row, Boolean blnReport,
-                          const SourceQueries& texts) {
-  for (const SourceQuery& query : texts) frame.Replace(query.source);
-  if (blnReport.IsTrue()) {
-    OpenAll(frame, texts, adOptionUnspecified);
-    return frame.Build(row);
-  }
-  if (row.opening == Opening::kOpenAndSignal) {
-    OpenAll(frame, texts, adOptionUnspecified);
-    frame.SourceFetchComplete();
-    return nullptr;
-  }
-  if (row.opening == Opening::kFetch) Prepare(frame, texts);
-  if (row.preloaded_fetches != 0) frame.module.bytFetchesDone = row.preloaded_fetches;
-  OpenAll(frame, texts, adAsyncExecuteFetch);
-  return nullptr;
 }
 
 // A type that no family has a row for.
@@ -107,7 +71,20 @@ RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnRep
   CheckQueries(row, report_type, queries);
   frame.lngReportType = report_type;
   const SourceQueries texts = InDialect(frame, queries);
-  return InHand(frame, [&] { return OpenAndBuild(frame, row, blnReport, texts); });
+  for (const SourceQuery& query : texts) frame.Replace(query.source);
+  if (blnReport.IsTrue()) {
+    OpenAll(frame, texts, adOptionUnspecified);
+    return frame.Build(row);
+  }
+  if (row.opening == Opening::kOpenAndSignal) {
+    OpenAll(frame, texts, adOptionUnspecified);
+    frame.SourceFetchComplete();
+    return nullptr;
+  }
+  if (row.opening == Opening::kFetch) Prepare(frame, texts);
+  if (row.preloaded_fetches != 0) frame.module.bytFetchesDone = row.preloaded_fetches;
+  OpenAll(frame, texts, adAsyncExecuteFetch);
+  return nullptr;
 }
 
 RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
@@ -116,22 +93,17 @@ RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnRep
   const std::shared_ptr<ReportFrame> keep = frame.shared_from_this();
   frame.lngReportType = report_type;
   const SourceQueries texts = InDialect(frame, {query});
-  return InHand(frame, [&] {
-    frame.Replace(query.source);
-    OpenAll(frame, texts, adOptionUnspecified);
-    return own(frame)->Clone(adLockUnspecified);
-  });
+  frame.Replace(query.source);
+  OpenAll(frame, texts, adOptionUnspecified);
+  return own(frame)->Clone(adLockUnspecified);
 }
 
 RecordsetPtr OpenPlain(ReportFrame& frame, std::string_view text) {
   frame.module.strSQL = frame.Normalise(text);
-  RefuseComments(frame.module.strSQL);
-  return InHand(frame, [&] {
-    const RecordsetPtr rowset = Recordset::New();
-    rowset->Open(frame.module.strSQL, frame.MainCn);
-    rowset->ActiveConnection(nullptr);
-    return rowset->Clone(adLockUnspecified);
-  });
+  const RecordsetPtr rowset = Recordset::New();
+  rowset->Open(frame.module.strSQL, frame.MainCn);
+  rowset->ActiveConnection(nullptr);
+  return rowset->Clone(adLockUnspecified);
 }
 
 }  // namespace pstolvane1

@@ -28,16 +28,12 @@ namespace pstolvane1 {
 // Reports. With blnReport exactly True an operation returns its finished rowset. With anything else
 // it starts to fetch, returns nullptr, and the rowset comes by FetchComplete while the thread
 // pumps. Every rowset that is handed out is disconnected or a clone, belongs to the host, and stays
-// valid when the session goes. Arguments that are conditions are parts of the query's text, joined
-// with And as they stand, so that an Or belongs into brackets; a comment sign is refused; see
-// CheckCondition.h. They are lower-cased with it, and "#", "true", "false" and "-1" in them become
-// "'", "1", "0" and "1".
+// valid when the session goes. Arguments that are conditions are parts of the query's text; they
+// are lower-cased with it, and "#", "true", "false" and "-1" in them become "'", "1", "0" and "1".
 //
 // Threads. A session belongs to the thread that made it: call it and pump there only. Sessions on
-// different threads share nothing. Sessions on one thread share the filters and the arguments of
-// the report in hand: a report that one of them asks for while another still fetches goes through,
-// and the other's lines are then written with the new arguments. So use one of them at a time.
-// Abandon alone may be called from any thread.
+// different threads share nothing. Sessions on one thread share the arguments of the report in hand
+// and the filters, so use one of them at a time.
 //
 // Errors. Every failure is an Error. The session stays usable after it. A report before
 // SetConnection is error 3709.
@@ -80,12 +76,6 @@ class clsStolvane1 : public clsStolvane1Events {
   // closing lines are still written, and the rowset is delivered. Stays in force until False is
   // written.
   void CancelFetching(Boolean cancel);
-  // Drops the report in hand: its statements are interrupted, no FetchComplete comes of it, and a
-  // call that is at work on it ends with error -2147217900 "the report was abandoned"; so does a
-  // sort or an export of a rowset that is at work on the session's thread. The session takes
-  // the next report at once. Nothing when no report is in hand. May be called from any thread, as
-  // long as the session lives, and inside a handler.
-  void Abandon();
   // An asynchronous report still fetches: its FetchComplete is yet to come. Once it is False,
   // nothing more comes from a report that has no FetchComplete.
   [[nodiscard]] bool Fetching() const;
@@ -198,6 +188,36 @@ class clsStolvane1 : public clsStolvane1Events {
   RecordsetPtr FreeQuantity_Partywise_Initial(std::uint8_t bytYearno, Date dtFromDate,
                                               Date dtToDate, Boolean blnReport = True,
                                               Boolean blnDetailed = False, float sngScale = 1);
+
+  // Documents with movements in the period that later documents have not executed in full: orders,
+  // deliveries, bills, returns, each kind under its heading. A line's Quantity and PendingQuantity
+  // are those of its pending movements, in the main unit; blnDetailed adds a line for each of them,
+  // with its godown. lngLedger_Id 0 is all parties. bytYearno, sngScale, bytOptional, blnShowNarr
+  // and blnIncludeRelatedVoucherTypes are not used.
+  RecordsetPtr PendingByItem(std::uint8_t bytYearno, std::int32_t lngItem_id,
+                             std::int32_t lngLedger_Id, Date dtFromDate = {}, Date dtToDate = {},
+                             Boolean blnReport = True, float sngScale = 1,
+                             std::uint8_t bytOptional = 0, Boolean blnDetailed = False,
+                             Boolean LongDate = False, Boolean blnShowNarr = False,
+                             std::string_view strRefSep = "/",
+                             Boolean blnIncludeRelatedVoucherTypes = True);
+  // The same of a party; lngItem_id 0 is all items. Particulars holds the item.
+  RecordsetPtr PendingByLedger(std::uint8_t bytYearno, std::int32_t lngLedger_Id,
+                               std::int32_t lngItem_id, Date dtFromDate = {}, Date dtToDate = {},
+                               Boolean blnReport = True, float sngScale = 1,
+                               std::uint8_t bytOptional = 0, Boolean blnDetailed = False,
+                               Boolean LongDate = False, Boolean blnShowNarr = False,
+                               std::string_view strRefSep = "/",
+                               Boolean blnIncludeRelatedVoucherTypes = True);
+  // The same of an employee's documents. lngVouchertype_id is a kind of document whose chain is
+  // followed, such as 10 for bills that wait for deliveries; any other number follows all.
+  RecordsetPtr PendingByEmployee(std::uint8_t bytYearno, std::int32_t lngEmployee_Id,
+                                 std::int32_t lngVouchertype_id, Date dtFromDate = {},
+                                 Date dtToDate = {}, Boolean blnReport = True, float sngScale = 1,
+                                 std::uint8_t bytOptional = 0, Boolean blnDetailed = False,
+                                 Boolean LongDate = False, Boolean blnShowNarr = False,
+                                 std::string_view strRefSep = "/",
+                                 Boolean blnIncludeRelatedVoucherTypes = True);
 
   // Vehicles as the front desk looks them up; the columns are in docs/reports.md. No report is
   // written: the query's own rowset comes, always in the background, by FetchComplete. reptype

@@ -1,6 +1,7 @@
 // The free quantity and pending reports of the public class.
 #include "pending/FreeQuantity.h"
 #include "pending/FreeQuantity_Initial.h"
+#include "pending/PendingDocuments.h"
 #include "session/clsStolvane1.h"
 
 namespace pstolvane1 {
@@ -36,6 +37,20 @@ FreeSummaryArguments AskedSums(FreeQuantityOf of, std::uint8_t bytYearno, Date d
           .dtToDate = dtToDate,
           .blnDetailed = blnDetailed.IsSet(),
           .sngScale = sngScale};
+}
+
+PendingArguments AskedPending(PendingOf of, std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                              float sngScale, Boolean blnDetailed, Boolean LongDate,
+                              Boolean blnShowNarr, std::string_view strRefSep) {
+  return {.of = of,
+          .bytYearno = bytYearno,
+          .dtFromDate = dtFromDate,
+          .dtToDate = dtToDate,
+          .sngScale = sngScale,
+          .blnDetailed = blnDetailed.IsSet(),
+          .blnUseLongDate = LongDate.IsSet(),
+          .blnShowNarration = blnShowNarr.IsSet(),
+          .strRefSeperator = std::string(strRefSep)};
 }
 
 }  // namespace
@@ -84,6 +99,51 @@ RecordsetPtr clsStolvane1::FreeQuantity_Partywise_Initial(std::uint8_t bytYearno
       *FramePtr(frame_),
       AskedSums(FreeQuantityOf::kParty, bytYearno, dtFromDate, dtToDate, blnDetailed, sngScale),
       blnReport);
+}
+
+RecordsetPtr clsStolvane1::PendingByItem(std::uint8_t bytYearno, std::int32_t lngItem_id,
+                                         std::int32_t lngLedger_Id, Date dtFromDate, Date dtToDate,
+                                         Boolean blnReport, float sngScale,
+                                         std::uint8_t /*bytOptional*/, Boolean blnDetailed,
+                                         Boolean LongDate, Boolean blnShowNarr,
+                                         std::string_view strRefSep,
+                                         Boolean /*blnIncludeRelatedVoucherTypes*/) {
+  PendingArguments arguments =
+      AskedPending(PendingOf::kItem, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
+                   LongDate, blnShowNarr, strRefSep);
+  arguments.lngItem_id = lngItem_id;
+  arguments.lngLedger_Id = lngLedger_Id;
+  return Pending(*FramePtr(frame_), arguments, blnReport);
+}
+
+RecordsetPtr clsStolvane1::PendingByLedger(std::uint8_t bytYearno, std::int32_t lngLedger_Id,
+                                           std::int32_t lngItem_id, Date dtFromDate, Date dtToDate,
+                                           Boolean blnReport, float sngScale,
+                                           std::uint8_t /*bytOptional*/, Boolean blnDetailed,
+                                           Boolean LongDate, Boolean blnShowNarr,
+                                           std::string_view strRefSep,
+                                           Boolean /*blnIncludeRelatedVoucherTypes*/) {
+  PendingArguments arguments =
+      AskedPending(PendingOf::kLedger, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
+                   LongDate, blnShowNarr, strRefSep);
+  arguments.lngLedger_Id = lngLedger_Id;
+  arguments.lngItem_id = lngItem_id;
+  return Pending(*FramePtr(frame_), arguments, blnReport);
+}
+
+RecordsetPtr clsStolvane1::PendingByEmployee(std::uint8_t bytYearno, std::int32_t lngEmployee_Id,
+                                             std::int32_t lngVouchertype_id, Date dtFromDate,
+                                             Date dtToDate, Boolean blnReport, float sngScale,
+                                             std::uint8_t /*bytOptional*/, Boolean blnDetailed,
+                                             Boolean LongDate, Boolean blnShowNarr,
+                                             std::string_view strRefSep,
+                                             Boolean /*blnIncludeRelatedVoucherTypes*/) {
+  PendingArguments arguments =
+      AskedPending(PendingOf::kEmployee, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
+                   LongDate, blnShowNarr, strRefSep);
+  arguments.lngEmployee_Id = lngEmployee_Id;
+  arguments.lngVouchertype_id = lngVouchertype_id;
+  return Pending(*FramePtr(frame_), arguments, blnReport);
 }
 
 }  // namespace pstolvane1

@@ -9,13 +9,11 @@
 #include "session/data/CriteriaLexer.h"
 #include "session/data/RowStore.h"
 #include "session/data/TextFold.h"
-#include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 
 namespace {
 
-constexpr std::uint32_t kStepsPerLook = 1024;
 constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
 
 // Unsigned numbers in the order of the values; what is not a number stands last.
@@ -148,11 +146,6 @@ void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows)
     std::uint64_t rank;
     std::uint32_t row;
   };
-  const WorkInHand in_hand;
-  std::uint32_t steps = 0;
-  const auto look = [&] {
-    if (++steps % kStepsPerLook == 0) in_hand.Check();
-  };
   const Key first = keys_.front();
   const std::uint64_t flip = first.descending ? ~std::uint64_t{0} : 0;
   const bool rank_decides = !IsText(store.Column(first.column).type);
@@ -160,7 +153,6 @@ void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows)
   std::vector<std::uint32_t> nulls;
   entries.reserve(rows.size());
   for (const std::uint32_t row : rows) {
-    look();
     if (store.IsNull(first.column, row)) {
       nulls.push_back(row);
     } else {
@@ -168,18 +160,14 @@ void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows)
     }
   }
   const auto before = [&](const Entry& a, const Entry& b) {
-    look();
     if (a.rank != b.rank) return a.rank < b.rank;
     return BeforeFrom(rank_decides ? 1 : 0, store, a.row, b.row);
   };
   if (!std::is_sorted(entries.begin(), entries.end(), before)) {
     std::sort(entries.begin(), entries.end(), before);
   }
-  std::sort(nulls.begin(), nulls.end(), [&](std::uint32_t a, std::uint32_t b) {
-    look();
-    return BeforeFrom(1, store, a, b);
-  });
-  in_hand.Check();
+  std::sort(nulls.begin(), nulls.end(),
+            [&](std::uint32_t a, std::uint32_t b) { return BeforeFrom(1, store, a, b); });
   rows.clear();
   if (!first.descending) rows.insert(rows.end(), nulls.begin(), nulls.end());
   for (const Entry& entry : entries) rows.push_back(entry.row);

@@ -95,14 +95,9 @@ void RowView::Filter(std::string_view criteria) {
 }
 
 void RowView::Sort(std::string_view columns) {
-  RowOrder before = std::exchange(order_, RowOrder(*store_, columns));
-  try {
-    Fill();
-  } catch (...) {
-    order_ = std::move(before);
-    throw;
-  }
+  order_ = RowOrder(*store_, columns);
   sort_text_.assign(columns);
+  Fill();
   First();
 }
 
@@ -248,7 +243,6 @@ void RowView::OnAppended(std::uint32_t first, std::uint32_t end) {
         ++visible_;
       }
     }
-    list_ = own_;  // also if the sort is abandoned
     if (!order_.Empty()) order_.SortRows(*store_, own_);
     list_ = own_;
     if (stand_ == Stand::kRow && in_list_) {

@@ -1,4 +1,4 @@
--- free goods summed per party and, below it, per item
+-- and, below it, per item
 --
 -- call FreeQuantity_Partywise_Initial as april_sums
 -- blnDetailed = true
