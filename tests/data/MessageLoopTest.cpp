@@ -133,7 +133,7 @@ TEST(MessageLoop, TheDescriptorIsReadableWhileMessagesWait) {
 TEST(MessageLoop, EachThreadHasItsOwnQueue) {
   std::string said;
   Post([&said] { said += "mine"; });
-  std::thread([&said] { DoEvents(); }).join();
+  std::thread([] { DoEvents(); }).join();
   EXPECT_EQ(said, "");
   DoEvents();
   EXPECT_EQ(said, "mine");
