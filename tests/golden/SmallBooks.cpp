@@ -2,8 +2,10 @@
 
 #include <atomic>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <sqlite3.h>
+#include <sstream>
 #include <stdexcept>
 #include <unistd.h>
 
@@ -69,18 +71,37 @@ std::string NewPath() {
       .string();
 }
 
+Database Opened(const std::string& path) {
+  sqlite3* raw = nullptr;
+  const int opened = sqlite3_open(path.c_str(), &raw);
+  Database database(raw);
+  Require(opened == SQLITE_OK, raw, path);
+  return database;
+}
+
+// A file with the reference schema and no rows; it is made once, as every case starts from it.
+const std::string& EmptyBooks() {
+  static const std::string bytes = [] {
+    const std::string path = NewPath();
+    Execute(Opened(path).get(),
+            "PRAGMA synchronous = OFF; BEGIN;" + books::SqliteSchema() + "COMMIT;");
+    std::ostringstream read;
+    read << std::ifstream(path, std::ios::binary).rdbuf();
+    std::filesystem::remove(path);
+    return read.str();
+  }();
+  return bytes;
+}
+
 }  // namespace
 
 SmallBooks::SmallBooks(const std::vector<TextTable>& tables) : path_(NewPath()) {
-  std::filesystem::remove(path_);
-  sqlite3* raw = nullptr;
-  const int opened = sqlite3_open(path_.c_str(), &raw);
-  const Database database(raw);
-  Require(opened == SQLITE_OK, raw, path_);
+  std::ofstream(path_, std::ios::binary) << EmptyBooks();
+  const Database database = Opened(path_);
   // One transaction, and nothing waits for the disk: the file lives as long as one case.
-  Execute(raw, "PRAGMA synchronous = OFF; BEGIN;" + books::SqliteSchema());
-  for (const TextTable& table : tables) Insert(raw, table);
-  Execute(raw, "COMMIT;");
+  Execute(database.get(), "PRAGMA synchronous = OFF; BEGIN;");
+  for (const TextTable& table : tables) Insert(database.get(), table);
+  Execute(database.get(), "COMMIT;");
 }
 
 SmallBooks::~SmallBooks() {
