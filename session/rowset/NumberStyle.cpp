@@ -5,7 +5,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <system_error>
 
@@ -24,7 +26,26 @@ struct Digits {
   int before_separator = 0;
 };
 
+// Of a number that a decimal of at most four places and 15 digits stands for, as nearly every
+// figure of a report is: that decimal. The quotient is the float nearest to it, and such a decimal
+// comes back from its float.
+std::optional<Digits> DigitsOfFourPlaces(double magnitude) {
+  constexpr double kPlaces = 1e4;
+  constexpr double kTooLong = 1e15;
+  const double scaled = std::nearbyint(magnitude * kPlaces);
+  if (!(scaled < kTooLong) || scaled / kPlaces != magnitude) return std::nullopt;
+  Digits digits;
+  char* const first = digits.digit.data();
+  const auto [end, error] =
+      std::to_chars(first, first + digits.digit.size(), static_cast<std::int64_t>(scaled));
+  static_cast<void>(error);
+  digits.count = static_cast<int>(end - first);
+  digits.before_separator = digits.count - 4;
+  return digits;
+}
+
 Digits SignificantDigits(double magnitude) {
+  if (const std::optional<Digits> digits = DigitsOfFourPlaces(magnitude)) return *digits;
   std::array<char, 32> text{};
   const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), magnitude,
                                           std::chars_format::scientific, kSignificantDigits - 1);

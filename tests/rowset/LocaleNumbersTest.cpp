@@ -1,6 +1,9 @@
 #include <cmath>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
+#include <string>
 
 #include "session/data/Error.h"
 #include "session/rowset/Locale.h"
@@ -26,6 +29,29 @@ TEST(LocaleNumbers, HalvesRoundAwayFromZero) {
 TEST(LocaleNumbers, FifteenSignificantDigitsDecideWhatAHalfIs) {
   EXPECT_EQ(India().FormatNumber(2.675), "2.68");  // stored as 2.67499999999999982...
   EXPECT_EQ(India().FormatNumber(1.005), "1.01");
+}
+
+// Ten-thousandths, rounded by whole-number arithmetic and written without groups.
+std::string Rounded(std::int64_t ten_thousandths) {
+  const std::int64_t hundredths = (std::abs(ten_thousandths) + 50) / 100;
+  const std::string sign = ten_thousandths < 0 && hundredths != 0 ? "-" : "";
+  const std::string cents = std::to_string(100 + hundredths % 100).substr(1);
+  return sign + std::to_string(hundredths / 100) + "." + cents;
+}
+
+TEST(LocaleNumbers, EveryAmountOfFourPlacesIsRoundedFromItsDecimal) {
+  std::mt19937_64 random(7);
+  const auto check = [](std::int64_t ten_thousandths) {
+    std::string text = India().FormatNumber(static_cast<double>(ten_thousandths) / 1e4);
+    std::erase(text, ',');
+    EXPECT_EQ(text, Rounded(ten_thousandths)) << ten_thousandths;
+  };
+  for (std::int64_t n = -20'100; n <= 20'100; ++n) check(n);
+  for (std::int64_t limit = 10; limit < 1'000'000'000'000'000; limit *= 10) {
+    std::uniform_int_distribution<std::int64_t> amounts(-limit, limit);
+    for (int i = 0; i < 500; ++i) check(amounts(random));
+    for (const std::int64_t near : {limit - 1, limit, limit - 50, limit - 51}) check(near);
+  }
 }
 
 TEST(LocaleNumbers, WhatRoundsToZeroHasNoSign) {
