@@ -1,28 +1,60 @@
 #include "analysis/AnalysisReports.h"
 
+#include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
 #include "analysis/LedgersByCode.h"
+#include "analysis/MovementAnalysis.h"
 
 namespace pstolvane1 {
+namespace {
+
+// These block until their rows are there, in both modes.
+constexpr ReportRow Analysis(ReportType first, ReportType last, RowBuilder builder) {
+  return {.first = first,
+          .last = last,
+          .awaits = 1,
+          .builder = builder,
+          .opening = Opening::kOpenAndSignal};
+}
+
+// The relations of the items are opened beside the movements.
+constexpr ReportRow RelatedItems() {
+  ReportRow row = Analysis(rtMovement_SalesReturns_ItemRelationAnalysis,
+                           rtMovement_SalesReturns_ItemRelationAnalysis, &mItemRelation_Analysis);
+  row.unawaited_queries = 1;
+  return row;
+}
+
+}  // namespace
 
 std::span<const ReportRow> AnalysisReports() {
   static constexpr ReportRow kRows[] = {
       Row(rtDoc_Initial, 1, &mDoc_Initial),
       Row(rtLedgersByCode, 1, &mLedgersByCode),
       // Sales and purchases with their returns: in summary, and day by day.
-      Rows(rtMovement_SalesReturns_LedgerAnalysis, rtMovement_SalesReturns_ItemAnalysis, 1),
-      Rows(rtMovement_SalesReturns_LedgerDailyAnalysis, rtMovement_SalesReturns_ItemDailyAnalysis,
-           1),
-      Rows(rtMovement_PurchaseReturns_LedgerAnalysis, rtMovement_PurchaseReturns_ItemAnalysis, 1),
-      Rows(rtMovement_PurchaseReturns_LedgerDailyAnalysis,
-           rtMovement_PurchaseReturns_ItemDailyAnalysis, 1),
-      Rows(rtMovement_SalesReturns_GroupAnalysis, rtMovement_SalesReturns_ClassAnalysis, 1),
-      Rows(rtMovement_PurchaseReturns_GroupAnalysis, rtMovement_PurchaseReturns_ClassAnalysis, 1),
-      Row(rtMovement_SalesReturns_GroupDailyAnalysis, 1),
-      Row(rtMovement_PurchaseReturns_GroupDailyAnalysis, 1),
-      Row(rtMovement_SalesReturns_ItemRelationAnalysis, 1),
-      Row(rtMovement_PurchaseReturns_AreaLedgerAnalysis, 1),
-      Row(rtMovement_SalesReturns_AreaLedgerAnalysis, 1),
+      Analysis(rtMovement_SalesReturns_LedgerAnalysis, rtMovement_SalesReturns_ItemAnalysis,
+               &mCustomerItemwise_Analysis),
+      Analysis(rtMovement_SalesReturns_GroupAnalysis, rtMovement_SalesReturns_ClassAnalysis,
+               &mCustomerItemwise_Analysis),
+      Analysis(rtMovement_SalesReturns_AreaLedgerAnalysis,
+               rtMovement_SalesReturns_AreaLedgerAnalysis, &mCustomerItemwise_Analysis),
+      RelatedItems(),
+      Analysis(rtMovement_PurchaseReturns_LedgerAnalysis, rtMovement_PurchaseReturns_ItemAnalysis,
+               &mMovement_PurchaseReturns_Analysis),
+      Analysis(rtMovement_PurchaseReturns_GroupAnalysis, rtMovement_PurchaseReturns_ClassAnalysis,
+               &mMovement_PurchaseReturns_Analysis),
+      Analysis(rtMovement_PurchaseReturns_AreaLedgerAnalysis,
+               rtMovement_PurchaseReturns_AreaLedgerAnalysis, &mMovement_PurchaseReturns_Analysis),
+      Analysis(rtMovement_SalesReturns_LedgerDailyAnalysis,
+               rtMovement_SalesReturns_ItemDailyAnalysis, &mCustomerItemDaily_Analysis),
+      Analysis(rtMovement_SalesReturns_GroupDailyAnalysis,
+               rtMovement_SalesReturns_GroupDailyAnalysis, &mCustomerItemDaily_Analysis),
+      Analysis(rtMovement_PurchaseReturns_LedgerDailyAnalysis,
+               rtMovement_PurchaseReturns_ItemDailyAnalysis,
+               &mMovement_PurchaseReturns_DailyAnalysis),
+      Analysis(rtMovement_PurchaseReturns_GroupDailyAnalysis,
+               rtMovement_PurchaseReturns_GroupDailyAnalysis,
+               &mMovement_PurchaseReturns_DailyAnalysis),
       Rows(rtCommission_Initial_Employeewise, rtCommission_Initial_Itemwise, 1),
       Row(rtCommission_Daily, 1),
       Row(rtColorwise_Initial, 1),

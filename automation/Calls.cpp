@@ -65,6 +65,11 @@ constexpr Built kBuilt[] = {
     Member<&clsStolvane1::PendingByItem>("PendingByItem"),
     Member<&clsStolvane1::PendingByLedger>("PendingByLedger"),
     Member<&clsStolvane1::PendingByEmployee>("PendingByEmployee"),
+    Member<&clsStolvane1::CustomerItemwise_Analysis>("CustomerItemwise_Analysis"),
+    Member<&clsStolvane1::Movement_PurchaseReturns_Analysis>("Movement_PurchaseReturns_Analysis"),
+    Member<&clsStolvane1::CustomerItemDaily_Analysis>("CustomerItemDaily_Analysis"),
+    Member<&clsStolvane1::Movement_PurchaseReturns_DailyAnalysis>(
+        "Movement_PurchaseReturns_DailyAnalysis"),
     Member<&clsStolvane1::AutoSearch>("AutoSearch"),
     Member<&clsStolvane1::RTOInsSearch>("RTOInsSearch"),
     Member<&clsStolvane1::AutoSearchServices>("AutoSearchServices"),

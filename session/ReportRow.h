@@ -48,10 +48,13 @@ struct ReportRow {
   Opening opening = Opening::kFetch;
   // Fetches counted as done before the queries are opened in the background.
   std::uint8_t preloaded_fetches = 0;
+  // Queries beyond those that are awaited; only where the open blocks.
+  std::uint8_t unawaited_queries = 0;
 
   // How many queries it is launched with. A report that awaits none still has one.
   [[nodiscard]] constexpr std::size_t Queries() const {
-    return awaits > preloaded_fetches ? std::size_t{awaits} - preloaded_fetches : 1;
+    const std::size_t awaited = awaits > preloaded_fetches ? awaits - preloaded_fetches : 1;
+    return awaited + unawaited_queries;
   }
 };
 

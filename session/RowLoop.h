@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "session/ReportFrame.h"
+#include "session/data/RowGroups.h"
 #include "session/rowset/CellStyle.h"
 
 namespace pstolvane1 {
@@ -28,6 +29,23 @@ bool ForEachSourceRow(ReportFrame& frame, const Recordset& source, const Rows& r
       write_row(row);
     } catch (const Error& error) {
       throw WhileWritingRow(error, frame, row);
+    }
+    if (!frame.EndPass(lngRange)) return false;
+  }
+  return true;
+}
+
+// The same for the rows of each key in turn: write_group(group). The groups are the progress total,
+// and a cancel is seen between them.
+template <typename WriteGroup>
+bool ForEachGroup(ReportFrame& frame, const RowGroups& groups, WriteGroup&& write_group,
+                  std::int32_t lngRange = 60) {
+  frame.lngFetchTotal = static_cast<std::int32_t>(groups.Count());
+  for (const RowGroups::Group& rows : groups) {
+    try {
+      write_group(rows);
+    } catch (const Error& error) {
+      throw WhileWritingRow(error, frame, rows.First());
     }
     if (!frame.EndPass(lngRange)) return false;
   }

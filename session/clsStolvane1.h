@@ -360,6 +360,43 @@ class clsStolvane1 : public clsStolvane1Events {
                       std::uint8_t bytOptional = 0, Boolean blnReport = True,
                       Boolean blnDetailed = False, Boolean blnShowNarration = False,
                       float sngScale = 1, const RecordsetPtr& recitem = nullptr);
+  // What went out to parties in a period and came back, in a line for each party, item, party
+  // group, category, class or area (reptype rtMovement_..., or the type that it stores for it; the
+  // call writes that back). With blnDetailed the members of a group stand below it. lngId is the
+  // one group, in detail; -1 is all. rtMovement_SalesReturns_ItemRelationAnalysis tells related
+  // items as their base item and needs rsItems (Item_id, itemname, ITemDesc, ITemPartno; error 91
+  // without). Another reptype has a query that the database refuses. Money is divided by sngScale,
+  // 0 is error 11. bytYearno is not used. Blocks until the report is there, also with blnReport
+  // False.
+  RecordsetPtr CustomerItemwise_Analysis(ReportType& reptype, std::uint8_t bytYearno,
+                                         std::int32_t lngId, Date dtFromDate, Date dtToDate,
+                                         Boolean blnDetailed, Boolean blnReport = True,
+                                         float sngScale = 1,
+                                         std::string_view strConsiderForSih = {},
+                                         std::string_view strItemstate = {},
+                                         RecordsetPtr rsItems = nullptr);
+  // What came in from parties and went back.
+  RecordsetPtr Movement_PurchaseReturns_Analysis(ReportType& reptype, std::uint8_t bytYearno,
+                                                 std::int32_t lngId, Date dtFromDate, Date dtToDate,
+                                                 Boolean blnDetailed, Boolean blnReport = True,
+                                                 float sngScale = 1,
+                                                 std::string_view strConsiderForSih = {},
+                                                 std::string_view strItemstate = {});
+  // The days behind a line of CustomerItemwise_Analysis: of a party by item
+  // (rtMovement_LedgerDailyAnalysis), of an item or a party group by party. lngId2 is a second
+  // restriction, to an item or a party; 0 is none. DummySort is written as the last analysis of the
+  // thread had it. bytYearno and bytOptional are not used.
+  RecordsetPtr CustomerItemDaily_Analysis(
+      ReportType& reptype, std::uint8_t bytYearno, std::int32_t lngId, std::int32_t lngId2,
+      Date dtFromDate, Date dtToDate, Boolean blnReport = True, Boolean LongDate = False,
+      float sngScale = 1, std::string_view RefSeperator = "/", std::uint8_t bytOptional = 0,
+      std::string_view strConsiderForSih = {}, std::string_view strItemstate = {});
+  // Those behind a line of Movement_PurchaseReturns_Analysis.
+  RecordsetPtr Movement_PurchaseReturns_DailyAnalysis(
+      ReportType& reptype, std::uint8_t bytYearno, std::int32_t lngId, std::int32_t lngId2,
+      Date dtFromDate, Date dtToDate, Boolean blnReport = True, Boolean LongDate = False,
+      float sngScale = 1, std::string_view RefSeperator = "/", std::uint8_t bytOptional = 0,
+      std::string_view strConsiderForSih = {}, std::string_view strItemstate = {});
 
  private:
   std::shared_ptr<class ReportFrame> frame_;

@@ -1,12 +1,47 @@
 // The lists and analyses of the public class. Each call keeps its frame to its end: a handler may
 // destroy the session inside it.
+#include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
 #include "analysis/LedgersByCode.h"
+#include "analysis/MovementAnalysis.h"
 #include "session/clsStolvane1.h"
 
 namespace pstolvane1 {
 
 using FramePtr = std::shared_ptr<ReportFrame>;
+
+namespace {
+
+MovementArguments Movements(MovementSide side, std::int32_t lngId, Date dtFromDate, Date dtToDate,
+                            Boolean blnDetailed, float sngScale, std::string_view strConsiderForSih,
+                            std::string_view strItemstate) {
+  return {.side = side,
+          .lngId = lngId,
+          .dtFromDate = dtFromDate,
+          .dtToDate = dtToDate,
+          .blnDetailed = blnDetailed.IsSet(),
+          .sngScale = sngScale,
+          .strConsiderForSih = std::string(strConsiderForSih),
+          .strItemstate = std::string(strItemstate),
+          .item_text = {}};
+}
+
+DailyArguments Days(MovementSide side, std::int32_t lngId, std::int32_t lngId2, Date dtFromDate,
+                    Date dtToDate, Boolean LongDate, float sngScale, std::string_view RefSeperator,
+                    std::string_view strConsiderForSih, std::string_view strItemstate) {
+  return {.side = side,
+          .lngId = lngId,
+          .lngId2 = lngId2,
+          .dtFromDate = dtFromDate,
+          .dtToDate = dtToDate,
+          .blnUseLongDate = LongDate.IsSet(),
+          .sngScale = sngScale,
+          .strRefSeperator = std::string(RefSeperator),
+          .strConsiderForSih = std::string(strConsiderForSih),
+          .strItemstate = std::string(strItemstate)};
+}
+
+}  // namespace
 
 RecordsetPtr clsStolvane1::Doc_Initial(std::uint8_t bytYearno, std::int32_t lngVouchertype_id,
                                        Date dtFromDate, Date dtToDate, Boolean blnReport,
@@ -27,6 +62,48 @@ RecordsetPtr clsStolvane1::Doc_Initial(std::uint8_t bytYearno, std::int32_t lngV
 RecordsetPtr clsStolvane1::LedgersByCode(std::uint8_t bytYearno, std::string& sCode,
                                          Boolean blnReport) {
   return pstolvane1::LedgersByCode(*FramePtr(frame_), bytYearno, sCode, blnReport);
+}
+
+RecordsetPtr clsStolvane1::CustomerItemwise_Analysis(
+    ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, Date dtFromDate,
+    Date dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
+    std::string_view strConsiderForSih, std::string_view strItemstate, RecordsetPtr rsItems) {
+  return MovementAnalysis(*FramePtr(frame_),
+                          Movements(MovementSide::kSales, lngId, dtFromDate, dtToDate, blnDetailed,
+                                    sngScale, strConsiderForSih, strItemstate),
+                          reptype, blnReport, rsItems);
+}
+
+RecordsetPtr clsStolvane1::Movement_PurchaseReturns_Analysis(
+    ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, Date dtFromDate,
+    Date dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
+    std::string_view strConsiderForSih, std::string_view strItemstate) {
+  return MovementAnalysis(*FramePtr(frame_),
+                          Movements(MovementSide::kPurchases, lngId, dtFromDate, dtToDate,
+                                    blnDetailed, sngScale, strConsiderForSih, strItemstate),
+                          reptype, blnReport, nullptr);
+}
+
+RecordsetPtr clsStolvane1::CustomerItemDaily_Analysis(
+    ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, std::int32_t lngId2,
+    Date dtFromDate, Date dtToDate, Boolean blnReport, Boolean LongDate, float sngScale,
+    std::string_view RefSeperator, std::uint8_t /*bytOptional*/, std::string_view strConsiderForSih,
+    std::string_view strItemstate) {
+  return DailyAnalysis(*FramePtr(frame_),
+                       Days(MovementSide::kSales, lngId, lngId2, dtFromDate, dtToDate, LongDate,
+                            sngScale, RefSeperator, strConsiderForSih, strItemstate),
+                       reptype, blnReport);
+}
+
+RecordsetPtr clsStolvane1::Movement_PurchaseReturns_DailyAnalysis(
+    ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, std::int32_t lngId2,
+    Date dtFromDate, Date dtToDate, Boolean blnReport, Boolean LongDate, float sngScale,
+    std::string_view RefSeperator, std::uint8_t /*bytOptional*/, std::string_view strConsiderForSih,
+    std::string_view strItemstate) {
+  return DailyAnalysis(*FramePtr(frame_),
+                       Days(MovementSide::kPurchases, lngId, lngId2, dtFromDate, dtToDate, LongDate,
+                            sngScale, RefSeperator, strConsiderForSih, strItemstate),
+                       reptype, blnReport);
 }
 
 }  // namespace pstolvane1
