@@ -45,10 +45,14 @@ function(pst_compile_together target)
   endforeach()
 endfunction()
 
-# pst_library(NAME SOURCES files... LINK targets...): one folder of the library. What it may reach
-# is what it links; scripts/lint holds the includes against the same order.
+# pst_library(NAME [SOURCES files...] LINK targets...): one folder of the library, without SOURCES all
+# files of it. What it may reach is what it links; scripts/lint holds the includes against the same
+# order.
 function(pst_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  if(NOT ARG_SOURCES)
+    file(GLOB ARG_SOURCES CONFIGURE_DEPENDS *.cpp)
+  endif()
   add_library(${name} STATIC ${ARG_SOURCES})
   pst_compile_together(${name})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE $<BUILD_INTERFACE:pst_flags>)
