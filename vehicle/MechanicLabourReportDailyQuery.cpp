@@ -7,6 +7,12 @@
 #include "vehicle/WorkshopBills.h"
 
 namespace pstolvane1 {
+namespace {
+
+constexpr std::string_view kVehicleName =
+    ", (Select i.itemname From items1 as i Where i.item_id = terms1.vehicle_id) as vehiclename";
+
+}  // namespace
 
 std::string ComposeMechanicLabourReportDaily(const LabourListArguments& arguments,
                                              const DocumentFilter& filter) {
@@ -28,9 +34,8 @@ std::string ComposeMechanicLabourReportDaily(const LabourListArguments& argument
   return ComposeWorkshopBills(
       {.sngScale = arguments.sngScale,
        .detailed = arguments.blnDetailed,
-       .columns = fmt::format(", {}/{} as labourbill, (Select i.itemname From items1 as i "
-                              "Where i.item_id = terms1.vehicle_id) as vehiclename",
-                              labour, SingleText(arguments.sngScale)),
+       .columns = fmt::format(", {}/{} as labourbill{}", labour, SingleText(arguments.sngScale),
+                              by_vehicle ? kVehicleName : ""),
        .conditions = bills.Conditions(),
        .from = arguments.dtFromDate,
        .to = arguments.dtToDate,

@@ -17,8 +17,8 @@ std::string ComposeWorkshopBills(const WorkshopBillQuery& query) {
       "Select desr1.desr_id, desr1.date, desr1.related_id as voucher_id, desr1.optional, "
       "desr1.prefix, desr1.desrrefno as refno, desr1.suffix, vouchertype1.vouchertype, "
       "terms1.despatchto as buyername, terms1.registrationnumber, terms1.servicetype, "
-      "desr1.totalamount/{} as totalbill, (Select mechanicname.mechanicname From mechanicname "
-      "Where mechanicname.mechanic_id = terms1.mechanic_id) as mechanicname{}{}{}{}where {}{} "
+      "desr1.totalamount/{} as totalbill, mechanicname.mechanicname{}{}{}"
+      "left join mechanicname on mechanicname.mechanic_id = terms1.mechanic_id {}where {}{} "
       "order by {}desr1.date, terms1.registrationnumber, desr1.desr_id{}",
       SingleText(query.sngScale), query.columns,
       query.detailed ? ", desrdetails1.item_id, desrdetails1.qtydespout, desrdetails1.price" : "",

@@ -15,10 +15,11 @@ class Labour {
  public:
   Labour(ReportFrame& frame, const Recordset& source, const LabourListArguments& arguments)
       : by_vehicle_(arguments.btTypeOfReport == kByVehicle),
-        vehicle_name_(source.Column("vehiclename")),
         labour_(source.Column("labourbill")),
         writer_(kColumns, PassingOverErrors(StyleOf(frame))),
-        bills_(frame, source, writer_, arguments.blnDetailed) {}
+        bills_(frame, source, writer_, arguments.blnDetailed) {
+    if (by_vehicle_) vehicle_name_ = source.Column("vehiclename");
+  }
 
   void Write(const Recordset::Row& row) {
     if (by_vehicle_ && !row.IsNull(vehicle_name_) && row.Text(vehicle_name_) != vehicle_) {
@@ -52,7 +53,7 @@ class Labour {
   }
 
   bool by_vehicle_;
-  ColumnHandle vehicle_name_, labour_;
+  ColumnHandle vehicle_name_{}, labour_;
   ReportWriter writer_;
   WorkshopBills bills_;
   std::string vehicle_;  // in hand

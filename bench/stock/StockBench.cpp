@@ -15,65 +15,26 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <fstream>
-#include <optional>
-#include <sqlite3.h>
 #include <stdexcept>
 #include <string>
 #include <unistd.h>
 #include <vector>
 
+#include "../BareEngine.h"
 #include "Contenders.h"
 #include "Statements.h"
 #include "session/books/SampleBooks.h"
 #include "session/clsStolvane1.h"
 #include "session/engine/Engines.h"
-#include "session/engine/sqlite/Functions.h"
 
 namespace {
 
 using namespace pstolvane1;
 using namespace pstolvane1::bench;
-using Clock = std::chrono::steady_clock;
 
-// The bare engine as the floor uses it: the library's own settings and functions.
-struct Bare {
-  explicit Bare(const std::string& path) {
-    Check(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX,
-                          nullptr),
-          database);
-    Check(sqlite3_exec(database, "PRAGMA cache_size = -32000", nullptr, nullptr, nullptr),
-          database);
-    sqlite::RegisterFunctions(database, failure);
-  }
-  ~Bare() { sqlite3_close(database); }
-  Bare(const Bare&) = delete;
-  Bare& operator=(const Bare&) = delete;
-
-  sqlite3* database = nullptr;
-  std::optional<Error> failure;
-};
-
-std::int64_t Step(sqlite3* database, const std::vector<std::string>& selects) {
+std::int64_t Step(BareEngine& bare, const std::vector<std::string>& selects) {
   std::int64_t rows = 0;
-  double touched = 0;
-  for (const std::string& select : selects) {
-    sqlite3_stmt* statement = nullptr;
-    Check(sqlite3_prepare_v2(database, select.c_str(), -1, &statement, nullptr), database);
-    const int columns = sqlite3_column_count(statement);
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-      ++rows;
-      for (int column = 0; column < columns; ++column) {
-        if (sqlite3_column_type(statement, column) == SQLITE_TEXT) {
-          const unsigned char* const text = sqlite3_column_text(statement, column);
-          touched += text[0] + sqlite3_column_bytes(statement, column);
-        } else {
-          touched += sqlite3_column_double(statement, column);
-        }
-      }
-    }
-    Check(sqlite3_finalize(statement), database);
-  }
-  if (touched == 0.125) fmt::print(" ");  // so that the cells are really read
+  for (const std::string& select : selects) rows += bare.Step(select);
   return rows;
 }
 
@@ -85,13 +46,6 @@ double ClosingOf(const RecordsetPtr& statement) {
     if ((c >= '0' && c <= '9') || c == '.' || c == '-') digits += c;
   }
   return std::atof(digits.c_str());
-}
-
-template <typename Work>
-double SecondsOf(Work&& work) {
-  const auto begin = Clock::now();
-  work();
-  return std::chrono::duration<double>(Clock::now() - begin).count();
 }
 
 void PrintPeak() {
@@ -110,11 +64,11 @@ void Load(const std::string& what, const std::string& path, const std::string& w
     (void)Statement(session, kMethods[static_cast<std::size_t>(std::stoi(work))].method);
     PrintPeak();
   } else {
-    Bare bare(path);
+    BareEngine bare(path);
     std::vector<std::string> selects;
     std::ifstream file(work);
     for (std::string line; std::getline(file, line);) selects.push_back(line);
-    (void)Step(bare.database, selects);
+    (void)Step(bare, selects);
     PrintPeak();
   }
 }
@@ -152,7 +106,7 @@ void Run(std::int64_t movements, int rounds) {
   clsStolvane1 session;
   session.SetConnection("", "", path, False);
   const std::shared_ptr<Provider> books = OpenDatabase(path, std::chrono::minutes(2));
-  Bare bare(path);
+  BareEngine bare(path);
   session.SetLocale("en_US");
   fmt::print("{} movements, best of {} rounds, in seconds; ratio is report to floor\n", movements,
              rounds);
@@ -170,9 +124,9 @@ void Run(std::int64_t movements, int rounds) {
     std::int64_t rows = 0;
     RecordsetPtr statement;
     for (int round = 0; round < rounds; ++round) {
-      floor = std::min(floor, SecondsOf([&] { rows = Step(bare.database, selects); }));
+      floor = std::min(floor, SecondsOf([&] { rows = Step(bare, selects); }));
       report = std::min(report, SecondsOf([&] { statement = Statement(session, one.method); }));
-      windows = std::min(windows, InSql(bare.database, one.name), faster);
+      windows = std::min(windows, InSql(bare.Raw(), one.name), faster);
       walked = std::min(walked, InPython(path, one.name), faster);
     }
     const std::int64_t lines = statement->RecordCount();

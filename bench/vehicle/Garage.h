@@ -1,0 +1,14 @@
+// The books of the vehicle benchmark.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace pstolvane1::bench {
+
+// A year from 1 April 2003 with so many service bills of four lines and so many financed sales of
+// two: 12 models, 300 parts, 20 kinds of labour, 40 mechanics, 12 financiers, a vehicle for each
+// four bills. A bill in 50 has a warranty line, and a third have complaints.
+void MakeGarage(const std::string& path, std::int64_t bills);
+
+}  // namespace pstolvane1::bench
