@@ -25,6 +25,31 @@ std::string InSmallLetters(std::string_view text) {
   return small;
 }
 
+namespace {
+
+// True when the file is damaged.
+bool CheckFile(Reader& books, Findings& findings) {
+  const std::vector<std::string> damage = books.Damage();
+  for (const std::string& words : damage) {
+    findings.push_back({Severity::kError,
+                        "The file is damaged (" + words + "): restore the books from a backup.",
+                        ""});
+  }
+  return !damage.empty();
+}
+
+void CheckContent(Reader& books, Findings& findings) {
+  const bool complete = CheckTables(books, findings);
+  CheckReferences(books, complete, findings);
+  if (books.KeepsAnyValue()) CheckValues(books, complete, findings);
+  CheckRules(books, complete, findings);
+  CheckYears(books, complete, findings);
+  CheckTrees(books, complete, findings);
+  CheckIndexes(books, findings);
+}
+
+}  // namespace
+
 std::vector<Finding> CheckBooks(const std::string& connection) {
   const ConnectionTarget target = TargetOf(connection);
   const std::unique_ptr<Reader> reader =
@@ -37,13 +62,12 @@ std::vector<Finding> CheckBooks(const std::string& connection) {
                 books.Name() + " holds no books: it has none of their tables");
   }
   Findings findings;
-  const bool complete = CheckTables(books, findings);
-  CheckReferences(books, complete, findings);
-  if (books.KeepsAnyValue()) CheckValues(books, complete, findings);
-  CheckRules(books, complete, findings);
-  CheckYears(books, complete, findings);
-  CheckTrees(books, complete, findings);
-  CheckIndexes(books, findings);
+  const bool damaged = CheckFile(books, findings);
+  try {
+    CheckContent(books, findings);
+  } catch (const Error&) {
+    if (!damaged) throw;  // else what cannot be read has been told
+  }
   std::ranges::stable_sort(findings, {}, &Finding::severity);
   return findings;
 }

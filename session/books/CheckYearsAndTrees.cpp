@@ -113,7 +113,8 @@ void CheckTrees(Reader& books, bool complete, Findings& findings) {
     for (const std::string& loop : LoopsIn(parents)) {
       findings.push_back({Severity::kError,
                           "The tree " + name + " runs in a loop (" + loop +
-                              "), over which the reports would not end.",
+                              "): a report that is asked for one of these groups ends with an "
+                              "error.",
                           ""});
     }
   }

@@ -41,6 +41,7 @@ class FileReader final : public Reader {
     std::erase(columns, ' ');
     return columns;
   }
+  [[nodiscard]] std::vector<std::string> Damage() override;
   [[nodiscard]] bool KeepsAnyValue() const override { return true; }
   [[nodiscard]] std::string MonthOf(const std::string& date) const override {
     return "substr(" + date + ", 1, 4) * 12 + substr(" + date + ", 6, 2) - 1";
@@ -104,6 +105,19 @@ std::vector<Reader::Row> FileReader::Rows(const std::string& select) {
   }
   if (result != SQLITE_DONE) Fail();
   return rows;
+}
+
+std::vector<std::string> FileReader::Damage() {
+  std::vector<std::string> damage;
+  const Prepared check = Prepare(database_, "PRAGMA integrity_check(5)");
+  int result = check ? sqlite3_step(check.get()) : SQLITE_ERROR;
+  for (; result == SQLITE_ROW; result = sqlite3_step(check.get())) {
+    const auto* text = sqlite3_column_text(check.get(), 0);
+    damage.emplace_back(text ? reinterpret_cast<const char*>(text) : "");
+  }
+  if (result != SQLITE_DONE) damage.emplace_back(sqlite3_errmsg(database_));
+  if (damage == std::vector<std::string>{"ok"}) damage.clear();
+  return damage;
 }
 
 bool FileReader::Understands(const std::string& select) {

@@ -43,6 +43,9 @@ class Reader {
   // How IndexesIn tells an index that serves as this one does.
   [[nodiscard]] virtual std::string Serving(const Table& table, const Index& index) const = 0;
 
+  // What the engine's own check finds wrong with the file that holds the books, a few lines at
+  // most; never anything on a server, which looks after its files itself.
+  [[nodiscard]] virtual std::vector<std::string> Damage() = 0;
   // Whether any value may stand in a column, whatever its type.
   [[nodiscard]] virtual bool KeepsAnyValue() const = 0;
   // The month of a date, counted from the year 0.

@@ -131,6 +131,7 @@ class ServerReader final : public Reader {
     }
     return serving;
   }
+  [[nodiscard]] std::vector<std::string> Damage() override { return {}; }
   [[nodiscard]] bool KeepsAnyValue() const override { return false; }
   [[nodiscard]] std::string MonthOf(const std::string& date) const override {
     return "Year(" + date + ") * 12 + Month(" + date + ") - 1";

@@ -56,6 +56,35 @@ TEST_F(CheckBooks, FindsNothingInSampleBooksAndLeavesThemAsTheyAre) {
   EXPECT_THAT(folder_.Names(), ElementsAre("a.db"));
 }
 
+// A movement's quantity stands in the table and in its wide indexes.
+TEST_F(CheckBooks, NamesEachByteOfAQuantityThatHasFlipped) {
+  constexpr std::string_view kQuantity("\x40\x93\x4a\x40\x00\x00\x00\x00", 8);  // 1234.5625
+  Found("INSERT INTO GodownItem1 (GodownItem_id, Qty) VALUES (1, 1234.5625)");
+  const std::string whole = Content(file_);
+  int places = 0;
+  for (std::size_t at = 0; (at = whole.find(kQuantity, at)) != std::string::npos; ++at) {
+    ++places;
+    for (std::size_t byte = 0; byte < kQuantity.size(); ++byte) {
+      std::string damaged = whole;
+      damaged[at + byte] = static_cast<char>(damaged[at + byte] ^ 0x10);
+      folder_.Write("a.db", damaged);
+      EXPECT_THAT(Found(""), Contains(testing::StartsWith("error The file is damaged (")))
+          << at << " " << byte;
+    }
+  }
+  EXPECT_GE(places, 3);
+}
+
+TEST_F(CheckBooks, TellsWhatIsWrongWithAFileThatCannotBeReadToItsEnd) {
+  SampleBooks(file_, 2000);
+  std::string bytes = Content(file_);
+  std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size() / 2), bytes.end(), 'x');
+  folder_.Write("a.db", bytes);
+  std::vector<std::string> found;
+  for (const Finding& one : books::CheckBooks(file_)) found.push_back(one.sentence);
+  EXPECT_THAT(found, Contains(testing::StartsWith("The file is damaged (")));
+}
+
 TEST_F(CheckBooks, TakesAConnectionStringAsWell) {
   CreateBooks(file_);
   EXPECT_THAT(books::CheckBooks("sqlite:///" + file_), IsEmpty());
@@ -256,8 +285,8 @@ TEST_F(CheckBooks, TellsEachOddityWithItsCountAndFirstKey) {
        "warning 1 row of GodownItem1 has a date outside the year of YearNo, the first with "
        "GodownItem_id 41."},
       {"UPDATE ItemCategory1 SET RelatedTo = 3 WHERE ItemCategory_id = 2",
-       "error The tree ItemCategory1 runs in a loop (2, 3, 2), over which the reports would not "
-       "end."},
+       "error The tree ItemCategory1 runs in a loop (2, 3, 2): a report that is asked for one of "
+       "these groups ends with an error."},
       {"UPDATE Godown1 SET RelatedTo = 9 WHERE Godown_id = 2",
        "warning 1 row of Godown1 names in RelatedTo what Godown1 does not have, the first with "
        "Godown_id 2."},
