@@ -124,6 +124,26 @@ class StatementErrorsTest : public testing::TestWithParam<bool> {
   RecordsetPtr fetched;
 };
 
+// Whatever the method makes of a quantity: its layers, a sum inside the engine, a rate to hunt for.
+TEST_P(StatementErrorsTest, AQuantityThatIsNoNumberEndsTheStatementUnderEveryMethod) {
+  const golden::SmallBooks spoiled(Books("NaN"));
+  session.SetConnection("", "", spoiled.ConnectionString(), False);
+  for (const enmValuationMethod method : {FifoRate, LifoRate, AverageRate, LastPurchaseRate,
+                                          LastSaleRate, standardrate, StandardPrice}) {
+    for (const bool grouped : {false, true}) {
+      try {
+        (void)Report({.method = method, .group = 1, .grouped = grouped});
+        ADD_FAILURE() << "no error under " << method;
+      } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::kTypeMismatch);
+        EXPECT_NE(error.Description().find("GodownItem1.Qty holds \"NaN\", which is not a number"),
+                  std::string::npos)
+            << error.Description();
+      }
+    }
+  }
+}
+
 // Two fetches of a statement that nobody waited for end while the next one is written, and set its
 // builder off a second time: on the same rowsets, which the simple average closes.
 TEST_P(StatementErrorsTest, TheSimpleAverageIsWholeWhenFetchesAreLeftOver) {
