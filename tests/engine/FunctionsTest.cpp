@@ -414,7 +414,7 @@ double RoundedOnPaper(double x, int n) {
     if (at >= 0 && at < 100) all[static_cast<std::size_t>(at)] = mantissa[i];
   }
   static_cast<void>(point);
-  const auto cut = static_cast<std::size_t>(40 + n);
+  const auto cut = static_cast<std::size_t>(n) + 40;
   const bool up = all[cut] >= '5';
   std::string kept = all.substr(0, cut);
   if (up) {

@@ -117,8 +117,8 @@ std::vector<TextArgument> ReadArguments(Reader& reader, std::vector<TextArgument
     auto [name, value] = SplitAssignment(line);
     const bool is_rowset = name.starts_with(kRowset);
     if (is_rowset) name = Trim(name.substr(kRowset.size()));
-    const bool twice =
-        std::any_of(given.begin(), given.end(), [&](const auto& one) { return one.name == name; });
+    const bool twice = std::any_of(given.begin(), given.end(),
+                                   [&name = name](const auto& one) { return one.name == name; });
     if (twice) reader.Refuse("the argument " + name + " comes twice");
     given.push_back({name, value, is_rowset});
   }

@@ -77,7 +77,7 @@ std::vector<Cells> Turned(const std::vector<Cells>& lines) {
 }
 
 std::string CellOf(const std::string& text) {
-  const std::string shown = Replaced(text, kNoBreakSpace, kShownNoBreakSpace);
+  std::string shown = Replaced(text, kNoBreakSpace, kShownNoBreakSpace);
   if (shown.size() >= kLongRule && shown.find_first_not_of('_') == std::string::npos) {
     return "_ x " + std::to_string(shown.size());
   }

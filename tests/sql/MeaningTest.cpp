@@ -82,7 +82,7 @@ class Folder {
   Folder& operator=(const Folder&) = delete;
 
   [[nodiscard]] std::string Books() const {
-    const std::string path = path_ / "books.db";
+    std::string path = path_ / "books.db";
     sqlite3* writer = nullptr;
     const bool made = sqlite3_open(path.c_str(), &writer) == SQLITE_OK &&
                       sqlite3_exec(writer, kBooks, nullptr, nullptr, nullptr) == SQLITE_OK;
