@@ -2,6 +2,7 @@
 
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
+#include "analysis/ItemWise_DlyBkup.h"
 #include "analysis/LedgersByCode.h"
 #include "analysis/MovementAnalysis.h"
 
@@ -22,6 +23,13 @@ constexpr ReportRow RelatedItems() {
   ReportRow row = Analysis(rtMovement_SalesReturns_ItemRelationAnalysis,
                            rtMovement_SalesReturns_ItemRelationAnalysis, &mItemRelation_Analysis);
   row.unawaited_queries = 1;
+  return row;
+}
+
+// No line of it is numbered: the count that it is delivered with is 0.
+constexpr ReportRow ItemDays() {
+  ReportRow row = Row(rtItemwise_DlyBkup, 1, &mItemwise_DlyBreakup, kLinesCounted);
+  row.resets_record_no = true;
   return row;
 }
 
@@ -61,7 +69,7 @@ std::span<const ReportRow> AnalysisReports() {
       Row(rtColorwise_Monthly, 2),
       Row(rtColorwise_Daily, 2),
       Row(rtCategorywise_Initial, 1),
-      Row(rtItemwise_DlyBkup, 1, nullptr, kLinesCounted),
+      ItemDays(),
   };
   return kRows;
 }

@@ -397,6 +397,20 @@ class clsStolvane1 : public clsStolvane1Events {
       Date dtFromDate, Date dtToDate, Boolean blnReport = True, Boolean LongDate = False,
       float sngScale = 1, std::string_view RefSeperator = "/", std::uint8_t bytOptional = 0,
       std::string_view strConsiderForSih = {}, std::string_view strItemstate = {});
+  // What came in and went out day by day, of one item or of all (Item_id -1), with a running
+  // closing quantity. Ledger_id above 0 is the one party, strVouchertype a condition on
+  // Vouchertype1; rows without a date pass both. Cat_id above 0 is the one category, or class with
+  // blnIsclass; it and the item conditions act with all items only. sngScale is kept and divides
+  // nothing.
+  RecordsetPtr ItemWise_DlyBkup(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                std::int32_t Item_id, std::int32_t Ledger_id,
+                                std::string_view strVouchertype, Boolean blnReport = True,
+                                float sngScale = 0, std::string_view strConsiderForSih = {},
+                                std::string_view strItemstate = {}, std::int32_t Cat_id = -1,
+                                Boolean blnIsclass = False);
+  // Its lines again from what was fetched last. Error 91 if nothing was, 3265 if another report
+  // was.
+  RecordsetPtr mItemwise_DlyBreakup();
 
  private:
   std::shared_ptr<class ReportFrame> frame_;

@@ -2,6 +2,7 @@
 // destroy the session inside it.
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
+#include "analysis/ItemWise_DlyBkup.h"
 #include "analysis/LedgersByCode.h"
 #include "analysis/MovementAnalysis.h"
 #include "session/clsStolvane1.h"
@@ -104,6 +105,32 @@ RecordsetPtr clsStolvane1::Movement_PurchaseReturns_DailyAnalysis(
                        Days(MovementSide::kPurchases, lngId, lngId2, dtFromDate, dtToDate, LongDate,
                             sngScale, RefSeperator, strConsiderForSih, strItemstate),
                        reptype, blnReport);
+}
+
+RecordsetPtr clsStolvane1::ItemWise_DlyBkup(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                            std::int32_t Item_id, std::int32_t Ledger_id,
+                                            std::string_view strVouchertype, Boolean blnReport,
+                                            float sngScale, std::string_view strConsiderForSih,
+                                            std::string_view strItemstate, std::int32_t Cat_id,
+                                            Boolean blnIsclass) {
+  return pstolvane1::ItemWise_DlyBkup(*FramePtr(frame_),
+                                      {.bytYearno = bytYearno,
+                                       .dtFromDate = dtFromDate,
+                                       .dtToDate = dtToDate,
+                                       .Item_id = Item_id,
+                                       .Ledger_id = Ledger_id,
+                                       .strVouchertype = std::string(strVouchertype),
+                                       .sngScale = sngScale,
+                                       .strConsiderForSih = std::string(strConsiderForSih),
+                                       .strItemstate = std::string(strItemstate),
+                                       .Cat_id = Cat_id,
+                                       .blnIsclass = blnIsclass.IsSet()},
+                                      blnReport);
+}
+
+RecordsetPtr clsStolvane1::mItemwise_DlyBreakup() {
+  const FramePtr frame(frame_);
+  return frame->Build(*frame->RowOf(rtItemwise_DlyBkup));
 }
 
 }  // namespace pstolvane1

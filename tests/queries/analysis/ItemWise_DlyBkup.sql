@@ -1,2 +1,5 @@
 -- inward and outward quantity of one item day by day; all that lies before folds into a row without a date
- select sum(inwards) as inwards,sum(outwards) as outwards, date,0 as item_id  from ( select sum(case when isadded = 1 then qty else 0  end ) as  inwards , sum(case when isadded = 0 then qty else 0  end ) as  outwards ,  case when godownitem1.date < '04/01/2003'   then null else godownitem1.date end  as date from godownitem1  where  godownitem1.optional =  0 and item_id =  5  and (godownitem1.date is null or godownitem1.date <= '03/31/2004') and godownitem1.yearno <= 2 group by godownitem1.date) as aaa  group by date order by date 
+--
+-- call ItemWise_DlyBkup as breakup
+-- Item_id = 5
+select sum(inwards) as inwards,sum(outwards) as outwards,date as date,0 as item_id,'' as itemname from (select sum(case when godownitem1.isadded = 1 then godownitem1.qty else 0 end) as inwards,sum(case when godownitem1.isadded = 0 then godownitem1.qty else 0 end) as outwards,case when godownitem1.date < '07/01/2003' then null else godownitem1.date end as date from godownitem1 where godownitem1.item_id = 5 and godownitem1.optional = 0 and (godownitem1.date is null or godownitem1.date <= '09/30/2003') and godownitem1.yearno <= 1 group by godownitem1.date) as aaa group by date order by date
