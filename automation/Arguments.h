@@ -1,4 +1,4 @@
-// Values for an operation's arguments: checked, converted and filled up in one place.
+// Values for an operation's arguments: checked, converted and completed in one place.
 #pragma once
 
 #include <cstdint>
@@ -46,8 +46,7 @@ using BoundValues = std::vector<Variant>;
 // "whole number from 0 to 255", "date as 2004-03-31", "one of FifoRate, LifoRate ..., or a number".
 [[nodiscard]] std::string TakesWhat(const Argument& argument);
 
-// The report type that the operation delivers under with these values; none when it delivers
-// nothing.
+// The report type that the operation has with these values; none when it delivers no report.
 [[nodiscard]] std::optional<std::int32_t> ReportTypeOf(const Operation& operation,
                                                        const BoundValues& values);
 

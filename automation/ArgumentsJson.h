@@ -13,8 +13,8 @@ namespace pstolvane1::automation {
 using SelectOpener = std::function<RecordsetPtr(std::string_view select)>;
 
 // The members of a JSON object, numbers as numbers and null as Null; "" is an empty object. A
-// rowset argument of the operation is a SELECT, opened by the opener. Error 3001 for what is not an
-// object of plain values.
+// rowset argument of the operation is a SELECT, opened by the opener. Error 3001 for anything but
+// an object of plain values.
 [[nodiscard]] std::vector<NamedValue> ArgumentsFromJson(const Operation& operation,
                                                         std::string_view json,
                                                         const SelectOpener& open);

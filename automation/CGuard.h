@@ -1,4 +1,4 @@
-// The boundary to C: what is thrown inside becomes a number and a kept text.
+// The boundary to C: an exception becomes a number and a text that is kept for the caller.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// What hosts in C hold of the library.
+// Counts what hosts in C hold of the library.
 #pragma once
 
 #include <atomic>

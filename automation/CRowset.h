@@ -8,7 +8,7 @@
 #include "automation/CLiving.h"
 #include "session/data/Recordset.h"
 
-// Keeps a place of its own in the rowset, so that reading row after row only moves forward.
+// Has a position of its own in the rowset, so that reading row after row only moves forward.
 struct pst_rowset {
   explicit pst_rowset(pstolvane1::RecordsetPtr rowset);
 

@@ -35,7 +35,7 @@ class WrongCall : public std::runtime_error {
 // A call whose words are right; whether the books have what it asks for is seen when it runs.
 class CallInWords {
  public:
-  // WrongCall for an operation, argument, alias or filter that there is not, and for a value of
+  // WrongCall for an unknown operation, argument, alias or filter, and for a value of
   // another kind than its place.
   explicit CallInWords(const CallWords& words);
 
@@ -69,7 +69,7 @@ class CallInWords {
 
 // The operation with its arguments, over several lines.
 [[nodiscard]] std::string Describe(const Operation& operation);
-// How the operation is called in words; "" for one that there is not.
+// How the operation is called in words; "" for an unknown one.
 [[nodiscard]] std::string UsageInWords(std::string_view operation);
 
 }  // namespace pstolvane1::automation

@@ -20,7 +20,7 @@ struct Outcome {
   std::vector<NamedValue> changed;
 };
 
-// This version has the operation; the others are described alone.
+// Whether this version has the operation. One that it has not is only described.
 [[nodiscard]] bool IsBuilt(const Operation& operation);
 
 // Error 3001 for an operation that is not built; the errors of Bind; and the operation's own.
@@ -33,7 +33,7 @@ Outcome Call(clsStolvane1& session, const Operation& operation, const BoundValue
 // The same, opened on a rowset that is there.
 void OpenSelect(clsStolvane1& session, std::string_view select, Recordset& rowset);
 
-// The types of the member that stands behind an operation, in order; empty where none does.
+// The parameter types of an operation's member, in order; empty for one that is not built.
 [[nodiscard]] std::span<const ArgumentType> ParameterTypes(const Operation& operation);
 
 }  // namespace pstolvane1::automation

@@ -1,4 +1,4 @@
-// The catalogue's parts, one for each family, and what their arguments have in common.
+// The catalogue's parts, one for each family, and the arguments that they share.
 #pragma once
 
 #include <array>

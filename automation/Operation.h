@@ -53,7 +53,7 @@ struct Argument {
   }
 };
 
-// How an operation comes by its result.
+// How an operation gets its result.
 enum class LaunchKind {
   kMember,         // no report: a member of the session itself
   kPlainQuery,     // always synchronous, no events

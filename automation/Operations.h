@@ -19,7 +19,7 @@ namespace pstolvane1::automation {
 
 // By name in any case; nullptr when there is none.
 [[nodiscard]] const Operation* FindOperation(std::string_view name);
-// The same, with error 3001 that names what was asked for and what is nearest to it.
+// The same, with error 3001 that names the unknown operation and the one most like it.
 [[nodiscard]] const Operation& GetOperation(std::string_view name);
 
 // The value of a name of the enumeration, in any case.

@@ -1,4 +1,4 @@
-// What can be typed, and what is done for it.
+// The command line: reads the words and runs the command.
 #pragma once
 
 namespace pstolvane1::host {

@@ -21,7 +21,7 @@ struct OutputOptions {
 // only when it is whole. Error 3001 when it cannot be written, or for a sheet without a path.
 void Write(const Recordset& rowset, std::string_view title, const OutputOptions& options,
            const std::function<std::string()>& json);
-// Writes a text that is no rowset.
+// Writes any other text.
 void WriteText(std::string_view text, const OutputOptions& options);
 
 }  // namespace pstolvane1::host

@@ -24,7 +24,7 @@ enum class Vouchertype { kToBeJoined, kJoined };
 class QueryFilter {
  public:
   // The table's name has to outlive the filter. One that keeps undated rows joins from the left,
-  // and lets a row pass that has no date in the table, or that meets all conditions.
+  // and lets a row pass that has no date in the table, or for which all conditions are true.
   explicit QueryFilter(const NamedTable& table, Undated undated = Undated::kDropped,
                        Vouchertype vouchertype = Vouchertype::kToBeJoined)
       : table_(table), undated_(undated), vouchertype_(vouchertype) {}

@@ -14,8 +14,7 @@ namespace pstolvane1 {
 
 enum class StandardRates { kCosts, kAll };
 
-// What a method that hunts for its rate hunts among: costs alone for LastPurchaseRate and
-// standardrate.
+// The standard rates that a method searches: costs alone for LastPurchaseRate and standardrate.
 [[nodiscard]] StandardRates StandardRatesOf(enmValuationMethod method);
 
 // The rows of Standardrate1 that end by a day, the one in force last.

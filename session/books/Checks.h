@@ -15,7 +15,7 @@ using Findings = std::vector<Finding>;
 bool CheckTables(Reader& books, Findings& findings);
 void CheckIndexes(Reader& books, Findings& findings);
 
-// With complete false, a check that names what is missing is passed over.
+// With complete false, a check that needs a missing table or column is skipped.
 void CheckReferences(Reader& books, bool complete, Findings& findings);
 void CheckValues(Reader& books, bool complete, Findings& findings);
 void CheckRules(Reader& books, bool complete, Findings& findings);

@@ -10,7 +10,7 @@
 
 namespace pstolvane1::books {
 
-// Told before each table is read.
+// Called before each table is read.
 using CopyProgress = std::function<void(std::string_view table)>;
 
 // Makes the books that the second connection names, with the reference schema, and fills them with

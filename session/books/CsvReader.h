@@ -21,8 +21,8 @@ struct CsvField {
 
 // Fields are parted by commas and records by line feeds, with or without a carriage return. A field
 // in quotes may hold commas, line breaks and doubled quotes. A byte order mark at the start and
-// lines with nothing on them are passed over. Reads the stream once, in pieces; whoever owns it
-// keeps it.
+// lines with nothing on them are passed over. Reads the stream once, in pieces; the caller keeps
+// it.
 class CsvReader {
  public:
   static constexpr std::size_t kLongestField = 1'000'000;  // bytes

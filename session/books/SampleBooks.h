@@ -11,7 +11,7 @@ namespace pstolvane1::books {
 inline constexpr std::int64_t kFewestMovements = 2'000;
 inline constexpr std::int64_t kMostMovements = 10'000'000;
 
-// Told now and then while the books are made; done runs up to total.
+// Called from time to time while the books are made; done counts up to total.
 using SampleProgress =
     std::function<void(std::string_view stage, std::int64_t done, std::int64_t total)>;
 

@@ -31,7 +31,7 @@ class Writer {
   // Begins an empty file. Error 501 when that fails.
   explicit Writer(const std::string& path);
   // Begins a transaction on books that are there; unless it is finished they stay as they were.
-  // Waits ten seconds for whoever else writes to them. Error 501 when that fails.
+  // Waits ten seconds for another writer. Error 501 when that fails.
   Writer(const std::string& path, Existing);
   ~Writer();
   Writer(const Writer&) = delete;

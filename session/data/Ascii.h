@@ -1,4 +1,4 @@
-// What the readers of plain text ask of its characters.
+// Tests of single ASCII characters, for the readers of plain text.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,4 @@
-// One state of the books, taken when somebody first reads it.
+// One state of the books, taken when it is first read.
 #pragma once
 
 #include <atomic>
@@ -38,7 +38,7 @@ class BooksState {
     return snapshot_;
   }
   [[nodiscard]] bool ReadsSideBySide() const noexcept { return provider_->ReadsSideBySide(); }
-  // Whether it cannot be had any more. Does not wait.
+  // Whether taking it has failed. Does not wait.
   [[nodiscard]] bool Failed() const noexcept { return failed_; }
 
  private:

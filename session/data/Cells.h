@@ -12,7 +12,8 @@
 namespace pstolvane1 {
 
 // A cell's place. The functions below raise error 3265 for a column that the store does not have,
-// 94 for Null, 13 for a value that has none of the type, 6 beyond its range, and name the column.
+// 94 for Null, 13 for a value that cannot be converted to the type, 6 beyond its range, and name
+// the column.
 struct CellPlace {
   const RowStore& store;
   int column;

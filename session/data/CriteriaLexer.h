@@ -33,7 +33,7 @@ class CriteriaLexer {
   explicit CriteriaLexer(CriteriaText text) : text_(text) { Advance(); }
 
   [[nodiscard]] const CriteriaToken& Now() const { return now_; }
-  // Error 3001 for what is no token.
+  // Error 3001 for a sign that criteria do not have.
   void Advance();
   [[nodiscard]] const CriteriaText& Text() const { return text_; }
 

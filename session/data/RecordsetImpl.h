@@ -24,14 +24,14 @@ class RunningFetch {
   [[nodiscard]] virtual std::optional<Error> TakeAll() = 0;
 };
 
-// Error 3265: the name and the columns that there are.
+// Error 3265 with the name and the columns of the rowset.
 [[noreturn]] void RaiseNoColumn(std::string_view name, const std::vector<ColumnInfo>& columns);
 
 struct Recordset::Impl {
   // The columns of a fabricated rowset, as appended. They stay when it is closed.
   std::vector<ColumnInfo> appended;
 
-  // There while the rowset is open.
+  // Set while the rowset is open.
   std::optional<RowView> view;
 
   // The columns of the current row that were written since the last Update. Empty when none was.

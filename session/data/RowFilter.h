@@ -17,7 +17,7 @@
 namespace pstolvane1 {
 
 // A tree of comparisons. Not has no node of its own: it is carried down to the comparisons, each of
-// which has an opposite, so that a comparison with a Null cell is met neither way.
+// which has an opposite, so that neither a comparison with a Null cell nor its opposite is true.
 class RowFilter {
  public:
   static constexpr std::size_t kMaxLength = 1'000'000;  // bytes of text
@@ -47,7 +47,8 @@ class RowFilter {
   // Where the filter is one equality on an optimized column: its rows, hidden ones too, as they
   // stand in the index. Else owner is null.
   [[nodiscard]] Rows LookUp(RowStore& store) const;
-  // The visible rows that meet it, in ascending order: of the whole store, or of an ascending list.
+  // The visible rows for which it is true, in ascending order: of the whole store, or of an
+  // ascending list.
   [[nodiscard]] std::vector<std::uint32_t> Select(RowStore& store) const;
   [[nodiscard]] std::vector<std::uint32_t> SelectFrom(RowStore& store,
                                                       std::span<const std::uint32_t> rows) const;
@@ -61,7 +62,7 @@ class RowFilter {
     std::uint32_t next;   // sibling; kNone for the last
   };
   static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
-  // Rows among which are all that a part of the filter can be met by.
+  // Rows that include all for which a part of the filter can be true.
   struct Candidates {
     bool known = false;
     Rows rows;

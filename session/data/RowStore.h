@@ -36,7 +36,7 @@ struct ChapterRows {
   [[nodiscard]] std::size_t Bytes() const;
 };
 
-// Rows are numbered from 0 in the order of their coming and keep their number for good: a bookmark
+// Rows are numbered from 0 in the order in which they are added and keep their numbers: a bookmark
 // is a row number. A deleted row, and one that is added but not yet updated, is hidden. Used by one
 // thread at a time; a source that fetches in the background fills chunks of its own and hands them
 // over whole.
@@ -123,7 +123,7 @@ class RowStore {
     return optimized_[static_cast<std::size_t>(column)];
   }
   void Optimize(int column, bool on);
-  // The index of an optimized column; nullptr for any other. Whoever reads lists of it keeps it.
+  // The index of an optimized column; nullptr for any other. A reader of its lists keeps it.
   [[nodiscard]] std::shared_ptr<const ColumnIndex> Index(int column);
   [[nodiscard]] FilterCache& Filters() { return *filters_; }
 

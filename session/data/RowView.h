@@ -17,7 +17,7 @@ namespace pstolvane1 {
 class RowFilter;
 
 // The view is a list of row numbers, or all rows of the store when nothing limits or orders them.
-// The list holds the rows that meet the filter, in the order of the sort, and follows every change
+// The list holds the rows that pass the filter, in the order of the sort, and follows every change
 // that the store tells of; rows that are hidden stay in it and are passed over.
 //
 // The position is BOF, EOF, a row, or the gap that a row left when it was deleted or fell out of

@@ -75,8 +75,8 @@ struct Command {
 };
 
 // The command in one spelling: keywords in capitals, names in brackets, queries as they stand.
-// Reading it again gives the same tree but for the places, unless it has grown beyond the parser's
-// limit of length.
+// Reading it again gives the same tree apart from the places, unless it has grown beyond the
+// parser's limit of length.
 [[nodiscard]] std::string Print(const Command& command);
 
 }  // namespace pstolvane1::shape

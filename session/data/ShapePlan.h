@@ -63,8 +63,8 @@ struct Plan {
 using Describe = std::function<std::vector<ColumnInfo>(std::string_view select)>;
 
 // The plan of a shape command, or of one SELECT. Error -2147217900 for what the parser or
-// `describe` refuses, and "line L, column C: ..." for a column that is not there or there already,
-// keys that cannot be compared, and an aggregate of a type that it does not take.
+// `describe` refuses, and "line L, column C: ..." for a column that does not exist or exists
+// already, keys that cannot be compared, and an aggregate of a type that it does not take.
 //
 // Types of aggregates: COUNT is a whole number; SUM of whole numbers a 64-bit one, of singles and
 // doubles a double, of money money; AVG a double, of money money; MIN, MAX and ANY are the

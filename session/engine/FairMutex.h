@@ -1,4 +1,4 @@
-// A mutex that serves its waiters in the order of their coming.
+// A mutex that serves its waiters in the order in which they arrived.
 #pragma once
 
 #include <condition_variable>
@@ -8,7 +8,8 @@
 namespace pstolvane1 {
 
 // Several fetches that take turns on one engine connection would starve each other on a plain
-// mutex, which mostly goes back to the thread that has just left it. Use it with std::lock_guard.
+// mutex, which is mostly given back to the thread that has just released it. Use it with
+// std::lock_guard.
 class FairMutex {
  public:
   void lock() {

@@ -38,7 +38,7 @@ class DatePattern {
   [[nodiscard]] const std::string& FirstSeparator() const { return first_separator_; }
 
   // Reads numbers in the order of the pattern's day, month and year, whatever stands between them.
-  // A year of two digits lies in 1930 to 2029. Error 13 for what is no such date.
+  // A year of two digits lies in 1930 to 2029. Error 13 for a text that is not such a date.
   [[nodiscard]] Date Parse(std::string_view text, const DateNames& names) const;
 
  private:

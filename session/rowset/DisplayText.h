@@ -10,9 +10,9 @@
 
 namespace pstolvane1 {
 
-// A quantity or a rate. Error 94 for Null, 13 for what is no number.
+// A quantity or a rate. Error 94 for Null, 13 for a value that is not a number.
 [[nodiscard]] std::string FormatQuantityText(const Locale& locale, const Variant& value);
-// Money, zero included. Error 94 for Null, 13 for what is no number.
+// Money, zero included. Error 94 for Null, 13 for a value that is not a number.
 [[nodiscard]] std::string FormatCurrencyText(const Locale& locale, const Variant& value);
 // True for zero, Null, and any value that is not a finite number.
 [[nodiscard]] bool IsBlankAmount(const Variant& value);

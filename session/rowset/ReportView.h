@@ -13,8 +13,7 @@
 namespace pstolvane1 {
 
 // A rowset with a DummySort column is a report: its twins, keys and rule columns are left out.
-// Other rowsets show all their columns. Chapters and columns without any content are always left
-// out.
+// Other rowsets show all their columns. Chapters and empty columns are always left out.
 class ReportView {
  public:
   struct Column {

@@ -13,7 +13,7 @@
 namespace pstolvane1::sql {
 
 // Error -2147217900 "line L, column C: ..." for unknown tables, columns and functions, ambiguous
-// and repeated names, types that cannot meet, aggregates where none may be, columns that are
+// and repeated names, types that cannot be combined, aggregates where none may be, columns that are
 // neither grouped nor aggregated, and wrong numbers of columns. The result refers to the catalog's
 // tables and must not outlive them. Pure; may be called from any thread.
 [[nodiscard]] bound::Query Bind(const Statement& statement, const Catalog& catalog);

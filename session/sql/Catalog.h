@@ -9,8 +9,8 @@
 
 namespace pstolvane1::sql {
 
-// The types of the dialect, in the order in which they rank, low to high: of two values that meet,
-// the lower one becomes the higher one. kNull is the type of the word NULL alone.
+// The types of the dialect, in the order in which they rank, low to high: of two values that are
+// combined, the lower one is converted to the higher one. kNull is the type of the word NULL alone.
 enum class Type {
   kNull,
   kText,

@@ -11,7 +11,7 @@ namespace pstolvane1::sql {
 // else "yyyy-mm-dd hh:mm:ss" with a fraction of seconds, without trailing zeros, only if there is
 // one. Reads MM/dd/yyyy and the ISO forms yyyy-mm-dd and yyyymmdd, each with or without a time of
 // day behind a blank or "T" (hh:mm, hh:mm:ss, hh:mm:ss.fff, with AM or PM), blanks around; an empty
-// or blank text is 1 January 1900. Empty for anything else and for a day that the calendar has not.
+// or blank text is 1 January 1900. Empty for anything else and for a day that does not exist.
 [[nodiscard]] std::optional<std::string> ReadDateText(std::string_view text);
 
 }  // namespace pstolvane1::sql

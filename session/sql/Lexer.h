@@ -103,8 +103,8 @@ struct Token {
 };
 
 // The tokens in order, the last one of kind kEnd at the end of the text. Comments and blanks are
-// dropped. Refuses (error -2147217900) what is no token of the dialect, what does not end, what is
-// not UTF-8 and what exceeds the limits on bytes, tokens and names.
+// dropped. Error -2147217900 for a sign that the dialect does not have, an unterminated text or
+// name, what is not UTF-8 and what exceeds the limits on bytes, tokens and names.
 [[nodiscard]] std::vector<Token> Tokenize(std::string_view text);
 
 // kNone for a word that may be a name; any case.

@@ -1,4 +1,4 @@
-// The dialect's rules of types: what meets what, and what comes of it.
+// The dialect's type rules: which types may be combined, and the type of the result.
 #pragma once
 
 #include <optional>

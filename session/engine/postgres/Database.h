@@ -34,10 +34,11 @@ class Database {
   // The next piece of what is copied, one row or more; false at the end, when all statements that
   // stand behind are done as well.
   [[nodiscard]] bool NextPiece(NativeBuffer& piece, std::size_t& size, Watch& watch);
-  // Ends the transaction without waiting for it. False when the session is of no use any more.
+  // Ends the transaction without waiting for it. False when the session cannot be used any more.
   [[nodiscard]] bool LetGo() noexcept;
   // Waits a few seconds for what LetGo left behind, and after a rest asks whether the server still
-  // answers. False when the session is of no use any more, as after the server was stopped.
+  // answers. False when the session cannot be used any more, for example after the server was
+  // stopped.
   [[nodiscard]] bool TakeUp(Watch& watch) noexcept;
   [[nodiscard]] bool IsLost() const noexcept;
   // A statement of the open transaction was refused, and nothing runs.

@@ -1,4 +1,4 @@
-// What the server's words and codes mean to whoever reads the books.
+// What the server's messages and codes mean for somebody who reads the books.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ namespace pstolvane1::postgres {
 // The words on one line, without the full stop and the blanks at their end. A line that begins with
 // a capital letter begins a sentence, and another that is not indented is parted by a semicolon.
 [[nodiscard]] std::string OneLine(std::string_view words);
-// Such words with their full stop, if they do not ask something.
+// Such words with a full stop, unless they are a question.
 [[nodiscard]] std::string Sentence(std::string words);
 
 // The error for a failed result: by its SQLSTATE 6, 11, 13 or else -2147217900, with the dialect's

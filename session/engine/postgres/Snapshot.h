@@ -30,7 +30,7 @@ struct HeldState {
   // which reads the state; in the holder's own where the books are spread. Queries that ask at the
   // same time wait for each other.
   void CheckColumns(std::span<const NamedColumn> columns, Database* session, Watch& watch);
-  // Whether CheckColumns has nothing to look through.
+  // Whether CheckColumns has nothing left to check.
   [[nodiscard]] bool AreSound(std::span<const NamedColumn> columns) const;
 
   // All that a COPY gives, read in the holder's own session, one statement at a time.

@@ -23,9 +23,9 @@ namespace pstolvane1::sqlite {
 // engine's words unless told otherwise.
 class Database {
  public:
-  // Opens an existing file and reads its schema, so that what is no database is refused here. Waits
-  // for locks within the watch's limit. Error 501 whose text continues "the books FILE cannot be
-  // opened: ...".
+  // Opens an existing file and reads its schema, so that a file of another kind is refused here.
+  // Waits for locks within the watch's limit. Error 501 whose text continues "the books FILE cannot
+  // be opened: ...".
   Database(const std::string& file, Watch& watch);
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;

@@ -1,4 +1,4 @@
-// What SQLite's result codes mean to whoever reads the books.
+// What SQLite's result codes mean for somebody who reads the books.
 #pragma once
 
 #include <string>

@@ -30,7 +30,7 @@ class Call {
   [[nodiscard]] std::string_view Text(int at) const;
 
   void Return(std::int64_t number) { sqlite3_result_int64(context_, number); }
-  // Error 6 for what is no number.
+  // Error 6 for NaN.
   void Return(double number);
   void Return(std::string_view text) {
     sqlite3_result_text64(context_, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);

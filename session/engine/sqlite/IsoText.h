@@ -19,7 +19,7 @@ struct IsoText {
 };
 
 // "2004-03-31", with "T" or a blank and "14:05", "14:05:09" or "14:05:09.250" behind it. Empty for
-// anything else, and for a day or a time that there is not.
+// anything else, and for a day or a time that does not exist.
 [[nodiscard]] std::optional<IsoText> ReadIsoText(std::string_view text);
 
 // "2004-03-31", or "2004-03-31 14:05:09.25" when it is not midnight.
