@@ -11,10 +11,11 @@ constexpr Argument kBills[] = {
     Int32("lngItem_id", kNotUsed).Optional(),
     Int32("lngLedger_Id", kNotUsed).Optional(),
     kLongDate.Optional(),
-    kSeparator.Optional("/"),
+    Text("strRefSeperator", kNotUsed).Optional("/"),
     Byte("bytOptional", kNotUsed).Optional(),
     kReport.Optional("true"),
-    Flag("blnDetailed", "Add the lines and the receipts of each bill.").Optional(),
+    Flag("blnDetailed", "Add the receipts of each bill, and in BillWiseQuery1 its lines.")
+        .Optional(),
     Flag("blnShowNarration", kNotUsed).Optional(),
     kScale.Optional("1"),
     Flag("Detailed", kNotUsed).Optional(),

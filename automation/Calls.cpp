@@ -53,6 +53,8 @@ constexpr Built kBuilt[] = {
     Member<&clsStolvane1::POrderTextQuery>("POrderTextQuery"),
     Member<&clsStolvane1::Doc_Initial>("Doc_Initial"),
     Member<&clsStolvane1::LedgersByCode>("LedgersByCode"),
+    Member<&clsStolvane1::BillWiseQuery>("BillWiseQuery"),
+    Member<&clsStolvane1::BillWiseQuery1>("BillWiseQuery1"),
     Member<&clsStolvane1::MultiplePriceList>("MultiplePriceList"),
     Member<&clsStolvane1::StockDetails_Itemwise>("StockDetails_Itemwise"),
     Member<&clsStolvane1::StockDetails_Categorywise>("StockDetails_Categorywise"),

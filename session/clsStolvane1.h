@@ -219,6 +219,29 @@ class clsStolvane1 : public clsStolvane1Events {
                                  std::string_view strRefSep = "/",
                                  Boolean blnIncludeRelatedVoucherTypes = True);
 
+  // Sale bills of the period by party, each with its items and, with blnDetailed, the receipts
+  // against it before it; a total. recitem holds items by Itemnew_id with their itemname; an item
+  // that is not there has no name. sngScale divides the bills' and the receipts' amounts. The other
+  // arguments are not used.
+  RecordsetPtr BillWiseQuery(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                             std::int32_t lngItem_id = 0, std::int32_t lngLedger_Id = 0,
+                             Boolean blnUseLongDate = False, std::string_view strRefSeperator = "/",
+                             std::uint8_t bytOptional = 0, Boolean blnReport = True,
+                             Boolean blnDetailed = False, Boolean blnShowNarration = False,
+                             float sngScale = 1, Boolean Detailed = False,
+                             Date lastVoucherDate = {}, const RecordsetPtr& recitem = nullptr);
+  // Entries of the bill-by-bill accounts of year bytYearno in the period; with blnDetailed each
+  // with the items and the receipts of its bill. Ask for it synchronously: in the background it
+  // ends in error 3265. sngScale divides the receipts' amounts.
+  RecordsetPtr BillWiseQuery1(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                              std::int32_t lngItem_id = 0, std::int32_t lngLedger_Id = 0,
+                              Boolean blnUseLongDate = False,
+                              std::string_view strRefSeperator = "/", std::uint8_t bytOptional = 0,
+                              Boolean blnReport = True, Boolean blnDetailed = False,
+                              Boolean blnShowNarration = False, float sngScale = 1,
+                              Boolean Detailed = False, Date lastVoucherDate = {},
+                              const RecordsetPtr& recitem = nullptr);
+
   // Vehicles as the front desk looks them up; the columns are in docs/reports.md. No report is
   // written: the query's own rowset comes, always in the background, by FetchComplete. reptype
   // rtAutoSearch searches by buyer if strBuyerFilter is given (a clause on Terms1 with its own

@@ -1,10 +1,53 @@
 // The bill and price reports of the public class.
+#include "bills/BillWise.h"
 #include "bills/MultiplePriceList.h"
 #include "session/clsStolvane1.h"
 
 namespace pstolvane1 {
 
 using FramePtr = std::shared_ptr<ReportFrame>;
+
+namespace {
+
+BillWiseArguments Asked(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                        Boolean blnUseLongDate, Boolean blnDetailed, float sngScale) {
+  return {.bytYearno = bytYearno,
+          .dtFromDate = dtFromDate,
+          .dtToDate = dtToDate,
+          .blnUseLongDate = blnUseLongDate.IsSet(),
+          .blnDetailed = blnDetailed.IsSet(),
+          .sngScale = sngScale};
+}
+
+}  // namespace
+
+RecordsetPtr clsStolvane1::BillWiseQuery(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                         std::int32_t /*lngItem_id*/, std::int32_t /*lngLedger_Id*/,
+                                         Boolean blnUseLongDate,
+                                         std::string_view /*strRefSeperator*/,
+                                         std::uint8_t /*bytOptional*/, Boolean blnReport,
+                                         Boolean blnDetailed, Boolean /*blnShowNarration*/,
+                                         float sngScale, Boolean /*Detailed*/,
+                                         Date /*lastVoucherDate*/, const RecordsetPtr& recitem) {
+  return pstolvane1::BillWiseQuery(
+      *FramePtr(frame_),
+      Asked(bytYearno, dtFromDate, dtToDate, blnUseLongDate, blnDetailed, sngScale), recitem,
+      blnReport);
+}
+
+RecordsetPtr clsStolvane1::BillWiseQuery1(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                          std::int32_t /*lngItem_id*/,
+                                          std::int32_t /*lngLedger_Id*/, Boolean blnUseLongDate,
+                                          std::string_view /*strRefSeperator*/,
+                                          std::uint8_t /*bytOptional*/, Boolean blnReport,
+                                          Boolean blnDetailed, Boolean /*blnShowNarration*/,
+                                          float sngScale, Boolean /*Detailed*/,
+                                          Date /*lastVoucherDate*/, const RecordsetPtr& recitem) {
+  return pstolvane1::BillWiseQuery1(
+      *FramePtr(frame_),
+      Asked(bytYearno, dtFromDate, dtToDate, blnUseLongDate, blnDetailed, sngScale), recitem,
+      blnReport);
+}
 
 RecordsetPtr clsStolvane1::MultiplePriceList(std::uint8_t /*bytYearno*/, Date /*dtFromDate*/,
                                              Date /*dtToDate*/, std::int32_t /*lngPriceList_Id*/,

@@ -38,7 +38,8 @@ constexpr Index kBillByBill1Indexes[] = {{"BillByBill1_CrVoucher", "CrVoucher_id
 constexpr Column kBillByBillDetails1[] = {
     {"BillByBillDetails_id", kKey}, {"BillByBill_id", kWhole}, {"Voucher_id", kWhole},
     {"Vouchertype_id", kWhole},     {"Date", kDate},           {"AmountDr", kMoney},
-    {"AmountCr", kMoney},           {"RefType", kText, 10},    {"OptionalDetails", kFlag}};
+    {"AmountCr", kMoney},           {"RefType", kText, 10},    {"OptionalDetails", kFlag},
+    {"ReceiptNo", kWhole}};
 constexpr Index kBillByBillDetails1Indexes[] = {
     {"BillByBillDetails1_Bill", "BillByBill_id, AmountDr, AmountCr"},
     {"BillByBillDetails1_Voucher", "Voucher_id"},

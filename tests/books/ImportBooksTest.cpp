@@ -51,16 +51,16 @@ class ImportBooks : public testing::Test {
 TEST_F(ImportBooks, ReadsEveryKindOfColumn) {
   from_.Write("Godown1.csv", "Godown_id,GodownName,RelatedTo,Deleted\n1,Main Store,1,false\n");
   from_.Write("BillByBillDetails1.csv",
-              "BillByBillDetails_id,Date,AmountDr,AmountCr,RefType,OptionalDetails\n"
-              "-2147483648,2004-02-29,12345.6789,-0.05,\"\",TRUE\n"
-              "2147483647,,,,,-1\n");
+              "BillByBillDetails_id,Date,AmountDr,AmountCr,RefType,OptionalDetails,ReceiptNo\n"
+              "-2147483648,2004-02-29,12345.6789,-0.05,\"\",TRUE,12\n"
+              "2147483647,,,,,-1,\n");
   from_.Write("Terms1.csv",
               "DesrTerms_id,PromisedDeliveryTime,DateOfSale\n"
               "1,2004-03-31T14:05:09,2004-03-31\n2,2004-03-31,\n");
   from_.Write("Items1.csv", "Item_id,RelationFormula,MaintainBatches\n7,2.5,0\n8,-3,1\n");
   EXPECT_THAT(Imported("SELECT * FROM BillByBillDetails1"),
-              ElementsAre("-2147483648|(null)|(null)|(null)|2004-02-29|12345.6789|-0.05||1",
-                          "2147483647|(null)|(null)|(null)|(null)|(null)|(null)|(null)|1"));
+              ElementsAre("-2147483648|(null)|(null)|(null)|2004-02-29|12345.6789|-0.05||1|12",
+                          "2147483647|(null)|(null)|(null)|(null)|(null)|(null)|(null)|1|(null)"));
   Database books(books_);
   EXPECT_THAT(books.Rows("SELECT DesrTerms_id, PromisedDeliveryTime, DateOfSale FROM Terms1"),
               ElementsAre("1|2004-03-31 14:05:09|2004-03-31", "2|2004-03-31|(null)"));

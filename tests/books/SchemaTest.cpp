@@ -64,7 +64,7 @@ const std::map<std::string, std::string> kRead = {
     {"BillByBill1", "BillByBill_id CrVoucher_id RefNo EffectiveDate Ledger_id YearNo"},
     {"BillByBillDetails1",
      "BillByBillDetails_id BillByBill_id Voucher_id Vouchertype_id Date AmountDr AmountCr RefType "
-     "OptionalDetails"},
+     "OptionalDetails ReceiptNo"},
     {"Terms1",
      "DesrTerms_id Desr_id DespatchTo DespatchToAdd1 DespatchToAdd2 City PinCode District State "
      "BuyersName SalesTaxNo1 SalesTaxNo2 Vehicle_id VehicleType RegistrationNumber ChasisNumber "

@@ -74,7 +74,7 @@ void Apply(clsStolvane1& session, const CaseFile& file, const std::string& conne
     } else if (kind == "filter") {
       std::erase_if(filter, [&name](const NamedValue& given) { return given.name == name; });
       filter.push_back({name, TextOf(value)});
-    } else {
+    } else if (kind != "path") {
       throw std::runtime_error("no such setting: " + what);
     }
   }

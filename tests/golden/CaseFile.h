@@ -21,7 +21,8 @@
 //
 // Settings: "set cancel", "set locale de_DE", "set year = 2003-04-01 .. 2004-03-31" for the dates
 // of SetConnection, "set alias taItem = Items1.ItemPartNo", "set filter strVouchertypeFilter =
-// ...".
+// ...". A report that differs on the two paths has cases with "set path = synchronous" and "set
+// path = asynchronous"; all others run on both.
 //
 // The call: "call LedgersByCode as customers" starts from the arguments of that name, which stand
 // in the file "calls" beside the case, or in the family's ("stock.calls" in the folder of the

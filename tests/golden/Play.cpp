@@ -70,6 +70,18 @@ Outcome PlayCall(clsStolvane1& session, const TextCall& call, Path path) {
   return outcome;
 }
 
+// The only path of a case that names one.
+Path PathOf(const CaseFile& file, Path path) {
+  for (const auto& [what, value] : file.settings) {
+    if (what != "path") continue;
+    if (value != "synchronous" && value != "asynchronous") {
+      throw std::runtime_error("no such path: " + value);
+    }
+    path = value == "synchronous" ? Path::kSynchronous : Path::kAsynchronous;
+  }
+  return path;
+}
+
 }  // namespace
 
 std::vector<std::string> AllCases() {
@@ -84,6 +96,7 @@ std::vector<std::string> AllCases() {
 }
 
 Outcome Play(const CaseFile& file, Path path, const std::string& connection) {
+  path = PathOf(file, path);
   // As in a new program: what an earlier report on this thread has left is gone.
   *modStolvane1::OfThisThread() = modStolvane1();
   clsStolvane1 session;

@@ -22,7 +22,7 @@ Accounts::Accounts(Writer& writer, const Masters& masters, Documents& documents,
             "BillByBill_id, CrVoucher_id, RefNo, EffectiveDate, Ledger_id, YearNo"),
       bill_detail_(writer, "BillByBillDetails1",
                    "BillByBillDetails_id, BillByBill_id, Voucher_id, Vouchertype_id, Date, "
-                   "AmountDr, AmountCr, RefType, OptionalDetails") {}
+                   "AmountDr, AmountCr, RefType, OptionalDetails, ReceiptNo") {}
 
 void Accounts::Write(const Entry& entry, int ledger, Paise debit, Paise credit) {
   if (debit == 0 && credit == 0) return;
@@ -122,7 +122,7 @@ std::int64_t Accounts::OpenBillOf(const Document& document, const Posted& posted
 void Accounts::WriteBillDetail(std::int64_t bill, const Entry& entry, int type, Paise debit,
                                Paise credit, std::string_view kind) {
   bill_detail_.Run(++last_bill_detail_, bill, entry.voucher, type, entry.day, Rupees(debit),
-                   Rupees(credit), kind, entry.optional);
+                   Rupees(credit), kind, entry.optional, entry.receipt);
 }
 
 int Accounts::DrawMoneyLedger(bool sale) {
@@ -138,8 +138,9 @@ void Accounts::Settle(Day day, bool sale) {
   if (open.empty()) return;
   const int type = sale ? kReceipt : kPayment;
   const int year = YearOf(day);
-  const Entry entry{NextVoucher(), day, false, false};
+  const std::int64_t voucher = NextVoucher();
   const int number = documents_.NextNumber(type, year);
+  const Entry entry{voucher, day, false, false, sale ? std::optional(number) : std::nullopt};
   voucher_.Run(entry.voucher, type, number, false, false);
 
   const std::size_t near = std::min<std::size_t>(open.size(), 40);

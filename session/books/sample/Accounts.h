@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 
 #include "session/books/sample/Document.h"
@@ -32,6 +33,7 @@ class Accounts {
     std::int64_t voucher;
     Day day;
     bool optional, deleted;
+    std::optional<int> receipt = std::nullopt;  // its number, if it is one
   };
 
   void Debit(const Entry& entry, int ledger, Paise amount) { Write(entry, ledger, amount, 0); }

@@ -1,0 +1,131 @@
+#include "bills/BillLines.h"
+#include "session/RowLoop.h"
+#include "session/rowset/ReportWriter.h"
+
+namespace pstolvane1 {
+namespace {
+
+// Overduedays and Dueon stay empty: a host reckons them itself.
+constexpr ReportLayout kColumns = {
+    Display("Billno"),
+    Display("Date"),
+    Display("LedgerName"),
+    Display("PendingAmount"),
+    Display("Overduedays"),
+    Display("VoucherType"),
+    Display("VoucherType1"),
+    Display("itemname"),
+    Display("rate"),
+    Display("Amount"),
+    Display("Receiptrefno"),
+    Display("ReceiptDate"),
+    Display("Receiptno"),
+    Display("Amountcr"),
+    Display("Voucher_id"),
+    Display("Desr_Id"),
+    Marker("Line"),
+    Display("Dueon"),
+    Display("ReceiptVoucherType"),
+    Display("TotalAmount"),
+    Display("VoucherNo"),
+    Display("Indent"),
+    TextTwin("BillnoSort"),
+    DateTwin("DateSort"),
+    TextTwin("LedgerNameSort"),
+    TextTwin("VoucherType1Sort"),
+    MoneyTwin("TotalAmountSort"),
+    NumberTwin("DummySort"),
+};
+constexpr RuleColumn kRule = kColumns.Rule("Line", 1000);
+
+class EntryReport {
+ public:
+  explicit EntryReport(ReportFrame& frame)
+      : frame_(frame),
+        arguments_(frame.module.Kept<BillWiseArguments>()),
+        source_(frame.Rowset(Source::rsReport)),
+        items_(frame, arguments_),
+        writer_(kColumns, StyleOf(frame)) {}
+
+  RecordsetPtr Write() {
+    ForEachSourceRow(frame_, *source_, [&](const Recordset::Row& row) {
+      WriteEntry(row);
+      if (!arguments_.blnDetailed) return;
+      WriteItems(row);
+      WriteReceipts(row);
+    });
+    writer_.AddRuleLine(kRule);
+    return writer_.Finish();
+  }
+
+ private:
+  void WriteEntry(const Recordset::Row& row) {
+    writer_.AddLine();
+    writer_.Copy(kColumns.Twinned("Billno"), row, number_);
+    writer_.Date(kColumns.Twinned("Date"), row[date_]);
+    writer_.Copy(kColumns.Twinned("LedgerName"), row, ledger_);
+    writer_.Copy(kColumns.Twinned("VoucherType1"), row, type_);
+    Money(kColumns.At("PendingAmount"), row, amount_);
+    Money(kColumns.Twinned("TotalAmount"), row, amount_);
+    writer_.Copy(kColumns.At("Voucher_id"), row, voucher_);
+  }
+
+  void WriteItems(const Recordset::Row& entry) {
+    const RecordsetPtr lines = entry.Chapter(lines_);
+    const ColumnHandle item = lines->Column("Item_Id");
+    const ColumnHandle quantity = lines->Column("QtyOut");
+    const ColumnHandle rate = lines->Column("Rate");
+    int indent = 0;
+    for (const Recordset::Row line : lines->Rows()) {
+      writer_.AddSubLine();
+      writer_.Value(kColumns.At("itemname"), items_.NameOf(line[item]));
+      Money(kColumns.At("rate"), line, rate);
+      if (!line.IsNull(quantity) && !line.IsNull(rate)) {
+        writer_.Money(kColumns.At("Amount"), AmountOf(line.Single(quantity), line.Money(rate)));
+      }
+      writer_.Text(kColumns.At("Indent"), std::to_string(++indent));
+    }
+  }
+
+  void WriteReceipts(const Recordset::Row& entry) {
+    ForEachReceipt(entry, receipts_,
+                   [&](const Recordset::Row& receipt, const ReceiptColumns& columns,
+                       const std::string& indent) {
+                     writer_.AddSubLine();
+                     writer_.Copy(kColumns.At("Receiptrefno"), receipt, columns.reference);
+                     writer_.Copy(kColumns.At("ReceiptVoucherType"), receipt, columns.type);
+                     writer_.Date(kColumns.At("ReceiptDate"), receipt[columns.date]);
+                     writer_.Copy(kColumns.At("Receiptno"), receipt, columns.number);
+                     Money(kColumns.At("Amountcr"), receipt, columns.amount);
+                     writer_.Copy(kColumns.At("Voucher_id"), receipt, columns.voucher);
+                     writer_.Copy(kColumns.At("Desr_Id"), entry, document_);
+                     writer_.Text(kColumns.At("Indent"), indent);
+                   });
+  }
+
+  void Money(Target to, const Recordset::Row& row, ColumnHandle amount) {
+    if (!row.IsNull(amount)) writer_.Money(to, row[amount]);
+  }
+
+  [[nodiscard]] ColumnHandle Column(std::string_view name) const { return source_->Column(name); }
+  [[nodiscard]] ColumnHandle Chapter(std::string_view name) const {
+    return arguments_.blnDetailed ? Column(name) : Target::kNone;
+  }
+
+  ReportFrame& frame_;
+  const BillWiseArguments arguments_;
+  const RecordsetPtr source_;
+  const ColumnHandle number_ = Column("Refno"), date_ = Column("Date"),
+                     ledger_ = Column("LedgerName"), type_ = Column("VoucherType"),
+                     amount_ = Column("AmountDr"), voucher_ = Column("Voucher_Id"),
+                     document_ = Column("Desr_Id"), lines_ = Chapter("chSaleBill"),
+                     receipts_ = Chapter("chSaleReceiptBill");
+  const BillItems items_;
+  ReportWriter writer_;
+};
+
+}  // namespace
+
+RecordsetPtr mBillWiseQuery1(ReportFrame& frame) { return EntryReport(frame).Write(); }
+
+}  // namespace pstolvane1

@@ -1,0 +1,4 @@
+-- the bill-by-bill entries of a month
+--
+-- call BillWiseQuery1 as april_bills
+select billbybill1.refno , entries.voucher_id , entries.date , entries.amountdr , vouchertype1.vouchertype , ledgernames1.ledgername as ledgername , (select min(desr1.desr_id) from desr1 where desr1.related_id = entries.voucher_id and desr1.deleted = 0) as desr_id from billbybilldetails1 as entries inner join billbybill1 on billbybill1.billbybill_id = entries.billbybill_id inner join vouchertype1 on vouchertype1.vouchertype_id = entries.vouchertype_id inner join ledgernames1 on ledgernames1.ledger_id = billbybill1.ledger_id where entries.reftype <> 'acc' and entries.reftype <> 'cur' and entries.optionaldetails = 0 and billbybill1.yearno = 1 and entries.date between '04/01/2003' and '04/30/2003' order by entries.date , billbybill1.refno , ledgernames1.ledgername , ledgernames1.ledger_id , entries.billbybilldetails_id
