@@ -2,6 +2,8 @@
 
 #include <initializer_list>
 
+#include "session/data/Error.h"
+
 namespace pstolvane1 {
 namespace {
 
@@ -18,6 +20,15 @@ ColumnHandle OneOf(const Recordset& keys, std::string_view name, std::string_vie
 }
 
 }  // namespace
+
+double AltQuantity(double quantity, const StockUnits& units) {
+  if (units.relation_formula == 0) {
+    throw Error(ErrorNumber::kDivisionByZero,
+                "division by zero: the item \"" + units.item +
+                    "\" has the RelationFormula 0; mend it in the books, or leave blnAltUom out");
+  }
+  return quantity / static_cast<double>(units.relation_formula);
+}
 
 std::string NameText(const Recordset::Row& row, ColumnHandle column) {
   const Variant name = row[column];

@@ -17,6 +17,9 @@ struct StockUnits {
   float relation_formula = 0;  // base units in an alternate unit
 };
 
+// A quantity in base units as one of alternate units; error 11 where they have no relation.
+[[nodiscard]] double AltQuantity(double quantity, const StockUnits& units);
+
 // A name, "" for Null. Under an alias it may be a number or a day.
 [[nodiscard]] std::string NameText(const Recordset::Row& row, ColumnHandle column);
 

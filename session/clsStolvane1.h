@@ -157,6 +157,49 @@ class clsStolvane1 : public clsStolvane1Events {
                                        std::string_view strConsiderForSih = {},
                                        std::string_view strItemstate = {});
 
+  // One item month by month: "Opening Balance", a line for each calendar month of the period, and
+  // the period's totals on the last of them. lngAny_Id1 is the item. sngScale divides shown money;
+  // 0 is error 11. With blnAltUom quantities are shown in the alternate unit as well; a relation of
+  // 0 is error 11. CurrentRate and what is no method return nullptr, and nothing happens. A period
+  // that ends in a month before it begins has the opening alone. SetFilter and SetAliases,
+  // lngAny_Id2, blnDetailed, blnOnlyItems and the three show flags are not used.
+  RecordsetPtr Monthly_Itemwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                std::int32_t lngAny_Id2, Boolean blnReport, Boolean blnDetailed,
+                                Boolean blnAltUom, float sngScale, Boolean blnOnlyItems,
+                                Boolean blnShowOpening, Boolean blnShowInwards,
+                                Boolean blnShowOutwards);
+  // The items of a category, class or godown added up. lngAny_Id1 is the group; without
+  // blnOnlyItems the groups directly under it count as well, except under FifoRate, LifoRate and
+  // SimpleAvg. No units are shown, and no alternate quantities.
+  RecordsetPtr Monthly_Categorywise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                    enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                    std::int32_t lngAny_Id2, Boolean blnReport, Boolean blnDetailed,
+                                    Boolean blnAltUom, float sngScale, Boolean blnOnlyItems,
+                                    Boolean blnShowOpening, Boolean blnShowInwards,
+                                    Boolean blnShowOutwards);
+  RecordsetPtr Monthly_Classwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                 enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                 std::int32_t lngAny_Id2, Boolean blnReport, Boolean blnDetailed,
+                                 Boolean blnAltUom, float sngScale, Boolean blnOnlyItems,
+                                 Boolean blnShowOpening, Boolean blnShowInwards,
+                                 Boolean blnShowOutwards);
+  // SimpleAvg is AverageRate here, and in a godown below.
+  RecordsetPtr Monthly_Godownwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                  enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                  std::int32_t lngAny_Id2, Boolean blnReport, Boolean blnDetailed,
+                                  Boolean blnAltUom, float sngScale, Boolean blnOnlyItems,
+                                  Boolean blnShowOpening, Boolean blnShowInwards,
+                                  Boolean blnShowOutwards);
+  // The item lngAny_Id1 in the godown lngAny_Id2, and with lngBatch_id above 0 that batch alone.
+  RecordsetPtr Monthly_GodownItemwise(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                      enmValuationMethod ValuationMethod, std::int32_t lngAny_Id1,
+                                      std::int32_t lngAny_Id2, Boolean blnReport,
+                                      Boolean blnDetailed, Boolean blnAltUom, float sngScale,
+                                      Boolean blnOnlyItems, Boolean blnShowOpening,
+                                      Boolean blnShowInwards, Boolean blnShowOutwards,
+                                      std::int32_t lngBatch_id = 0);
+
   // Goods that were moved and not billed, line by line, inwards and outwards: the free quantity of
   // a line is what was despatched less what was billed, in the line's own unit. lngItem_id and
   // lngLedger_Id choose an item and a party, 0 all. bytOptional chooses documents: 0 regular, 1

@@ -3,22 +3,12 @@
 #include <cmath>
 
 #include "session/RowLoop.h"
-#include "session/data/Error.h"
 
 namespace pstolvane1 {
 namespace {
 
 constexpr Currency kZero;
 constexpr std::size_t kRuleWidth = 255;
-
-double AltQuantity(double quantity, const StockUnits& units) {
-  if (units.relation_formula == 0) {
-    throw Error(ErrorNumber::kDivisionByZero,
-                "division by zero: the item \"" + units.item +
-                    "\" has the RelationFormula 0; mend it in the books, or leave blnAltUom out");
-  }
-  return quantity / static_cast<double>(units.relation_formula);
-}
 
 }  // namespace
 

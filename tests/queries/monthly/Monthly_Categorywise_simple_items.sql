@@ -1,2 +1,7 @@
 -- the items of one category
-select  items1.item_id , '' as uomname , '' as altuomname , 1 as relformula from items1 where items1.itemcategory_id = 4 and deleted = 0 and yearofcreation <= 2
+--
+-- call Monthly_Categorywise as spares
+-- ValuationMethod = SimpleAvg
+--
+-- query 2
+select items1.item_id from items1 where items1.deleted = 0 and items1.itemcategory_id = 2 and items1.yearofcreation <= 1 order by items1.item_id 

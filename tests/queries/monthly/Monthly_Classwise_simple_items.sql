@@ -1,2 +1,7 @@
 -- the items of one class
-select  items1.item_id , '' as uomname , '' as altuomname , 1 as relformula from items1 where items1.itemclass_id = 2 and deleted = 0 and yearofcreation <= 2
+--
+-- call Monthly_Classwise as fast
+-- ValuationMethod = SimpleAvg
+--
+-- query 2
+select items1.item_id from items1 where items1.deleted = 0 and items1.itemclass_id = 1 and items1.yearofcreation <= 1 order by items1.item_id 

@@ -1,0 +1,12 @@
+// The entries of the month ledgers.
+#pragma once
+
+#include "monthly/MonthlyArguments.h"
+#include "session/ReportFrame.h"
+
+namespace pstolvane1 {
+
+// Launches the ledger of the method: nullptr, with nothing run or written, for one that has none.
+RecordsetPtr Monthly(ReportFrame& frame, MonthlyArguments arguments, Boolean blnReport);
+
+}  // namespace pstolvane1

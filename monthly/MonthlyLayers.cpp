@@ -1,0 +1,80 @@
+#include "monthly/MonthlyLayers.h"
+
+#include <fmt/format.h>
+
+#include "monthly/MonthlyKeys.h"
+#include "monthly/MonthlyWriter.h"
+#include "session/data/RowGroups.h"
+#include "session/mInternationalization.h"
+#include "valuation/MonthLayers.h"
+
+namespace pstolvane1 {
+namespace {
+
+class LineReader {
+ public:
+  explicit LineReader(const Recordset& rows)
+      : quantity_(rows.Column("Qty")),
+        rate_(rows.Column("Rate")),
+        opening_(rows.Column("IsOpeningBal")),
+        added_(rows.Column("IsAdded")),
+        year_(rows.Column("YearNo")),
+        date_(rows.Column("Date")) {}
+
+  [[nodiscard]] std::span<const MonthLayerLine> Read(const RowGroups::Group& key) {
+    lines_.clear();
+    for (const Recordset::Row row : key) {
+      lines_.push_back(
+          {.quantity = row.IsNull(quantity_) ? 0 : row.Single(quantity_),
+           .rate = row.IsNull(rate_) ? 0 : row.Double(rate_),
+           .added = !row.IsNull(added_) && row.Flag(added_),
+           .opening = !row.IsNull(opening_) && row.Flag(opening_),
+           .year = row.IsNull(year_) ? 0 : row.Int32(year_),
+           .date = row.IsNull(date_) ? std::nullopt : std::optional(row.DateOf(date_))});
+    }
+    return lines_;
+  }
+
+ private:
+  ColumnHandle quantity_, rate_, opening_, added_, year_, date_;
+  std::vector<MonthLayerLine> lines_;
+};
+
+}  // namespace
+
+// A group is always taken alone: that is meant.
+std::string ComposeMonthlyLayers(const MonthlyArguments& arguments) {
+  const QueryPart subject = MovementsOf(arguments, Below::kNothing);
+  return fmt::format(
+      "select godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , godownitem1.qty "
+      ", godownitem1.rate , godownitem1.isopeningbal , godownitem1.isadded , godownitem1.yearno , "
+      "godownitem1.date , uom1.uomname as uom , uomalt.uomname as altuom , items1.relationformula "
+      "as relformula from godownitem1{} inner join uom1 on uom1.uom_id = items1.uom_id inner join "
+      "uom1 as uomalt on uomalt.uom_id = items1.alternateuom_id where {} and godownitem1.yearno <= "
+      "{} and ( godownitem1.date <= #{}# or godownitem1.isopeningbal = -1 ) and "
+      "godownitem1.optional = 0 order by godownitem1.item_id , godownitem1.godown_id , "
+      "godownitem1.batch_id , godownitem1.yearno , godownitem1.date , godownitem1.desrdetails_id , "
+      "godownitem1.godownitem_id ",
+      subject.joins, subject.condition, arguments.bytYearno, SqlDateText(arguments.dtToDate));
+}
+
+SourceQueries Monthly_Layers(const modStolvane1& /*module*/, const MonthlyArguments& arguments) {
+  return {{Source::rsReport, ComposeMonthlyLayers(arguments)}};
+}
+
+RecordsetPtr mMonthly_Layers(ReportFrame& frame) {
+  const auto arguments = frame.module.Kept<MonthlyArguments>();
+  const RecordsetPtr source = frame.Rowset(Source::rsReport);
+  const StockPeriod period = PeriodOf(arguments);
+  const std::vector<CalendarMonth> months = MonthsOf(period);
+  LineReader reader(*source);
+  MonthLayers layers(arguments.ValuationMethod, arguments.bytYearno, period, months);
+  for (const RowGroups::Group key : source->GroupBy({"Item_Id", "Godown_Id", "Batch_Id"})) {
+    layers.AddKey(reader.Read(key));
+  }
+  return WriteMonthLedger(
+      frame, arguments, layers.Ledger(),
+      {.units = ReadMonthlyUnits(arguments, *source), .alt_columns = arguments.blnAltUom});
+}
+
+}  // namespace pstolvane1

@@ -1,0 +1,6 @@
+-- balances before the books begin, year by year, of one category alone
+--
+-- call Monthly_Categorywise as spares
+-- blnOnlyItems = true
+-- ValuationMethod = AverageRate
+select godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , godownitem1.yearno as year_id , sum ( case when isadded = 1 then godownitem1.qty else -godownitem1.qty end ) as qtybal , sum ( case when isadded = 1 then godownitem1.qty else case when godownitem1.isopeningbal = 1 then -godownitem1.qty else 0 end end ) as qtyin , sum ( ( case when isadded = 1 then godownitem1.qty else case when godownitem1.isopeningbal = 1 then -godownitem1.qty else 0 end end ) * godownitem1.rate ) as valuein , sum ( case when godownitem1.isopeningbal = 1 then case when isadded = 1 then godownitem1.qty else -godownitem1.qty end end ) as opqtyforcal from godownitem1 inner join items1 on items1.item_id = godownitem1.item_id where godownitem1.optional = 0 and godownitem1.yearno <= 1 and items1.deleted = 0 and items1.itemcategory_id = 2 and ( godownitem1.date <= '12/30/1899' or godownitem1.date is null ) and godownitem1.isopeningbal = 1 group by godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , godownitem1.yearno order by godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , godownitem1.yearno 

@@ -1,0 +1,7 @@
+-- sale rates of one category with those directly under it
+--
+-- call Monthly_Categorywise as spares
+-- ValuationMethod = LastSaleRate
+--
+-- query 2
+select godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , godownitem1.rate , godownitem1.isopeningbal , godownitem1.isadded , godownitem1.date from godownitem1 inner join items1 on items1.item_id = godownitem1.item_id inner join itemcategory1 on itemcategory1.itemcategory_id = items1.itemcategory_id where ( isadded in (0,1) or isopeningbal = 1 ) and godownitem1.goriginalvouchertype_id in (10,15,0) and godownitem1.optional = 0 and items1.deleted = 0 and ( itemcategory1.itemcategory_id = 2 or ( itemcategory1.relatedto = 2 and itemcategory1.deleted = 0 ) ) and ( godownitem1.date <= '09/30/2003' or godownitem1.isopeningbal = 1 ) and godownitem1.yearno <= 1 order by godownitem1.yearno , godownitem1.date , godownitem1.item_id , godownitem1.godownitem_id , godownitem1.godown_id , godownitem1.batch_id 

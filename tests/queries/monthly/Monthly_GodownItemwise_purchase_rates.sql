@@ -1,0 +1,7 @@
+-- purchase rates of one item in one godown
+--
+-- call Monthly_GodownItemwise as chain_in_the_yard
+-- ValuationMethod = LastPurchaseRate
+--
+-- query 2
+select godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , godownitem1.rate , godownitem1.isopeningbal , godownitem1.isadded , godownitem1.date from godownitem1 inner join items1 on items1.item_id = godownitem1.item_id where ( isadded = 1 or isopeningbal = 1 ) and godownitem1.goriginalvouchertype_id in (7,14,0) and godownitem1.optional = 0 and items1.deleted = 0 and godownitem1.item_id = 1 and godownitem1.godown_id = 2 and ( godownitem1.date <= '09/30/2003' or godownitem1.isopeningbal = 1 ) and godownitem1.yearno <= 1 order by godownitem1.yearno , godownitem1.date , godownitem1.item_id , godownitem1.godownitem_id , godownitem1.godown_id , godownitem1.batch_id 

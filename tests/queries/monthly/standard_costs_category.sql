@@ -1,2 +1,0 @@
--- standard costs of the items of one category
-select  standardrate1.item_id , datefrom , dateto ,  rate ,  saleorpurchase , yearno , month(datefrom) as month_id , year(datefrom) as year_id , cast( cast(year(datefrom) as varchar) + right('0' + cast(month(datefrom) as varchar) , 2) as int ) as inc_id  from  standardrate1  inner join items1 on items1.item_id = standardrate1.item_id   where                items1.itemcategory_id = 4 and dateto <= '03/31/2004' and yearno <=  2 and saleorpurchase = 0 order by  standardrate1.item_id , datefrom , dateto  

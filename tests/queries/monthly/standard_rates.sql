@@ -1,2 +1,0 @@
--- standard costs and prices of one item with the month in which each begins
-select  item_id , datefrom , dateto ,  rate ,  saleorpurchase , yearno , month(datefrom) as month_id , year(datefrom) as year_id , cast( cast(year(datefrom) as varchar) + right('0' + cast(month(datefrom) as varchar) , 2) as int ) as inc_id  from  standardrate1  where  item_id = 5 and dateto <= '03/31/2004' and yearno <=  2 order by  item_id , datefrom , dateto  
