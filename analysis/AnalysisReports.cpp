@@ -1,5 +1,6 @@
 #include "analysis/AnalysisReports.h"
 
+#include "analysis/CategoryWise_Initial.h"
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
 #include "analysis/ItemWise_DlyBkup.h"
@@ -68,7 +69,7 @@ std::span<const ReportRow> AnalysisReports() {
       Row(rtColorwise_Initial, 1),
       Row(rtColorwise_Monthly, 2),
       Row(rtColorwise_Daily, 2),
-      Row(rtCategorywise_Initial, 1),
+      Analysis(rtCategorywise_Initial, rtCategorywise_Initial, &mCategoryWise_Initial),
       ItemDays(),
   };
   return kRows;

@@ -463,6 +463,17 @@ class clsStolvane1 : public clsStolvane1Events {
       Date dtFromDate, Date dtToDate, Boolean blnReport = True, Boolean LongDate = False,
       float sngScale = 1, std::string_view RefSeperator = "/", std::uint8_t bytOptional = 0,
       std::string_view strConsiderForSih = {}, std::string_view strItemstate = {});
+  // Sales (lngVouchertype_id 10) or what came in by another kind of document along the tree of
+  // categories, or of classes with blnIsclass: from lngId if that is above 0, otherwise from all
+  // that are their own parents. With blnDetailed the items of each stand below it. Money is divided
+  // by sngScale, 0 is error 11. Error 3001 where a category lies below itself. bytYearno is not
+  // used. Blocks until the report is there, also with blnReport False.
+  RecordsetPtr CategoryWise_Initial(Boolean blnIsclass, std::uint8_t bytYearno, Date dtFromDate,
+                                    Date dtToDate, std::int32_t lngId,
+                                    std::int32_t lngVouchertype_id, Boolean blnReport = True,
+                                    Boolean blnDetailed = False, float sngScale = 0,
+                                    std::string_view strConsiderForSih = {},
+                                    std::string_view strItemstate = {});
   // What came in and went out day by day, of one item or of all (Item_id -1), with a running
   // closing quantity. Ledger_id above 0 is the one party, strVouchertype a condition on
   // Vouchertype1; rows without a date pass both. Cat_id above 0 is the one category, or class with

@@ -1,5 +1,6 @@
 // The lists and analyses of the public class. Each call keeps its frame to its end: a handler may
 // destroy the session inside it.
+#include "analysis/CategoryWise_Initial.h"
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
 #include "analysis/ItemWise_DlyBkup.h"
@@ -105,6 +106,26 @@ RecordsetPtr clsStolvane1::Movement_PurchaseReturns_DailyAnalysis(
                        Days(MovementSide::kPurchases, lngId, lngId2, dtFromDate, dtToDate, LongDate,
                             sngScale, RefSeperator, strConsiderForSih, strItemstate),
                        reptype, blnReport);
+}
+
+RecordsetPtr clsStolvane1::CategoryWise_Initial(Boolean blnIsclass, std::uint8_t bytYearno,
+                                                Date dtFromDate, Date dtToDate, std::int32_t lngId,
+                                                std::int32_t lngVouchertype_id, Boolean blnReport,
+                                                Boolean blnDetailed, float sngScale,
+                                                std::string_view strConsiderForSih,
+                                                std::string_view strItemstate) {
+  return pstolvane1::CategoryWise_Initial(*FramePtr(frame_),
+                                          {.blnIsclass = blnIsclass.IsSet(),
+                                           .bytYearno = bytYearno,
+                                           .dtFromDate = dtFromDate,
+                                           .dtToDate = dtToDate,
+                                           .lngId = lngId,
+                                           .lngVouchertype_id = lngVouchertype_id,
+                                           .blnDetailed = blnDetailed.IsSet(),
+                                           .sngScale = sngScale,
+                                           .strConsiderForSih = std::string(strConsiderForSih),
+                                           .strItemstate = std::string(strItemstate)},
+                                          blnReport);
 }
 
 RecordsetPtr clsStolvane1::ItemWise_DlyBkup(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
