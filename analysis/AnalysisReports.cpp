@@ -1,6 +1,7 @@
 #include "analysis/AnalysisReports.h"
 
 #include "analysis/CategoryWise_Initial.h"
+#include "analysis/Commission.h"
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
 #include "analysis/ItemWise_DlyBkup.h"
@@ -64,8 +65,9 @@ std::span<const ReportRow> AnalysisReports() {
       Analysis(rtMovement_PurchaseReturns_GroupDailyAnalysis,
                rtMovement_PurchaseReturns_GroupDailyAnalysis,
                &mMovement_PurchaseReturns_DailyAnalysis),
-      Rows(rtCommission_Initial_Employeewise, rtCommission_Initial_Itemwise, 1),
-      Row(rtCommission_Daily, 1),
+      Rows(rtCommission_Initial_Employeewise, rtCommission_Initial_Itemwise, 1,
+           &mCommission_Initial),
+      Row(rtCommission_Daily, 1, &mCommission_Daily),
       Row(rtColorwise_Initial, 1),
       Row(rtColorwise_Monthly, 2),
       Row(rtColorwise_Daily, 2),

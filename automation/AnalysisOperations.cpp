@@ -124,7 +124,7 @@ constexpr Argument kColorDays[] = {
 
 constexpr Argument kCategories[] = {
     Flag("blnIsclass", "Item classes in place of categories."),
-    kYear,
+    kYearNotUsed,
     kFrom,
     kTo,
     Int32("lngId", "The category or class to begin with; 0 is all."),

@@ -77,6 +77,8 @@ constexpr Built kBuilt[] = {
     Member<&clsStolvane1::CustomerItemDaily_Analysis>("CustomerItemDaily_Analysis"),
     Member<&clsStolvane1::Movement_PurchaseReturns_DailyAnalysis>(
         "Movement_PurchaseReturns_DailyAnalysis"),
+    Member<&clsStolvane1::Commission_Initial>("Commission_Initial"),
+    Member<&clsStolvane1::Commission_Daily>("Commission_Daily"),
     Member<&clsStolvane1::CategoryWise_Initial>("CategoryWise_Initial"),
     Member<&clsStolvane1::ItemWise_DlyBkup>("ItemWise_DlyBkup"),
     Member<&clsStolvane1::mItemwise_DlyBreakup>("mItemwise_DlyBreakup"),

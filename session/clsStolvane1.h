@@ -463,6 +463,23 @@ class clsStolvane1 : public clsStolvane1Events {
       Date dtFromDate, Date dtToDate, Boolean blnReport = True, Boolean LongDate = False,
       float sngScale = 1, std::string_view RefSeperator = "/", std::uint8_t bytOptional = 0,
       std::string_view strConsiderForSih = {}, std::string_view strItemstate = {});
+  // Sales and commission by employee (reptype rtCommission_Initial_Employeewise) or by item
+  // (rtCommission_Initial_Itemwise), with blnDetailed in a line for each item, employee and
+  // percentage. lngId1 is the one employee, in detail; -1 is all. One item is refused by the
+  // database, and so is another reptype. recitem (itemnew_id, itemname) names the items: error 91
+  // without it, 3021 for an item that it lacks. Money is divided by sngScale, 0 is error 11.
+  // bytYearno is not used.
+  RecordsetPtr Commission_Initial(ReportType& reptype, std::uint8_t bytYearno, Date dtFromDate,
+                                  Date dtToDate, Boolean blnDetailed, std::int32_t lngId1 = -1,
+                                  Boolean blnReport = True, float sngScale = 1,
+                                  const RecordsetPtr& recitem = nullptr);
+  // The documents behind one employee's commission on one item, job cards among them. bytYearno and
+  // bytOpt are not used.
+  RecordsetPtr Commission_Daily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                std::int32_t lngEmployee_Id, std::int32_t lngItem_id,
+                                Boolean blnReport = True, float sngScale = 1,
+                                Boolean blnLongDate = False, std::uint8_t bytOpt = 0,
+                                std::string_view sRefSep = "/");
   // Sales (lngVouchertype_id 10) or what came in by another kind of document along the tree of
   // categories, or of classes with blnIsclass: from lngId if that is above 0, otherwise from all
   // that are their own parents. With blnDetailed the items of each stand below it. Money is divided

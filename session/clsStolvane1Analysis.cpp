@@ -1,6 +1,7 @@
 // The lists and analyses of the public class. Each call keeps its frame to its end: a handler may
 // destroy the session inside it.
 #include "analysis/CategoryWise_Initial.h"
+#include "analysis/Commission.h"
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
 #include "analysis/ItemWise_DlyBkup.h"
@@ -106,6 +107,36 @@ RecordsetPtr clsStolvane1::Movement_PurchaseReturns_DailyAnalysis(
                        Days(MovementSide::kPurchases, lngId, lngId2, dtFromDate, dtToDate, LongDate,
                             sngScale, RefSeperator, strConsiderForSih, strItemstate),
                        reptype, blnReport);
+}
+
+RecordsetPtr clsStolvane1::Commission_Initial(ReportType& reptype, std::uint8_t /*bytYearno*/,
+                                              Date dtFromDate, Date dtToDate, Boolean blnDetailed,
+                                              std::int32_t lngId1, Boolean blnReport,
+                                              float sngScale, const RecordsetPtr& recitem) {
+  return pstolvane1::Commission_Initial(*FramePtr(frame_),
+                                        {.reptype = reptype,
+                                         .dtFromDate = dtFromDate,
+                                         .dtToDate = dtToDate,
+                                         .blnDetailed = blnDetailed.IsSet(),
+                                         .lngId1 = lngId1,
+                                         .sngScale = sngScale},
+                                        blnReport, recitem);
+}
+
+RecordsetPtr clsStolvane1::Commission_Daily(std::uint8_t /*bytYearno*/, Date dtFromDate,
+                                            Date dtToDate, std::int32_t lngEmployee_Id,
+                                            std::int32_t lngItem_id, Boolean blnReport,
+                                            float sngScale, Boolean blnLongDate,
+                                            std::uint8_t /*bytOpt*/, std::string_view sRefSep) {
+  return pstolvane1::Commission_Daily(*FramePtr(frame_),
+                                      {.dtFromDate = dtFromDate,
+                                       .dtToDate = dtToDate,
+                                       .lngEmployee_Id = lngEmployee_Id,
+                                       .lngItem_id = lngItem_id,
+                                       .sngScale = sngScale,
+                                       .blnUseLongDate = blnLongDate.IsSet(),
+                                       .strRefSeperator = std::string(sRefSep)},
+                                      blnReport);
 }
 
 RecordsetPtr clsStolvane1::CategoryWise_Initial(Boolean blnIsclass, std::uint8_t bytYearno,
