@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "session/ReportFrame.h"
+#include "session/data/ConnectionAccess.h"
 
 namespace pstolvane1 {
 namespace {
@@ -29,6 +30,7 @@ void ReportFrame::SetConnection(std::string_view saved_connection,
   const std::string suffix(currency_suffix);
   try {
     MainCn = make_connection_();
+    abandoning_.ReadFrom(ConnectionAccess::FetchesOf(*MainCn));
     module.strSavedConnection = saved_connection;
     Connect(std::string(connection_string), asynchronous);
     module.dtBooksFrom = books_from;

@@ -18,9 +18,9 @@ void ReportFrame::ConnectEvents(Source source, Recordset& rowset) {
   // source's place counts. It is kept while its event runs, as a handler may replace it.
   const auto current = [weak = weak_from_this(), source](const Recordset& from) {
     std::shared_ptr<ReportFrame> frame = weak.lock();
-    if (frame && (frame->events_ == nullptr || frame->SlotOf(source).rowset.get() != &from)) {
-      frame.reset();
-    }
+    if (!frame || frame->events_ == nullptr) return std::shared_ptr<ReportFrame>();
+    const Slot& slot = frame->SlotOf(source);
+    if (slot.rowset.get() != &from || frame->abandoning_.Has(slot.mark)) frame.reset();
     return frame;
   };
   rowset.FetchProgress = [current, source](std::int32_t rows, std::int32_t max_rows, int,
@@ -65,6 +65,7 @@ void ReportFrame::SourceFetchComplete() {
 // not brought down.
 void ReportFrame::DispatchFetchComplete() {
   const std::shared_ptr<ReportFrame> keep = shared_from_this();
+  const std::uint64_t mark = mark_;
   const ReportRow* const row = RowOf(lngReportType);
   if (row != nullptr && row->delivery != Delivery::kNever && module.bytFetchesDone >= row->awaits) {
     module.bytFetchesDone = 0;
@@ -72,16 +73,30 @@ void ReportFrame::DispatchFetchComplete() {
     if (events_ == nullptr) return;  // its handler has ended the session
     if (row->resets_record_no) module.lngRecordNo = 0;
     if (row->delivery != Delivery::kNothing) {
-      const RecordsetPtr delivered = Build(*row);
+      const RecordsetPtr delivered = BuildUnlessAbandoned(*row, mark);
       const std::int32_t any_count =
           row->any_count == kLinesCounted ? module.lngRecordNo : row->any_count;
-      if (events_ != nullptr && events_->FetchComplete) {
+      if (events_ != nullptr && events_->FetchComplete && !abandoning_.Has(mark)) {
         const auto handler = events_->FetchComplete;  // it may assign another or end the session
+        const WorkInHand of_the_host(WorkInHand::Kind::kReport);
         handler(delivered, any_count);
       }
     }
   }
   progress.sngFetchCeiling = kFetchCeiling;
+}
+
+// The piece of work begins before the mark is looked at: whoever abandons the report meanwhile has
+// set the mark before he ends the work.
+RecordsetPtr ReportFrame::BuildUnlessAbandoned(const ReportRow& row, std::uint64_t mark) {
+  const WorkInHand in_hand(WorkInHand::Kind::kReport);
+  if (abandoning_.Has(mark)) return nullptr;
+  try {
+    return Build(row);
+  } catch (const Error&) {
+    if (!abandoning_.Has(mark)) throw;
+    return nullptr;
+  }
 }
 
 RecordsetPtr ReportFrame::Build(const ReportRow& row) {
@@ -114,7 +129,9 @@ void ReportFrame::RaiseStepProgress(std::int32_t /*lngProgress*/, std::string_vi
 bool ReportFrame::EndPass(std::int32_t lngRange) {
   DoEvents();
   RaiseStepProgress(1, "manipulating", lngFetchTotal, lngRange);
-  return events_ != nullptr && !blnCancelFetching.IsTrue();
+  if (events_ == nullptr) return false;
+  WorkInHand::CheckInnermost();
+  return !blnCancelFetching.IsTrue();
 }
 
 }  // namespace pstolvane1

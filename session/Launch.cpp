@@ -5,6 +5,7 @@
 
 #include "session/QueryText.h"
 #include "session/data/OpenTogether.h"
+#include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 namespace {
@@ -57,20 +58,24 @@ void CheckQueries(const ReportRow& row, std::int32_t report_type, const SourceQu
                           ReportTypeText(report_type), queries.size(), row.Queries()));
 }
 
-// A type that no family has a row for.
-constexpr ReportRow kNoReport = {
-    .first = {}, .last = {}, .awaits = 1, .delivery = Delivery::kNever};
+// Does the work of a report that is asked for now. Once it is abandoned, what the work throws says
+// no more than that.
+template <typename Report>
+RecordsetPtr InHand(ReportFrame& frame, Report&& report) {
+  const WorkInHand in_hand(WorkInHand::Kind::kReport);
+  frame.BeginReport();
+  try {
+    const RecordsetPtr rowset = report();
+    if (rowset) in_hand.Check();
+    return rowset;
+  } catch (const Error&) {
+    in_hand.Check();
+    throw;
+  }
+}
 
-}  // namespace
-
-RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
-                    const SourceQueries& queries) {
-  const std::shared_ptr<ReportFrame> keep = frame.shared_from_this();
-  const ReportRow* const known = frame.RowOf(report_type);
-  const ReportRow& row = known ? *known : kNoReport;
-  CheckQueries(row, report_type, queries);
-  frame.lngReportType = report_type;
-  const SourceQueries texts = InDialect(frame, queries);
+RecordsetPtr OpenAndBuild(ReportFrame& frame, const ReportRow& row, Boolean blnReport,
+                          const SourceQueries& texts) {
   for (const SourceQuery& query : texts) frame.Replace(query.source);
   if (blnReport.IsTrue()) {
     OpenAll(frame, texts, adOptionUnspecified);
@@ -87,23 +92,44 @@ RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnRep
   return nullptr;
 }
 
+// A type that no family has a row for.
+constexpr ReportRow kNoReport = {
+    .first = {}, .last = {}, .awaits = 1, .delivery = Delivery::kNever};
+
+}  // namespace
+
+RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
+                    const SourceQueries& queries) {
+  const std::shared_ptr<ReportFrame> keep = frame.shared_from_this();
+  const ReportRow* const known = frame.RowOf(report_type);
+  const ReportRow& row = known ? *known : kNoReport;
+  CheckQueries(row, report_type, queries);
+  frame.lngReportType = report_type;
+  const SourceQueries texts = InDialect(frame, queries);
+  return InHand(frame, [&] { return OpenAndBuild(frame, row, blnReport, texts); });
+}
+
 RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnReport,
                     const SourceQuery& query, RowBuilder own) {
   if (!blnReport.IsTrue()) return Launch(frame, report_type, blnReport, SourceQueries{query});
   const std::shared_ptr<ReportFrame> keep = frame.shared_from_this();
   frame.lngReportType = report_type;
   const SourceQueries texts = InDialect(frame, {query});
-  frame.Replace(query.source);
-  OpenAll(frame, texts, adOptionUnspecified);
-  return own(frame)->Clone(adLockUnspecified);
+  return InHand(frame, [&] {
+    frame.Replace(query.source);
+    OpenAll(frame, texts, adOptionUnspecified);
+    return own(frame)->Clone(adLockUnspecified);
+  });
 }
 
 RecordsetPtr OpenPlain(ReportFrame& frame, std::string_view text) {
   frame.module.strSQL = frame.Normalise(text);
-  const RecordsetPtr rowset = Recordset::New();
-  rowset->Open(frame.module.strSQL, frame.MainCn);
-  rowset->ActiveConnection(nullptr);
-  return rowset->Clone(adLockUnspecified);
+  return InHand(frame, [&] {
+    const RecordsetPtr rowset = Recordset::New();
+    rowset->Open(frame.module.strSQL, frame.MainCn);
+    rowset->ActiveConnection(nullptr);
+    return rowset->Clone(adLockUnspecified);
+  });
 }
 
 }  // namespace pstolvane1

@@ -32,6 +32,7 @@ std::string ReportFrame::Normalise(std::string_view query) const {
 const RecordsetPtr& ReportFrame::Replace(Source source) {
   Slot& slot = SlotOf(source);
   slot.failure.reset();
+  slot.mark = mark_;
   slot.rowset = Recordset::New();
   ConnectEvents(source, *slot.rowset);
   return slot.rowset;
@@ -43,10 +44,35 @@ void ReportFrame::UseHostItems(RecordsetPtr items) {
   slot.rowset = std::move(items);
 }
 
+bool ReportFrame::Fetches(const Slot& slot) const {
+  return slot.rowset != nullptr && (slot.rowset->State() & adStateFetching) != 0;
+}
+
 bool ReportFrame::Fetching() const {
-  return std::any_of(slots_.begin(), slots_.end(), [](const Slot& slot) {
-    return slot.rowset != nullptr && (slot.rowset->State() & adStateFetching) != 0;
+  return std::any_of(slots_.begin(), slots_.end(), [this](const Slot& slot) {
+    return Fetches(slot) && !abandoning_.Has(slot.mark);
   });
+}
+
+void ReportFrame::BeginReport() {
+  DropAbandoned();
+  mark_ = abandoning_.Begin();
+}
+
+void ReportFrame::Abandon() {
+  abandoning_.Abandon([weak = weak_from_this()] {
+    if (const std::shared_ptr<ReportFrame> frame = weak.lock()) frame->DropAbandoned();
+  });
+}
+
+// The fetches that were done for the report in hand count for none that follows.
+void ReportFrame::DropAbandoned() {
+  for (Slot& slot : slots_) {
+    if (!Fetches(slot) || !abandoning_.Has(slot.mark)) continue;
+    slot = {};
+    module.bytFetchesDone = 0;
+    lngFetchTotal = 0;
+  }
 }
 
 RecordsetPtr ReportFrame::Rowset(Source source) const {

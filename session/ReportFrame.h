@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "session/Abandoning.h"
 #include "session/Progress.h"
 #include "session/ReportRow.h"
 #include "session/clsStolvane1Events.h"
@@ -56,6 +57,11 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   // The query text in the form that is opened, with the session's aliases.
   [[nodiscard]] std::string Normalise(std::string_view query) const;
 
+  // A report is asked for: what was abandoned before it is dropped.
+  void BeginReport();
+  // Drops the report in hand, from any thread; nothing more comes of it. What runs for it ends.
+  void Abandon();
+
   // A new rowset in the source's place, with its events connected. What the old one still fetches
   // is dropped, and its events no longer count.
   const RecordsetPtr& Replace(Source source);
@@ -85,7 +91,8 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
                          std::int32_t lngCount, std::int32_t lngRange) noexcept;
 
   // Ends the pass of one source row: yields to the message loop, raises "manipulating", and says
-  // whether the loop goes on. False once the report is cancelled or its session is gone.
+  // whether the loop goes on. False once the report is cancelled or its session is gone; error
+  // -2147217900 once it is abandoned.
   [[nodiscard]] bool EndPass(std::int32_t lngRange = 60);
 
   // Errors are passed over; no event follows.
@@ -96,11 +103,16 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
     RecordsetPtr rowset;
     bool seen = false;
     std::optional<Error> failure;  // of its fetch
+    std::uint64_t mark = 0;        // of the report that it is fetched for
   };
   [[nodiscard]] Slot& SlotOf(Source source) { return slots_[static_cast<std::size_t>(source)]; }
   [[nodiscard]] const Slot& SlotOf(Source source) const {
     return slots_[static_cast<std::size_t>(source)];
   }
+  [[nodiscard]] bool Fetches(const Slot& slot) const;
+  void DropAbandoned();
+  // Nothing once the report of that mark is abandoned.
+  [[nodiscard]] RecordsetPtr BuildUnlessAbandoned(const ReportRow& row, std::uint64_t mark);
   void ConnectEvents(Source source, Recordset& rowset);
   void Connect(const std::string& connection_string, Boolean asynchronous);
   void MainCn_ConnectComplete(const Error* pError, int adStatus);
@@ -111,6 +123,8 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   clsStolvane1Events* events_;  // nullptr once the session is gone
   std::shared_ptr<const Locale> locale_;
   std::array<Slot, kSources> slots_;
+  Abandoning abandoning_;
+  std::uint64_t mark_ = 0;  // of the report in hand
 };
 
 }  // namespace pstolvane1

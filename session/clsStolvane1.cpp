@@ -42,6 +42,8 @@ Variant clsStolvane1::SetFilter(std::string_view strVouchertypeFilter,
 
 void clsStolvane1::CancelFetching(Boolean cancel) { frame_->blnCancelFetching = cancel; }
 
+void clsStolvane1::Abandon() { frame_->Abandon(); }
+
 bool clsStolvane1::Fetching() const { return frame_->Fetching(); }
 
 Variant clsStolvane1::UserPressedCancel() {

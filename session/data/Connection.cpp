@@ -1,9 +1,7 @@
 #include "session/data/Connection.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "session/data/Background.h"
 #include "session/data/ConnectionAccess.h"
@@ -39,17 +37,10 @@ struct Connection::Impl {
 
   std::shared_ptr<Provider> provider;  // while open
   std::shared_ptr<const int> attempt;  // while connecting: what is compared is which object it is
-  std::vector<std::weak_ptr<FetchStop>> fetches;
+  const std::shared_ptr<FetchStops> fetches = std::make_shared<FetchStops>();
 
   int scopes = 0;                     // OneState objects
   std::shared_ptr<BooksState> state;  // theirs, once a rowset was opened
-
-  void StopFetches() {
-    for (const auto& weak : fetches) {
-      if (const auto fetch = weak.lock()) fetch->Stop();
-    }
-    fetches.clear();
-  }
 };
 
 std::shared_ptr<Connection> Connection::New(ProviderFactory factory) {
@@ -143,9 +134,11 @@ void Connection::Cancel() {
     });
   }
   if (!impl_->provider) return;
-  impl_->StopFetches();
+  impl_->fetches->StopAll();
   impl_->provider->Cancel();
 }
+
+void Connection::StopReading() noexcept { impl_->fetches->StopAll(); }
 
 void Connection::Close() {
   if (!impl_->provider) throw Error(ErrorNumber::kNotOpen, "the connection is not open");
@@ -191,10 +184,8 @@ std::chrono::milliseconds ConnectionAccess::TimeLimit(const Connection& connecti
   return std::chrono::seconds(connection.impl_->timeout);
 }
 
-void ConnectionAccess::Register(Connection& connection, const std::shared_ptr<FetchStop>& fetch) {
-  auto& fetches = connection.impl_->fetches;
-  std::erase_if(fetches, [](const auto& weak) { return weak.expired(); });
-  fetches.push_back(fetch);
+const std::shared_ptr<FetchStops>& ConnectionAccess::FetchesOf(const Connection& connection) {
+  return connection.impl_->fetches;
 }
 
 }  // namespace pstolvane1

@@ -45,6 +45,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   // Ends what runs on the connection: rowsets complete with an error, an attempt to connect fails.
   // Both are told by their events as always. Nothing when nothing runs.
   void Cancel();
+  // Ends the statements that run on the connection, and waits for a lock, with error -2147217900.
+  // May be called from any thread while the connection lives.
+  void StopReading() noexcept;
   // Error 3704 when it is not open. Fetches that run are cancelled and complete with their error.
   void Close();
 

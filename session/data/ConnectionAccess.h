@@ -17,8 +17,8 @@ struct ConnectionAccess {
   // The state to read now, that of the innermost OneState or one of its own. Error 3709.
   [[nodiscard]] static std::shared_ptr<BooksState> StateToRead(Connection& connection);
   [[nodiscard]] static std::chrono::milliseconds TimeLimit(const Connection& connection);
-  // From now on Cancel and Close of the connection stop the fetch, as long as it lives.
-  static void Register(Connection& connection, const std::shared_ptr<FetchStop>& fetch);
+  // What is read on the connection; stays the same for as long as the connection lives.
+  [[nodiscard]] static const std::shared_ptr<FetchStops>& FetchesOf(const Connection& connection);
 };
 
 }  // namespace pstolvane1

@@ -1,4 +1,4 @@
-// How a fetch that runs on another thread is told to end.
+// How what is read is told to end, from any thread.
 #pragma once
 
 #include <memory>
@@ -55,6 +55,38 @@ class FetchStop {
   mutable std::mutex mutex_;
   bool stopped_ = false;
   std::vector<std::shared_ptr<Cursor>> running_;
+};
+
+// What is read on one connection; any thread.
+class FetchStops {
+ public:
+  // Until it ends, the fetch is stopped with the others; so is its wait for a lock.
+  void Add(const std::shared_ptr<FetchStop>& fetch, const std::shared_ptr<Provider>& provider) {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(fetches_, [](const Fetch& one) { return one.stop.expired(); });
+    fetches_.push_back({fetch, provider});
+  }
+  void StopAll() noexcept {
+    std::vector<Fetch> fetches;
+    {
+      const std::lock_guard lock(mutex_);
+      fetches.swap(fetches_);
+    }
+    for (const Fetch& fetch : fetches) {
+      const auto stop = fetch.stop.lock();
+      if (!stop) continue;
+      stop->Stop();
+      if (const auto provider = fetch.provider.lock()) provider->Cancel();
+    }
+  }
+
+ private:
+  struct Fetch {
+    std::weak_ptr<FetchStop> stop;
+    std::weak_ptr<Provider> provider;
+  };
+  std::mutex mutex_;
+  std::vector<Fetch> fetches_;
 };
 
 }  // namespace pstolvane1

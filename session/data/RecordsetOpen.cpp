@@ -16,6 +16,7 @@
 #include "session/data/RecordsetAccess.h"
 #include "session/data/ShapeJoiner.h"
 #include "session/data/ShapePlan.h"
+#include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 namespace {
@@ -50,9 +51,13 @@ Reading Prepare(Recordset& rowset, std::string_view source,
   const std::shared_ptr<Provider> provider = ConnectionAccess::ProviderOf(*own);
   shape::Plan plan =
       shape::MakePlan(source, [&](std::string_view select) { return provider->Describe(select); });
-  return {.plan = std::move(plan),
-          .state = ConnectionAccess::StateToRead(*own),
-          .time_limit = ConnectionAccess::TimeLimit(*own)};
+  Reading reading{.plan = std::move(plan),
+                  .state = ConnectionAccess::StateToRead(*own),
+                  .time_limit = ConnectionAccess::TimeLimit(*own)};
+  ConnectionAccess::FetchesOf(*own)->Add(reading.stop, provider);
+  // Whoever abandons the report from now on finds the reading; who did so before has marked it.
+  WorkInHand::CheckInnermost();
+  return reading;
 }
 
 std::shared_ptr<RowStore> RowsOf(const Reading& reading) {
@@ -137,7 +142,6 @@ void Recordset::Open(std::string_view source, std::shared_ptr<Connection> connec
       std::clamp<std::size_t>(static_cast<std::size_t>(impl_->initial_fetch_size), 1, Chunk::kRows);
   auto fetch = AsyncFetch::Start(shared_from_this(), std::move(reading.plan), reading.state,
                                  reading.time_limit, first_rows, reading.stop);
-  ConnectionAccess::Register(*impl_->connection, reading.stop);
   RecordsetAccess::Attach(*this, std::move(store));
   impl_->fetch = std::move(fetch);
 }

@@ -9,11 +9,13 @@
 #include "session/data/CriteriaLexer.h"
 #include "session/data/RowStore.h"
 #include "session/data/TextFold.h"
+#include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 
 namespace {
 
+constexpr std::uint32_t kComparisonsPerLook = 1024;
 constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
 
 // Unsigned numbers in the order of the values; what is not a number stands last.
@@ -159,15 +161,23 @@ void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows)
       entries.push_back({RankOf(store, first.column, row) ^ flip, row});
     }
   }
+  const WorkInHand in_hand;
+  std::uint32_t compared = 0;
+  const auto look = [&] {
+    if (++compared % kComparisonsPerLook == 0) in_hand.Check();
+  };
   const auto before = [&](const Entry& a, const Entry& b) {
+    look();
     if (a.rank != b.rank) return a.rank < b.rank;
     return BeforeFrom(rank_decides ? 1 : 0, store, a.row, b.row);
   };
   if (!std::is_sorted(entries.begin(), entries.end(), before)) {
     std::sort(entries.begin(), entries.end(), before);
   }
-  std::sort(nulls.begin(), nulls.end(),
-            [&](std::uint32_t a, std::uint32_t b) { return BeforeFrom(1, store, a, b); });
+  std::sort(nulls.begin(), nulls.end(), [&](std::uint32_t a, std::uint32_t b) {
+    look();
+    return BeforeFrom(1, store, a, b);
+  });
   rows.clear();
   if (!first.descending) rows.insert(rows.end(), nulls.begin(), nulls.end());
   for (const Entry& entry : entries) rows.push_back(entry.row);

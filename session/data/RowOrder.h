@@ -21,6 +21,7 @@ class RowOrder {
 
   [[nodiscard]] bool Empty() const { return keys_.empty(); }
   [[nodiscard]] bool Uses(const std::vector<bool>& columns) const;  // any of those marked
+  // The rows stay as they are when the work of the thread is abandoned: error -2147217900.
   void SortRows(const RowStore& store, std::vector<std::uint32_t>& rows) const;
   [[nodiscard]] bool Before(const RowStore& store, std::uint32_t a, std::uint32_t b) const;
 

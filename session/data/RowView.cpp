@@ -95,9 +95,14 @@ void RowView::Filter(std::string_view criteria) {
 }
 
 void RowView::Sort(std::string_view columns) {
-  order_ = RowOrder(*store_, columns);
+  RowOrder before = std::exchange(order_, RowOrder(*store_, columns));
+  try {
+    Fill();
+  } catch (...) {
+    order_ = std::move(before);
+    throw;
+  }
   sort_text_.assign(columns);
-  Fill();
   First();
 }
 
@@ -243,6 +248,7 @@ void RowView::OnAppended(std::uint32_t first, std::uint32_t end) {
         ++visible_;
       }
     }
+    list_ = own_;  // also if the sort is abandoned
     if (!order_.Empty()) order_.SortRows(*store_, own_);
     list_ = own_;
     if (stand_ == Stand::kRow && in_list_) {

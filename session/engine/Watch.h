@@ -2,24 +2,13 @@
 #pragma once
 
 #include <array>
-#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 
+#include "session/data/CancelSignal.h"
+
 namespace pstolvane1 {
-
-// Raised from any thread, at any time; ends the work that began before it, not what begins after.
-class CancelSignal {
- public:
-  void Raise() noexcept { count_.fetch_add(1, std::memory_order_relaxed); }
-  [[nodiscard]] std::uint64_t Count() const noexcept {
-    return count_.load(std::memory_order_relaxed);
-  }
-
- private:
-  std::atomic<std::uint64_t> count_{0};
-};
 
 enum class Stop { kNone, kCancelled, kTimeLimit };
 

@@ -2,6 +2,7 @@
 #include <ostream>
 #include <string>
 
+#include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 
 namespace pstolvane1 {
@@ -54,7 +55,9 @@ void ExportCsv(const Recordset& rowset, std::ostream& out) {
     line += TextField(column.name);
   }
   out << line << "\r\n";
+  const WorkInHand in_hand;
   for (const Recordset::Row row : rowset.Rows()) {
+    in_hand.Check();
     line.clear();
     bool first = true;
     int place = 0;

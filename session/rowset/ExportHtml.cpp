@@ -1,6 +1,7 @@
 #include <ostream>
 #include <string>
 
+#include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 #include "session/rowset/ReportView.h"
 
@@ -61,6 +62,7 @@ std::string_view ClassOf(ReportView::LineKind kind) {
 
 void ExportHtml(const Recordset& rowset, std::string_view title,
                 const std::shared_ptr<const Locale>& locale, std::ostream& out) {
+  const WorkInHand in_hand;
   const ReportView view(rowset, locale);
   const auto alignment = [&view](std::size_t i) {
     return view.Columns()[i].numeric ? " class=\"n\"" : "";
@@ -73,6 +75,7 @@ void ExportHtml(const Recordset& rowset, std::string_view title,
   }
   out << "</tr></thead>\n<tbody>\n";
   for (const ReportView::Line& line : view.Lines()) {
+    in_hand.Check();
     out << "<tr class=\"" << ClassOf(line.kind) << "\">";
     for (std::size_t i = 0; i < line.cells.size(); ++i) {
       out << "<td" << alignment(i) << '>' << Escaped(line.cells[i]) << "</td>";

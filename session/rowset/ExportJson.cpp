@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 
 namespace pstolvane1 {
@@ -50,7 +51,9 @@ std::string ColumnsAsJson(const Recordset& rowset) {
 
 std::string RowsAsJson(const Recordset& rowset) {
   std::string json = "[";
+  const WorkInHand in_hand;
   for (const Recordset::Row row : rowset.Rows()) {
+    in_hand.Check();
     json += json.size() > 1 ? ",\n[" : "[";
     int place = 0;
     for (const ColumnInfo& column : rowset.Columns()) {

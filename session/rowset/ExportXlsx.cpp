@@ -9,6 +9,7 @@
 #include <xlsxwriter.h>
 
 #include "session/data/Error.h"
+#include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 #include "session/rowset/ReportView.h"
 
@@ -148,6 +149,7 @@ class Sheet {
     double width = std::max(kNarrowest, WidthOf(view_.Columns()[column].name) + 2);
     lxw_row_t row = 0;
     for (const ReportView::Line& line : view_.Lines()) {
+      in_hand_.Check();
       ++row;
       const std::string& text = line.cells[column];
       lxw_format* const format = line.kind == kRule ? rule : line.kind == kTotal ? total : plain;
@@ -163,6 +165,7 @@ class Sheet {
     worksheet_set_column(sheet_, place, place, std::min(width, kWidest), nullptr);
   }
 
+  const WorkInHand in_hand_;
   const ReportView& view_;
   const std::string& path_;
   lxw_workbook* book_ = nullptr;

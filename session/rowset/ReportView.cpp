@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "session/data/ThreadWork.h"
+
 namespace pstolvane1 {
 namespace {
 
@@ -99,6 +101,7 @@ ReportView::Line LineOf(const std::vector<ColumnTexts>& columns, std::size_t row
 ReportView::ReportView(const Recordset& rowset, std::shared_ptr<const Locale> locale)
     : locale_(std::move(locale)) {
   const bool report = rowset.HasColumn("DummySort");
+  const WorkInHand in_hand;
   std::vector<ColumnTexts> columns;
   for (const ColumnInfo& info : rowset.Columns()) {
     const bool hidden = report && (EndsWith(info.name, "Sort") || EndsWith(info.name, "_Id"));
@@ -106,12 +109,16 @@ ReportView::ReportView(const Recordset& rowset, std::shared_ptr<const Locale> lo
     ColumnTexts& column = columns.emplace_back();
     column.column = {info.name, rowset.Column(info.name), true};
     for (const Recordset::Row row : rowset.Rows()) {
+      in_hand.Check();
       column.texts.push_back(CellText(row, column.column.handle, info.type, *locale_));
     }
     column.Judge(info.type, *locale_);
   }
   const std::size_t rows = columns.empty() ? 0 : columns.front().texts.size();
-  for (std::size_t row = 0; row < rows; ++row) lines_.push_back(LineOf(columns, row, report));
+  for (std::size_t row = 0; row < rows; ++row) {
+    in_hand.Check();
+    lines_.push_back(LineOf(columns, row, report));
+  }
   for (ColumnTexts& column : columns) {
     if (column.content || (!report && column.only_rules)) {
       columns_.push_back(std::move(column.column));
