@@ -8,13 +8,16 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <sstream>
 #include <string>
 
 #include "host/BooksCommands.h"
 #include "host/Output.h"
+#include "host/OutputStream.h"
 #include "host/ReportsCommand.h"
 #include "host/RunCommand.h"
 #include "host/SqlCommand.h"
+#include "host/StopSignals.h"
 #include "session/books/SampleBooks.h"
 #include "session/data/Error.h"
 #include "session/data/TextFold.h"
@@ -125,11 +128,21 @@ void AddBooks(CLI::App& app, Typed& typed) {
 void AddSql(CLI::App& app, Typed& typed) {
   SqlOptions& options = typed.sql;
   CLI::App* sql = app.add_subcommand("sql", "One SELECT of the reports' dialect on any database");
-  sql->add_option("--books", options.books, "the database")->required()->option_text("CONNECTION");
-  sql->add_option("TEXT", options.text, "the SELECT")->required();
+  CLI::Option* const books =
+      sql->add_option("--books", options.books, "the database")->option_text("CONNECTION");
+  sql->add_option("TEXT", options.text, "the SELECT, or the condition")->required();
+  CLI::Option* const condition =
+      sql->add_option("--condition", options.condition_on,
+                      "check TEXT as a condition on these tables of the reports, without books")
+          ->option_text("TABLE,...")
+          ->excludes(books);
   sql->add_flag("--translate", options.translate, "print the engine's text, do not run it");
   AddOutput(*sql, options.output);
-  sql->callback([&typed] { typed.command = [&typed] { return Sql(typed.sql), kSuccess; }; });
+  sql->callback([&typed, books, condition] {
+    if (books->empty() && condition->empty()) throw CLI::RequiredError(books->get_name());
+    typed.sql.output.books = typed.sql.books;
+    typed.command = [&typed] { return Sql(typed.sql), kSuccess; };
+  });
 }
 
 void AddReports(CLI::App& app, Typed& typed) {
@@ -164,6 +177,7 @@ void AddRun(CLI::App& app, Typed& typed) {
   AddOutput(*run, typed.run.output);
   run->callback([&typed] {
     typed.run.call.locale = typed.run.output.locale;
+    typed.run.output.books = typed.run.call.books;
     typed.command = [&typed] { return Run(typed.run), kSuccess; };
   });
 }
@@ -173,6 +187,17 @@ void Tell(const Error& error) {
             << error.Description();
   if (!error.Cause().empty()) std::cerr << ": " << error.Cause();
   std::cerr << '\n';
+}
+
+// What is asked for by --help and --version.
+int ShowHelp(const std::string& text) {
+  try {
+    WriteToStandardOutput(text);
+    return kSuccess;
+  } catch (const Error& error) {
+    Tell(error);
+    return kFailure;
+  }
 }
 
 // The parser misses a command before it minds the word that stands in its place.
@@ -196,11 +221,13 @@ bool TellUnknownCommand(const CLI::App& app, const CLI::ParseError& error) {
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
+  OccupyClosedDescriptors();
   std::signal(SIGPIPE, SIG_IGN);  // a pager or a pipe that closes early is no failure
   CLI::App app("Finished stock and sales reports from the books of a company", "stolvane");
   app.require_subcommand(1);
   app.set_version_flag("--version", PST_VERSION);
   Typed typed;
+  std::ostringstream help;
   AddBooks(app, typed);
   AddSql(app, typed);
   AddReports(app, typed);
@@ -209,7 +236,7 @@ int RunCommandLine(int argc, char** argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     if (TellUnknownCommand(app, error)) return kWrongCall;
-    if (app.exit(error) == 0) return kSuccess;
+    if (app.exit(error, help, std::cerr) == 0) return ShowHelp(help.str());
     if (const std::string usage = automation::UsageInWords(typed.run.call.operation);
         !usage.empty()) {
       std::cerr << '\n' << usage << '\n';
@@ -221,6 +248,8 @@ int RunCommandLine(int argc, char** argv) {
   } catch (const automation::WrongCall& error) {
     std::cerr << "stolvane: " << error.what() << '\n';
     return kWrongCall;
+  } catch (const StoppedBySignal& stopped) {
+    EndBy(stopped.signal);
   } catch (const Error& error) {
     Tell(error);
   } catch (const std::exception& error) {

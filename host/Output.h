@@ -15,10 +15,12 @@ struct OutputOptions {
   Format format = Format::kTable;
   std::string path;    // empty: standard output
   std::string locale;  // of the table's, page's and sheet's own texts
+  std::string books;   // that are read; nothing is written to them
 };
 
 // Writes a rowset; json gives the JSON text where that form is asked for. A file takes its name
-// only when it is whole. Error 3001 when it cannot be written, or for a sheet without a path.
+// only when it is whole. Error 3001 when it cannot be written, or for a sheet without a path; a
+// reader of the standard output who goes away early is no error.
 void Write(const Recordset& rowset, std::string_view title, const OutputOptions& options,
            const std::function<std::string()>& json);
 // Writes any other text.

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "host/ProgressBar.h"
+#include "host/StopSignals.h"
 #include "session/clsStolvane1.h"
 #include "session/rowset/Export.h"
 
@@ -49,6 +50,9 @@ class Session {
     }
   }
 
+  // From any thread.
+  void Abandon() { session_.Abandon(); }
+
   void WriteResult(const CallInWords& call) {
     const std::string_view operation = call.Called().name;
     const auto report_type = call.ReportType();
@@ -85,8 +89,11 @@ class Session {
 void Run(const RunOptions& options) {
   const CallInWords call(options.call);
   Session session(options);
-  session.Call(call);
-  session.WriteResult(call);
+  DoUntilSignal([&] { session.Abandon(); },
+                [&] {
+                  session.Call(call);
+                  session.WriteResult(call);
+                });
 }
 
 }  // namespace pstolvane1::host

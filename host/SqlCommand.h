@@ -10,7 +10,8 @@ namespace pstolvane1::host {
 struct SqlOptions {
   std::string books;
   std::string text;
-  bool translate = false;  // print the engine's text instead of running it
+  std::string condition_on;  // tables: the text is a condition on them, which is checked alone
+  bool translate = false;    // print the engine's text instead of running it
   OutputOptions output;
 };
 

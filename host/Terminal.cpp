@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <iostream>
 #include <string_view>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "host/OutputStream.h"
+#include "host/StopSignals.h"
 #include "host/TextTable.h"
 
 namespace pstolvane1::host {
@@ -50,18 +51,18 @@ bool Fits(const std::string& text) {
 bool StandardOutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
 bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
 
-bool Show(const std::string& text) {
+void Show(const std::string& text) {
   if (StandardOutputIsTerminal() && !Fits(text)) {
     const char* chosen = std::getenv("PAGER");
     const std::string pager = chosen != nullptr && *chosen != '\0' ? chosen : kUsualPager;
-    if (FILE* pipe = popen(pager.c_str(), "w"); pipe != nullptr) {
+    const SignalsForThePager signals;
+    if (FILE* pipe = signals.Open(pager); pipe != nullptr) {
       std::fwrite(text.data(), 1, text.size(), pipe);
       const int status = pclose(pipe);
-      if (WIFEXITED(status) && WEXITSTATUS(status) != kNoSuchCommand) return true;
+      if (WIFEXITED(status) && WEXITSTATUS(status) != kNoSuchCommand) return;
     }
   }
-  std::cout << text << std::flush;
-  return std::cout.good();
+  WriteToStandardOutput(text);
 }
 
 }  // namespace pstolvane1::host

@@ -9,7 +9,8 @@ namespace pstolvane1::host {
 [[nodiscard]] bool StandardErrorIsTerminal();
 
 // Writes a text to standard output; on a terminal that is too small for it through the user's PAGER
-// ("less -RS" where none is set). False when standard output took no more.
-bool Show(const std::string& text);
+// ("less -RS" where none is set). Error 3001 when standard output does not take it; a reader who
+// goes away early is none.
+void Show(const std::string& text);
 
 }  // namespace pstolvane1::host

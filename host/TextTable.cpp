@@ -7,6 +7,8 @@
 #include <unicode/utf8.h>
 #include <vector>
 
+#include "session/data/ThreadWork.h"
+
 namespace pstolvane1::host {
 namespace {
 
@@ -35,6 +37,7 @@ class TableWriter {
     Cells(header, true);
     Rule("─");
     for (std::size_t i = 0; i < view_.Lines().size(); ++i) {
+      in_hand_.Check();
       const ReportView::Line& line = view_.Lines()[i];
       switch (line.kind) {
         case ReportView::LineKind::kLine:
@@ -77,6 +80,7 @@ class TableWriter {
     out_ << '\n';
   }
 
+  const WorkInHand in_hand_;
   const ReportView& view_;
   bool colour_;
   std::ostream& out_;

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
+#include <optional>
 #include <pty.h>
 #include <spawn.h>
 #include <stdexcept>
@@ -39,13 +40,21 @@ int WaitFor(pid_t process) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-Running Start(const books::test::Folder& folder, const Words& words) {
+Running Start(const books::test::Folder& folder, const Words& words,
+              const std::optional<std::string>& output = {}) {
   Running running{.out_file = folder.File("out"), .err_file = folder.File("err")};
   posix_spawn_file_actions_t files;
   posix_spawn_file_actions_init(&files);
   posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, running.out_file.c_str(),
-                                   O_WRONLY | O_CREAT, 0600);
+  if (!output) {
+    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, running.out_file.c_str(),
+                                     O_WRONLY | O_CREAT, 0600);
+  } else if (output->empty()) {
+    posix_spawn_file_actions_addclose(&files, STDOUT_FILENO);
+  } else {
+    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, output->c_str(), O_WRONLY | O_APPEND,
+                                     0);
+  }
   posix_spawn_file_actions_addopen(&files, STDERR_FILENO, running.err_file.c_str(),
                                    O_WRONLY | O_CREAT, 0600);
   Words own = words;
@@ -68,6 +77,12 @@ Finished Finish(const Running& running) {
 Finished Stolvane(const Words& words) {
   const books::test::Folder folder;
   return Finish(Start(folder, words));
+}
+
+Finished StolvaneInto(const std::string& output, const Words& words) {
+  const books::test::Folder folder;
+  folder.Write("out", "");
+  return Finish(Start(folder, words, output));
 }
 
 Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds) {

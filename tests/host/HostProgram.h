@@ -19,6 +19,8 @@ using Words = std::vector<std::string>;
 
 // Runs the program to its end, neither input nor output being a terminal.
 [[nodiscard]] Finished Stolvane(const Words& words);
+// The same with its standard output into a file, from which nothing is read, or closed for "".
+[[nodiscard]] Finished StolvaneInto(const std::string& output, const Words& words);
 // Runs it and sends it a signal once it has been at work for a while.
 [[nodiscard]] Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds);
 // Runs it on a terminal of this size, with this pager. What it writes, to either output, is in out,

@@ -1,9 +1,5 @@
 // stolvane run and stolvane reports.
-#include <csignal>
-#include <filesystem>
-#include <future>
 #include <nlohmann/json.hpp>
-#include <sys/stat.h>
 
 #include "HostProgram.h"
 
@@ -199,38 +195,11 @@ TEST_F(Run, WritesFilesWholeAndInEveryFormat) {
   EXPECT_EQ(folder.Names().size(), 5U);  // no file in the making is left
 }
 
-TEST_F(Run, APipeAndADeviceAreWrittenInto) {
-  const std::string pipe = folder.File("pipe");
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  auto read = std::async(std::launch::async, [&pipe] { return books::test::Content(pipe); });
-  const Finished finished = Stolvane(Sales({"--format", "csv", "--out", pipe}));
-  EXPECT_EQ(finished.status, 0) << finished.err;
-  EXPECT_TRUE(read.get().starts_with("Ledger,Amount,"));
-  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
-}
-
-TEST_F(Run, ALinkLeadsToTheFile) {
-  folder.Write("report.csv", "old");
-  const std::string link = folder.File("link.csv");
-  std::filesystem::create_symlink(folder.File("report.csv"), link);
-  const Finished finished = Stolvane(Sales({"--format", "csv", "--out", link}));
-  EXPECT_EQ(finished.status, 0) << finished.err;
-  EXPECT_TRUE(std::filesystem::is_symlink(link));
-  EXPECT_TRUE(books::test::Content(folder.File("report.csv")).starts_with("Ledger,Amount,"));
-}
-
 TEST_F(Run, AWorkbookNeedsAFile) {
   const Finished finished = Stolvane(Sales({"--format", "xlsx"}));
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err,
             "stolvane: error 3001: a workbook goes into a file: name it with --out\n");
-}
-
-TEST_F(Run, WhatCannotBeWrittenIsAnError) {
-  const Finished finished = Stolvane(Sales({"--out", folder.File("none/report.txt")}));
-  EXPECT_EQ(finished.status, 1);
-  EXPECT_EQ(finished.err, "stolvane: error 3001: cannot write \"" + folder.File("none/report.txt") +
-                              "\": No such file or directory\n");
 }
 
 const std::string kLedgersByCode =
@@ -338,17 +307,6 @@ TEST_F(Run, ReportsListsEveryOperation) {
   const Finished as_json = Stolvane({"reports", "--json"});
   EXPECT_EQ(as_json.status, 0);
   EXPECT_TRUE(json::parse(as_json.out).is_array() || json::parse(as_json.out).is_object());
-}
-
-TEST_F(Run, ASignalEndsItWithoutAFile) {
-  const std::string file = folder.File("never.csv");
-  const Finished finished = StolvaneWithSignal(
-      {"sql", "--books", Books(), "--format", "csv", "--out", file,
-       "select count(*) as n from godownitem1 as a inner join godownitem1 as b on a.qty <> b.rate "
-       "inner join godownitem1 as c on c.qty <> b.rate"},
-      SIGINT, 300);
-  EXPECT_NE(finished.status, 0);
-  EXPECT_EQ(folder.Names(), std::vector<std::string>());
 }
 
 }  // namespace

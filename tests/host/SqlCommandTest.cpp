@@ -65,6 +65,19 @@ TEST_F(Sql, NothingButOneSelectIsRead) {
   }
 }
 
+TEST_F(Sql, AConditionIsCheckedWithoutBooks) {
+  const Finished right = Stolvane({"sql", "--condition", "Desr1, Vouchertype1",
+                                   "Desr1.Date >= #04/01/2004# and Vouchertype1.RelatedTo = 10"});
+  EXPECT_EQ(right.status, 0) << right.err;
+  EXPECT_EQ(right.out, "Nothing is wrong with the condition.\n");
+  const Finished wrong = Stolvane({"sql", "--condition", "Desr1", "Desr1.Dat >= #04/01/2004#"});
+  EXPECT_EQ(wrong.status, 1);
+  EXPECT_TRUE(wrong.err.starts_with("stolvane: error -2147217900: line 1, column 7: "))
+      << wrong.err;
+  EXPECT_EQ(Stolvane({"sql", "1 = 1"}).status, 2);
+  EXPECT_EQ(Stolvane({"sql", "--books", Other(), "--condition", "Desr1", "1 = 1"}).status, 2);
+}
+
 TEST_F(Sql, ShowsAnEmptyResult) {
   const Finished finished =
       Stolvane({"sql", "--books", Other(), "select id from thing where id > 5"});
