@@ -46,6 +46,7 @@ SourceQueries InDialect(ReportFrame& frame, const SourceQueries& queries) {
     if (!query.swap.from.empty()) {
       query.text = ReplaceAll(query.text, query.swap.from, query.swap.to);
     }
+    RefuseComments(query.text);
     *texts.at(i) = query.text;
   }
   return brought;
@@ -124,6 +125,7 @@ RecordsetPtr Launch(ReportFrame& frame, std::int32_t report_type, Boolean blnRep
 
 RecordsetPtr OpenPlain(ReportFrame& frame, std::string_view text) {
   frame.module.strSQL = frame.Normalise(text);
+  RefuseComments(frame.module.strSQL);
   return InHand(frame, [&] {
     const RecordsetPtr rowset = Recordset::New();
     rowset->Open(frame.module.strSQL, frame.MainCn);

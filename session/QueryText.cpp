@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <fmt/format.h>
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
+
+#include "session/data/Error.h"
 
 namespace pstolvane1 {
 namespace {
@@ -25,6 +28,28 @@ constexpr AliasPlace kAliasPlaces[] = {
     {&typAliases::taEmployee, "employee1.employeename"},
     {&typAliases::taTransporter, "transportershipper1.transportershippername"},
 };
+
+// Inside a character of several bytes.
+bool Continues(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
+[[noreturn]] void RaiseComment(std::string_view query, std::size_t at) {
+  const std::string_view before = query.substr(0, at);
+  const std::size_t lines =
+      static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+  const std::string_view line = before.substr(before.rfind('\n') + 1);
+  const auto characters =
+      std::count_if(line.begin(), line.end(), [](char c) { return !Continues(c); });
+  constexpr std::size_t kAround = 32;
+  std::size_t first = at - std::min(at, kAround);
+  std::size_t last = std::min(at + kAround, query.size());
+  while (Continues(query[first])) ++first;
+  while (last < query.size() && Continues(query[last])) ++last;
+  throw Error(
+      ErrorNumber::kQueryRefused,
+      fmt::format("line {}, column {}: a condition or an alias holds the comment sign \"{}\"",
+                  lines + 1, characters + 1, query.substr(at, 2)),
+      fmt::format("near ...{}", ReplaceAll(query.substr(first, last - first), "\n", " ")));
+}
 
 }  // namespace
 
@@ -77,6 +102,22 @@ std::string NormaliseQueryText(std::string_view query, const typAliases& aliases
       {{"#", "'"}, {"false", "0"}, {"true", "1"}, {"-1", "1"}}};
   for (const auto& [what, with] : kRewrites) text = ReplaceAll(text, what, with);
   return text;
+}
+
+void RefuseComments(std::string_view query) {
+  char closing = 0;  // of the quoted text or name that the place stands in
+  for (std::size_t i = 0; i < query.size(); ++i) {
+    const char c = query[i];
+    if (closing != 0) {
+      if (c == closing) closing = 0;
+    } else if (c == '\'' || c == '"') {
+      closing = c;
+    } else if (c == '[') {
+      closing = ']';
+    } else if (const std::string_view sign = query.substr(i, 2); sign == "--" || sign == "/*") {
+      RaiseComment(query, i);
+    }
+  }
 }
 
 std::string ItemStateClause(std::string_view strConsiderForSih, std::string_view strItemstate) {

@@ -23,6 +23,11 @@ namespace pstolvane1 {
 // names, conditions and quoted texts as well, and queries are written with that in mind.
 [[nodiscard]] std::string NormaliseQueryText(std::string_view query, const typAliases& aliases);
 
+// Error -2147217900, with the place, for a comment sign outside quoted texts and names. Reports
+// write none: it stands in a condition or an alias of the host, and what comes behind it would be
+// lost.
+void RefuseComments(std::string_view query);
+
 // The condition on items: strConsiderForSih is a ready condition or "", strItemstate holds item
 // states with commas between or is "". ("", "1,2") gives " (Itemstate = 1 Or Itemstate = 2)".
 [[nodiscard]] std::string ItemStateClause(std::string_view strConsiderForSih,

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "session/QueryText.h"
+#include "tests/data/ExpectError.h"
 
 namespace pstolvane1 {
 namespace {
@@ -8,6 +9,18 @@ namespace {
 TEST(ApplyAliases, WithAllAliasesEmptyItOnlyLowers) {
   EXPECT_EQ(ApplyAliases("Select Items1.ItemName From Items1 Where Date > #03/31/2004#", {}),
             "select items1.itemname from items1 where date > #03/31/2004#");
+}
+
+TEST(RefuseComments, TellsTheSignAndItsPlace) {
+  for (const char* const text : {"a - -1", "'--'", "[a--b] = \"/*\"", "'it''s -- so'", ""}) {
+    EXPECT_NO_THROW(RefuseComments(text)) << text;
+  }
+  ExpectError(ErrorNumber::kQueryRefused,
+              "line 1, column 5: a condition or an alias holds the comment sign \"--\"",
+              [] { RefuseComments("1=1 -- and"); });
+  ExpectError(ErrorNumber::kQueryRefused,
+              "line 3, column 3: a condition or an alias holds the comment sign \"/*\"",
+              [] { RefuseComments("'--\n'\n₹ /* and"); });
 }
 
 TEST(ApplyAliases, EachAliasReplacesEveryOccurrenceOfItsColumnAsItStands) {
