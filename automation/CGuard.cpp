@@ -36,12 +36,12 @@ std::int32_t KeepError() noexcept {
       throw;
     } catch (const Error& error) {
       last.number = static_cast<std::int32_t>(error.Number());
-      last.text = Sentence(error);
+      last.text = Visible(Sentence(error));
     } catch (const std::bad_alloc&) {
       last.number = pst_e_out_of_memory;
       last.text = "there is not enough memory";
     } catch (const std::exception& error) {
-      last.text = error.what();
+      last.text = Visible(error.what());
     } catch (...) {
       last.text = "an exception of the host's own";
     }
@@ -49,6 +49,18 @@ std::int32_t KeepError() noexcept {
     last.text.clear();
   }
   return last.number;
+}
+
+std::string Visible(std::string_view text) {
+  std::string visible;
+  for (const char c : text) {
+    if (c == '\0') {
+      visible += "\\0";
+    } else {
+      visible += c;
+    }
+  }
+  return visible;
 }
 
 char* CopyText(std::string_view text) {

@@ -30,6 +30,9 @@ T& Given(T* pointer, const char* what) {
   throw Error(ErrorNumber::kObjectNotSet, std::string("no ") + what + " was given");
 }
 
+// A text in which zero bytes are written as "\\0", as C would end at them.
+[[nodiscard]] std::string Visible(std::string_view text);
+
 // A copy that the caller frees with pst_text_free.
 [[nodiscard]] char* CopyText(std::string_view text);
 

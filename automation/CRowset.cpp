@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "automation/CGuard.h"
+#include "automation/CHandles.h"
 #include "automation/pstolvane1_c.h"
 #include "session/rowset/Export.h"
 
@@ -13,11 +14,16 @@ using pstolvane1::Variant;
 using pstolvane1::automation::CopyText;
 using pstolvane1::automation::Given;
 using pstolvane1::automation::Guarded;
+using pstolvane1::automation::HandleKind;
+using pstolvane1::automation::Handles;
 
 pst_rowset::pst_rowset(pstolvane1::RecordsetPtr rowset) : rows(std::move(rowset)) {
   const pstolvane1::Fields fields = rows->Fields();
   for (int i = 0; i < fields.Count(); ++i) names.push_back(fields(i).Name());
+  Handles::Add(this, HandleKind::kRowset);
 }
+
+pst_rowset::~pst_rowset() { Handles::Remove(this); }
 
 namespace pstolvane1::automation {
 
@@ -45,6 +51,13 @@ Variant CellOf(pst_rowset& rowset, std::int32_t row, std::int32_t column) {
   return rowset.rows->Fields()(column).Value();
 }
 
+// The rowset behind a handle of this thread.
+template <typename Rowset>
+Rowset& Mine(Rowset* rowset) {
+  Handles::CheckMine(rowset, HandleKind::kRowset);
+  return *rowset;
+}
+
 std::string TextOf(const Variant& value) {
   if (value.Type() == adCurrency) return value.ToCurrency().ToText();
   if (value.Type() == adBoolean) return value.ToBoolean().IsSet() ? "true" : "false";
@@ -55,28 +68,31 @@ std::string TextOf(const Variant& value) {
 }  // namespace pstolvane1::automation
 
 using pstolvane1::automation::CellOf;
+using pstolvane1::automation::Mine;
 using pstolvane1::automation::TextOf;
 
 void pst_rowset_free(pst_rowset* rowset) {
-  Guarded([&] { const std::unique_ptr<pst_rowset> gone(rowset); });
+  Guarded([&] {
+    if (rowset) const std::unique_ptr<pst_rowset> gone(&Mine(rowset));
+  });
 }
 
 int32_t pst_rowset_rows(const pst_rowset* rowset) {
   int32_t count = -1;
-  Guarded([&] { count = Given(rowset, "rowset").rows->RecordCount(); });
+  Guarded([&] { count = Mine(rowset).rows->RecordCount(); });
   return count;
 }
 
 int32_t pst_rowset_columns(const pst_rowset* rowset) {
   int32_t count = -1;
-  Guarded([&] { count = static_cast<int32_t>(Given(rowset, "rowset").names.size()); });
+  Guarded([&] { count = static_cast<int32_t>(Mine(rowset).names.size()); });
   return count;
 }
 
 const char* pst_rowset_name(const pst_rowset* rowset, int32_t column) {
   const char* name = nullptr;
   Guarded([&] {
-    const auto& names = Given(rowset, "rowset").names;
+    const auto& names = Mine(rowset).names;
     if (column < 0 || static_cast<std::size_t>(column) >= names.size()) {
       throw pstolvane1::Error(ErrorNumber::kNoSuchColumn,
                               "there is no column " + std::to_string(column));
@@ -88,7 +104,7 @@ const char* pst_rowset_name(const pst_rowset* rowset, int32_t column) {
 
 int32_t pst_rowset_type(const pst_rowset* rowset, int32_t column) {
   int32_t type = 0;
-  Guarded([&] { type = Given(rowset, "rowset").rows->Fields()(column).Type(); });
+  Guarded([&] { type = Mine(rowset).rows->Fields()(column).Type(); });
   return type;
 }
 
@@ -96,7 +112,7 @@ int32_t pst_rowset_text(pst_rowset* rowset, int32_t row, int32_t column, char** 
   return Guarded([&] {
     char*& result = Given(text, "place for the text");
     result = nullptr;
-    const Variant value = CellOf(Given(rowset, "rowset"), row, column);
+    const Variant value = CellOf(Mine(rowset), row, column);
     if (!value.IsNull()) result = CopyText(TextOf(value));
   });
 }
@@ -106,7 +122,7 @@ int32_t pst_rowset_number(pst_rowset* rowset, int32_t row, int32_t column, doubl
   return Guarded([&] {
     double& result = Given(number, "place for the number");
     int& null = Given(is_null, "place for Null");
-    const Variant value = CellOf(Given(rowset, "rowset"), row, column);
+    const Variant value = CellOf(Mine(rowset), row, column);
     null = value.IsNull() ? 1 : 0;
     result = value.IsNull()                       ? 0.0
              : value.Type() == pstolvane1::adDate ? value.ToDate().Serial()
@@ -117,7 +133,7 @@ int32_t pst_rowset_number(pst_rowset* rowset, int32_t row, int32_t column, doubl
 int32_t pst_rowset_json(const pst_rowset* rowset, char** json) {
   return Guarded([&] {
     char*& result = Given(json, "place for the JSON");
-    result = CopyText(pstolvane1::ExportJson(*Given(rowset, "rowset").rows));
+    result = CopyText(pstolvane1::ExportJson(*Mine(rowset).rows));
   });
 }
 
@@ -125,7 +141,7 @@ int32_t pst_rowset_csv(const pst_rowset* rowset, char** csv) {
   return Guarded([&] {
     char*& result = Given(csv, "place for the CSV");
     std::ostringstream out;
-    pstolvane1::ExportCsv(*Given(rowset, "rowset").rows, out);
+    pstolvane1::ExportCsv(*Mine(rowset).rows, out);
     result = CopyText(out.str());
   });
 }

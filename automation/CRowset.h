@@ -11,6 +11,9 @@
 // Has a position of its own in the rowset, so that reading row after row only moves forward.
 struct pst_rowset {
   explicit pst_rowset(pstolvane1::RecordsetPtr rowset);
+  ~pst_rowset();
+  pst_rowset(const pst_rowset&) = delete;
+  pst_rowset& operator=(const pst_rowset&) = delete;
 
   pstolvane1::automation::Living living;
   pstolvane1::RecordsetPtr rows;

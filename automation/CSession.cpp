@@ -8,11 +8,13 @@
 
 #include "automation/ArgumentsJson.h"
 #include "automation/CGuard.h"
+#include "automation/CHandles.h"
 #include "automation/CRowset.h"
 #include "automation/Calls.h"
 #include "automation/CatalogueJson.h"
 #include "automation/Operations.h"
 #include "automation/pstolvane1_c.h"
+#include "session/engine/Engines.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -29,10 +31,28 @@ void GiveRowset(const Outcome& outcome, pst_rowset** rowset) {
   if (rowset && outcome.value.Type() == adChapter) *rowset = HandOver(outcome.value.ToRowset());
 }
 
+pst_session& Mine(pst_session* session) {
+  Handles::CheckMine(session, HandleKind::kSession);
+  return *session;
+}
+
+// SetConnection lets the connection go before it knows that the next one opens.
+void Reconnect(clsStolvane1& session, std::string_view books) {
+  if (session.GetConnectionObject()) {
+    try {
+      NewBooksConnection()->Open(books);
+    } catch (const Error& error) {
+      if (const auto handler = session.OnConnect) handler(error.Description());
+      throw Error(ErrorNumber::kConnection, "Unable to Connect to Database", error.what());
+    }
+  }
+  session.SetConnection("", "", books, False);
+}
+
 // The handlers are copied into each event, so that one may replace them while it runs.
 void Connect(clsStolvane1& session, const pst_events& events) {
   session.OnConnect = [events](std::string_view error) {
-    if (events.on_connect) events.on_connect(events.context, std::string(error).c_str());
+    if (events.on_connect) events.on_connect(events.context, Visible(error).c_str());
   };
   session.FetchProgress = [events](std::uint8_t percent, std::string_view message) {
     if (events.fetch_progress) {
@@ -52,6 +72,7 @@ void Connect(clsStolvane1& session, const pst_events& events) {
 namespace automation = pstolvane1::automation;
 using automation::Given;
 using automation::Guarded;
+using automation::Mine;
 
 pst_session* pst_session_new() {
   std::unique_ptr<pst_session> made;
@@ -60,20 +81,26 @@ pst_session* pst_session_new() {
 }
 
 void pst_session_free(pst_session* session) {
-  Guarded([&] { const std::unique_ptr<pst_session> gone(session); });
+  Guarded([&] {
+    if (session) const std::unique_ptr<pst_session> gone(&Mine(session));
+  });
 }
 
 int32_t pst_session_connect(pst_session* session, const char* books) {
+  return Guarded(
+      [&] { automation::Reconnect(Mine(session).session, automation::TextOr(books, "")); });
+}
+
+int32_t pst_session_abandon(pst_session* session) {
   return Guarded([&] {
-    Given(session, "session")
-        .session.SetConnection("", "", automation::TextOr(books, ""), pstolvane1::False);
+    automation::Handles::UseAnyones(session, automation::HandleKind::kSession,
+                                    [&] { session->session.Abandon(); });
   });
 }
 
 int32_t pst_session_events(pst_session* session, const pst_events* events) {
-  return Guarded([&] {
-    automation::Connect(Given(session, "session").session, events ? *events : pst_events{});
-  });
+  return Guarded(
+      [&] { automation::Connect(Mine(session).session, events ? *events : pst_events{}); });
 }
 
 char* pst_catalogue() {
@@ -86,7 +113,7 @@ int32_t pst_call(pst_session* session, const char* operation, const char* const*
                  const char* const* values, size_t count, pst_rowset** rowset) {
   if (rowset) *rowset = nullptr;
   return Guarded([&] {
-    pstolvane1::clsStolvane1& called = Given(session, "session").session;
+    pstolvane1::clsStolvane1& called = Mine(session).session;
     const automation::Operation& described =
         automation::GetOperation(automation::TextOr(operation, ""));
     const auto text_at = [](const char* const* texts, size_t at, const char* what) {
@@ -110,7 +137,7 @@ int32_t pst_call_json(pst_session* session, const char* operation, const char* a
   if (rowset) *rowset = nullptr;
   if (result) *result = nullptr;
   return Guarded([&] {
-    pstolvane1::clsStolvane1& called = Given(session, "session").session;
+    pstolvane1::clsStolvane1& called = Mine(session).session;
     const automation::Operation& described =
         automation::GetOperation(automation::TextOr(operation, ""));
     const auto given = automation::ArgumentsFromJson(described, automation::TextOr(arguments, ""),

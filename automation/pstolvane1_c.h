@@ -1,9 +1,14 @@
 /* The library for hosts in other languages: sessions, operations by name, rowsets and events in C.
  *
- * Threads. A session, its rowsets and its events belong to the thread that made the session.
+ * Threads. A session, its rowsets and its events belong to the thread that made the session; only
+ * pst_session_abandon may be called from another. Sessions on one thread share the filter and the
+ * arguments of the report in hand, and the one that asks last overwrites what another still
+ * fetches for: use one session at a time on a thread.
  * Errors. A function that can fail returns pst_ok or the number of the error; pst_error_text then
  * says what was wrong, for this thread, until the next call that fails on it. Nothing is thrown out
- * of these functions. A null handle is error 91.
+ * of these functions. A null handle is error 91; so are a released one, one that is none, and one
+ * of another thread, unless a new handle has taken the place of a released one. Zero bytes in error
+ * texts are written as "\0".
  * Texts. UTF-8. What is returned as char* belongs to the caller and goes back by pst_text_free;
  * what is returned as const char* belongs to the library and lives as long as is said with it. */
 #ifndef PSTOLVANE1_C_H
@@ -30,19 +35,26 @@ int32_t pst_error_number(void);
 /* --- Session ------------------------------------------------------------------------------- */
 /* NULL when it cannot be made. */
 pst_session* pst_session_new(void);
-/* Ends what runs; no event follows. Its rowsets stay valid. Also inside one of its events. */
+/* Ends what runs; no event follows. Its rowsets stay valid. Also inside one of its events. Nothing
+ * for NULL. */
 void pst_session_free(pst_session* session);
-/* Opens the books and waits until they are open. */
+/* Opens the books and waits until they are open. When they cannot be opened, the session keeps the
+ * connection that it had. */
 int32_t pst_session_connect(pst_session* session, const char* books);
+/* Drops the report in hand, from any thread: its statements are interrupted, no fetch_complete
+ * comes of it, and a call that is at work on it, or an export of a rowset, ends with an error. The
+ * session takes the next report at once. Nothing when no report is in hand. */
+int32_t pst_session_abandon(pst_session* session);
 
 /* --- Operations ------------------------------------------------------------------------------ */
 /* Every operation with its arguments, types and defaults, as JSON. */
 char* pst_catalogue(void);
 
 /* Calls an operation, with `count` arguments by name, values as texts: whole numbers, decimals,
- * true and false, ISO dates, names of enumerations. A rowset argument is one SELECT on the
- * session's books. *rowset is the rowset that it returns, or NULL; rowset may be NULL when it is
- * not wanted. */
+ * true and false, ISO dates, names of enumerations. Conditions are joined with And as they stand:
+ * an Or belongs into brackets, and a comment sign is refused. A rowset argument is one SELECT on
+ * the session's books. *rowset is the rowset that it returns, or NULL; rowset may be NULL when it
+ * is not wanted. */
 int32_t pst_call(pst_session* session, const char* operation, const char* const* names,
                  const char* const* values, size_t count, pst_rowset** rowset);
 

@@ -1,8 +1,10 @@
 // The library as a host in another language meets it.
+#include <array>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "automation/pstolvane1_c.h"
@@ -127,6 +129,92 @@ TEST_F(CInterface, DeliversAReportByItsEvents) {
   EXPECT_EQ(heard.rows, 2);
   EXPECT_EQ(heard.events, " FetchingData Manipulating complete 0");
   EXPECT_GE(pst_event_descriptor(), 0);
+}
+
+TEST_F(CInterface, AbandonsAReportFromAnyThread) {
+  Connect();
+  Heard heard;
+  const pst_events events{&heard, nullptr, nullptr, &OnComplete};
+  ASSERT_EQ(pst_session_events(session_.get(), &events), pst_ok);
+  EXPECT_EQ(Open("LedgersByCode", kInBackground), nullptr);
+  std::thread([&] { EXPECT_EQ(pst_session_abandon(session_.get()), pst_ok); }).join();
+  EXPECT_EQ(Open("LedgersByCode", kInBackground), nullptr);
+  EXPECT_EQ(pst_session_abandon(session_.get()), pst_ok);
+  for (int i = 0; i < 10; ++i) ASSERT_EQ(pst_pump(20), pst_ok);
+  EXPECT_EQ(heard.events, "");
+  EXPECT_EQ(Open("LedgersByCode", kInBackground), nullptr);
+  for (int i = 0; i < 500 && heard.rows < 0; ++i) ASSERT_EQ(pst_pump(20), pst_ok);
+  EXPECT_EQ(heard.rows, 2);
+}
+
+void ExpectNoHandle(const std::string& told) {
+  EXPECT_EQ(pst_error_number(), 91);
+  EXPECT_EQ(pst_error_text(), told);
+}
+
+TEST_F(CInterface, RefusesHandlesOfAnotherThread) {
+  Connect();
+  pst_rowset* ledgers = Open("LedgersByCode", R"({"bytYearno":1,"sCode":"","blnReport":true})");
+  std::thread([&] {
+    EXPECT_EQ(pst_rowset_rows(ledgers), -1);
+    ExpectNoHandle("the rowset belongs to another thread");
+    char* text = nullptr;
+    EXPECT_EQ(pst_rowset_text(ledgers, 0, 0, &text), 91);
+    pst_rowset_free(ledgers);
+    ExpectNoHandle("the rowset belongs to another thread");
+    EXPECT_EQ(pst_call(session_.get(), "UserPressedCancel", nullptr, nullptr, 0, nullptr), 91);
+    ExpectNoHandle("the session belongs to another thread");
+    pst_session_free(session_.get());
+    EXPECT_EQ(pst_session_connect(session_.get(), company_.File().c_str()), 91);
+  }).join();
+  EXPECT_EQ(pst_rowset_rows(ledgers), 2);
+  EXPECT_EQ(pst_call(session_.get(), "UserPressedCancel", nullptr, nullptr, 0, nullptr), pst_ok);
+}
+
+TEST_F(CInterface, RefusesHandlesThatAreReleasedOrNone) {
+  Connect();
+  pst_session* released = pst_session_new();
+  pst_session_free(released);
+  EXPECT_EQ(pst_session_connect(released, company_.File().c_str()), 91);
+  ExpectNoHandle("the session was released, or is none");
+  EXPECT_EQ(pst_session_abandon(released), 91);
+  pst_session_free(released);
+  ExpectNoHandle("the session was released, or is none");
+  std::array<long, 64> foreign{};
+  EXPECT_EQ(pst_rowset_columns(reinterpret_cast<pst_rowset*>(foreign.data())), -1);
+  ExpectNoHandle("the rowset was released, or is none");
+  // A session is no rowset.
+  EXPECT_EQ(pst_rowset_rows(reinterpret_cast<pst_rowset*>(session_.get())), -1);
+  ExpectNoHandle("the rowset was released, or is none");
+  EXPECT_EQ(pst_rowset_rows(nullptr), -1);
+  ExpectNoHandle("no rowset was given");
+  pst_session_free(nullptr);
+  pst_rowset_free(nullptr);
+}
+
+TEST_F(CInterface, KeepsTheConnectionThatWorked) {
+  Connect();
+  std::string told;
+  const pst_events events{
+      &told, [](void* context, const char* error) { *static_cast<std::string*>(context) = error; },
+      nullptr, nullptr};
+  ASSERT_EQ(pst_session_events(session_.get(), &events), pst_ok);
+  EXPECT_EQ(pst_session_connect(session_.get(), "/nowhere/books.db"), 501);
+  EXPECT_TRUE(std::string_view(pst_error_text()).starts_with("Unable to Connect to Database: "))
+      << pst_error_text();
+  EXPECT_NE(told, "");
+  pst_rowset* ledgers = Open("LedgersByCode", R"({"bytYearno":1,"sCode":"","blnReport":true})");
+  EXPECT_EQ(pst_rowset_rows(ledgers), 2);
+}
+
+TEST_F(CInterface, ShowsZeroBytesInErrorTexts) {
+  Connect();
+  EXPECT_EQ(
+      pst_call_json(session_.get(), "LedgersByCode",
+                    R"({"bytYearno":"1\u00002","sCode":"","blnReport":true})", nullptr, nullptr),
+      13);
+  EXPECT_NE(std::string_view(pst_error_text()).find(R"(not "1\02")"), std::string_view::npos)
+      << pst_error_text();
 }
 
 TEST_F(CInterface, LetsAHandlerFreeTheSession) {
