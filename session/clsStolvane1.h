@@ -28,12 +28,16 @@ namespace pstolvane1 {
 // Reports. With blnReport exactly True an operation returns its finished rowset. With anything else
 // it starts to fetch, returns nullptr, and the rowset comes by FetchComplete while the thread
 // pumps. Every rowset that is handed out is disconnected or a clone, belongs to the host, and stays
-// valid when the session goes. Arguments that are conditions are parts of the query's text; they
-// are lower-cased with it, and "#", "true", "false" and "-1" in them become "'", "1", "0" and "1".
+// valid when the session goes. Arguments that are conditions are parts of the query's text, joined
+// with And as they stand, so that an Or belongs into brackets; a comment sign is refused; see
+// CheckCondition.h. They are lower-cased with it, and "#", "true", "false" and "-1" in them become
+// "'", "1", "0" and "1".
 //
 // Threads. A session belongs to the thread that made it: call it and pump there only. Sessions on
-// different threads share nothing. Sessions on one thread share the arguments of the report in hand
-// and the filters, so use one of them at a time.
+// different threads share nothing. Sessions on one thread share the filters and the arguments of
+// the report in hand: a report that one of them asks for while another still fetches goes through,
+// and the other's lines are then written with the new arguments. So use one of them at a time.
+// Abandon alone may be called from any thread.
 //
 // Errors. Every failure is an Error. The session stays usable after it. A report before
 // SetConnection is error 3709.

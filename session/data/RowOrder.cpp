@@ -15,7 +15,7 @@ namespace pstolvane1 {
 
 namespace {
 
-constexpr std::uint32_t kComparisonsPerLook = 1024;
+constexpr std::uint32_t kStepsPerLook = 1024;
 constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
 
 // Unsigned numbers in the order of the values; what is not a number stands last.
@@ -148,6 +148,11 @@ void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows)
     std::uint64_t rank;
     std::uint32_t row;
   };
+  const WorkInHand in_hand;
+  std::uint32_t steps = 0;
+  const auto look = [&] {
+    if (++steps % kStepsPerLook == 0) in_hand.Check();
+  };
   const Key first = keys_.front();
   const std::uint64_t flip = first.descending ? ~std::uint64_t{0} : 0;
   const bool rank_decides = !IsText(store.Column(first.column).type);
@@ -155,17 +160,13 @@ void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows)
   std::vector<std::uint32_t> nulls;
   entries.reserve(rows.size());
   for (const std::uint32_t row : rows) {
+    look();
     if (store.IsNull(first.column, row)) {
       nulls.push_back(row);
     } else {
       entries.push_back({RankOf(store, first.column, row) ^ flip, row});
     }
   }
-  const WorkInHand in_hand;
-  std::uint32_t compared = 0;
-  const auto look = [&] {
-    if (++compared % kComparisonsPerLook == 0) in_hand.Check();
-  };
   const auto before = [&](const Entry& a, const Entry& b) {
     look();
     if (a.rank != b.rank) return a.rank < b.rank;
@@ -178,6 +179,7 @@ void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows)
     look();
     return BeforeFrom(1, store, a, b);
   });
+  in_hand.Check();
   rows.clear();
   if (!first.descending) rows.insert(rows.end(), nulls.begin(), nulls.end());
   for (const Entry& entry : entries) rows.push_back(entry.row);

@@ -138,7 +138,7 @@ TEST_P(AbandonEngines, AWaitForALock) {
     if (on_server) (void)on_server->Run(of_server);
   };
   ExpectInTime([&] {
-    write("begin exclusive", "begin; lock table Desr1 in access exclusive mode");
+    write("begin exclusive", "begin; lock table \"Desr1\" in access exclusive mode");
     const Clock::time_point then = Broken([&] { (void)Report(True); });
     write("commit", "commit");
     return NextIsInTime(then);

@@ -68,6 +68,24 @@ TEST_F(ReportTest, ASecondReportBeginsAt20) {
   EXPECT_EQ(events[1], "20 Manipulating");
 }
 
+// The session that asks last overwrites what another on its thread still fetches for.
+TEST_F(ReportTest, SessionsOnOneThreadShareTheArguments) {
+  Connect();
+  clsStolvane1 other(books->Maker());
+  other.SetLocale("en_IN");
+  other.SetConnection("", "", "books", False);
+  RecordsetPtr delivered;
+  session->FetchComplete = [&](const RecordsetPtr& rowset, std::int32_t) { delivered = rowset; };
+  EXPECT_EQ(Documents(False), nullptr);
+  const Date later = Date::FromYmd(2005, 4, 1);
+  EXPECT_EQ(other.Doc_Initial(4, 10, later, later, True)->RecordCount(), 6);
+  EXPECT_EQ(module.dtFromDate, later);
+  PumpUntil([&] { return delivered != nullptr; });
+  EXPECT_EQ(delivered->RecordCount(), 6);
+  other.SetFilter("vouchertype1.vouchertype_id = 7", "", 0, 0);
+  EXPECT_EQ(module.filter.strVouchertypeFilter, "vouchertype1.vouchertype_id = 7");
+}
+
 TEST_F(ReportTest, BothPathsGiveTheSameRowset) {
   Connect();
   const RecordsetPtr at_once = Documents(True);
