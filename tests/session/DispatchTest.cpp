@@ -161,7 +161,8 @@ TEST_F(DispatchTest, ValuesWithoutARowAreAcceptedAndNothingFollows) {
 }
 
 TEST_F(DispatchTest, AReportThatIsNotBuiltSaysSo) {
-  const auto frame = Frame(AllReports());
+  static constexpr ReportRow kWithoutBuilder[] = {Row(rtClaimReport, 0)};
+  const auto frame = Frame(kWithoutBuilder);
   frame->lngReportType = rtClaimReport;
   try {
     frame->SourceFetchComplete();
