@@ -445,17 +445,17 @@ class clsStolvane1 : public clsStolvane1Events {
   // 0 is error 11. bytYearno is not used. Blocks until the report is there, also with blnReport
   // False.
   RecordsetPtr CustomerItemwise_Analysis(ReportType& reptype, std::uint8_t bytYearno,
-                                         std::int32_t lngId, Date dtFromDate, Date dtToDate,
-                                         Boolean blnDetailed, Boolean blnReport = True,
-                                         float sngScale = 1,
+                                         std::int32_t lngId, Date dtFromDate,
+                                         const Variant& dtToDate, Boolean blnDetailed,
+                                         Boolean blnReport = True, float sngScale = 1,
                                          std::string_view strConsiderForSih = {},
                                          std::string_view strItemstate = {},
                                          RecordsetPtr rsItems = nullptr);
   // What came in from parties and went back.
   RecordsetPtr Movement_PurchaseReturns_Analysis(ReportType& reptype, std::uint8_t bytYearno,
-                                                 std::int32_t lngId, Date dtFromDate, Date dtToDate,
-                                                 Boolean blnDetailed, Boolean blnReport = True,
-                                                 float sngScale = 1,
+                                                 std::int32_t lngId, Date dtFromDate,
+                                                 const Variant& dtToDate, Boolean blnDetailed,
+                                                 Boolean blnReport = True, float sngScale = 1,
                                                  std::string_view strConsiderForSih = {},
                                                  std::string_view strItemstate = {});
   // The days behind a line of CustomerItemwise_Analysis: of a party by item

@@ -69,20 +69,20 @@ RecordsetPtr clsStolvane1::LedgersByCode(std::uint8_t bytYearno, std::string& sC
 
 RecordsetPtr clsStolvane1::CustomerItemwise_Analysis(
     ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, Date dtFromDate,
-    Date dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
+    const Variant& dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
     std::string_view strConsiderForSih, std::string_view strItemstate, RecordsetPtr rsItems) {
   return MovementAnalysis(*FramePtr(frame_),
-                          Movements(MovementSide::kSales, lngId, dtFromDate, dtToDate, blnDetailed,
-                                    sngScale, strConsiderForSih, strItemstate),
+                          Movements(MovementSide::kSales, lngId, dtFromDate, dtToDate.ToDate(),
+                                    blnDetailed, sngScale, strConsiderForSih, strItemstate),
                           reptype, blnReport, rsItems);
 }
 
 RecordsetPtr clsStolvane1::Movement_PurchaseReturns_Analysis(
     ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, Date dtFromDate,
-    Date dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
+    const Variant& dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
     std::string_view strConsiderForSih, std::string_view strItemstate) {
   return MovementAnalysis(*FramePtr(frame_),
-                          Movements(MovementSide::kPurchases, lngId, dtFromDate, dtToDate,
+                          Movements(MovementSide::kPurchases, lngId, dtFromDate, dtToDate.ToDate(),
                                     blnDetailed, sngScale, strConsiderForSih, strItemstate),
                           reptype, blnReport, nullptr);
 }
