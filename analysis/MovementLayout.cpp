@@ -143,15 +143,14 @@ consteval MovementColumns ColumnsOf(const ReportLayout<kCount>& layout) {
 }
 
 template <std::size_t kCount>
-consteval MovementColumns WithAreas(const ReportLayout<kCount>& layout) {
-  MovementColumns columns = ColumnsOf(layout);
+consteval MovementColumns WithAreas(const ReportLayout<kCount>& layout, MovementColumns columns) {
   columns.area_twin = layout.At("AreaNameSort");
   return columns;
 }
 
 template <std::size_t kCount>
-consteval MovementColumns WithRelations(const ReportLayout<kCount>& layout) {
-  MovementColumns columns = ColumnsOf(layout);
+consteval MovementColumns WithRelations(const ReportLayout<kCount>& layout,
+                                        MovementColumns columns) {
   columns.item_row = layout.At("ItemRow");
   columns.group_id = layout.At("Group_id");
   return columns;
@@ -159,8 +158,8 @@ consteval MovementColumns WithRelations(const ReportLayout<kCount>& layout) {
 
 }  // namespace
 
-const MovementLayout kSalesLayout = {kSales, WithAreas(kSales)};
-const MovementLayout kPurchasesLayout = {kPurchases, WithAreas(kPurchases)};
-const MovementLayout kItemRelationLayout = {kRelated, WithRelations(kRelated)};
+const MovementLayout kSalesLayout = {kSales, WithAreas(kSales, ColumnsOf(kSales))};
+const MovementLayout kPurchasesLayout = {kPurchases, WithAreas(kPurchases, ColumnsOf(kPurchases))};
+const MovementLayout kItemRelationLayout = {kRelated, WithRelations(kRelated, ColumnsOf(kRelated))};
 
 }  // namespace pstolvane1
