@@ -55,7 +55,7 @@ std::map<std::int32_t, Expected> ExpectedByValue() {
   for (const std::int32_t value : {203, 204, 205, 207, 209, 210, 211, 214, 215}) {
     add(value, value, 0, "0");
   }
-  add(212, 212, 1, "12");
+  add(212, 212, 1, "7");
   add(213, 213, 2, "0");
   add(216, 219, 0, "7");
   add(25001, 25002, 1, "0");
