@@ -216,8 +216,8 @@ TEST_F(ServerBooks, CheckTellsWhatIsMissingOrOddAndWhatMendsIt) {
            "error: 1 movement has a negative quantity, where IsAdded should tell the direction, "
            "the "
            "first with GodownItem_id 5.\n",
-           "error: The tree ItemClass1 runs in a loop (1, 2, 1), over which the reports would not "
-           "end.\n",
+           "error: The tree ItemClass1 runs in a loop (1, 2, 1): a report that is asked for one of "
+           "these groups ends with an error.\n",
            "hint: No index of Items1 begins with ItemName.\n  CREATE INDEX \"Items1_Name\" ON "
            "\"Items1\" ((CASE WHEN octet_length(\"ItemName\") = length(\"ItemName\") THEN "
            "lower(rtrim(\"ItemName\") COLLATE \"C\") ELSE lower(translate(rtrim(\"ItemName\"), ",

@@ -119,7 +119,9 @@ void Database::Configure() {
   sqlite3_limit(native, SQLITE_LIMIT_ATTACHED, 0);
   Execute("PRAGMA query_only = 1");
   Execute("PRAGMA cell_size_check = 1");
-  Execute("PRAGMA cache_size = -32000");
+  // A sort collects as many bytes before it orders them, and cannot be broken off while it does. More
+  // makes no statement faster.
+  Execute("PRAGMA cache_size = -8000");
   RegisterFunctions(native, function_error_);
   guard_.StandAt(native);
 }
