@@ -117,6 +117,18 @@ class AverageLedger {
   MonthLedger ledger_;
 };
 
+// The months are walked until the last or a cancel: those that were reached. The standard rates are
+// the progress total, which is meant.
+std::size_t WalkMonths(ReportFrame& frame, std::size_t months) {
+  frame.lngFetchTotal = frame.Rowset(Source::Rs2)->RecordCount();
+  std::size_t walked = 0;
+  while (walked < months) {
+    ++walked;
+    if (!frame.EndPass()) break;
+  }
+  return walked;
+}
+
 }  // namespace
 
 std::string ComposeMonthlyBalances(const MonthlyArguments& arguments, Date dtBooksFrom) {
@@ -170,11 +182,13 @@ RecordsetPtr mMonthly_Avg(ReportFrame& frame) {
   const auto arguments = frame.module.Kept<MonthlyArguments>();
   const RecordsetPtr keys = frame.Rowset(Source::rsItems);
   const MonthlyKeyColumns columns(*keys);
-  AverageLedger ledger(frame, arguments);
+  AverageLedger average(frame, arguments);
   for (const Recordset::Row row : keys->Rows()) {
-    ledger.Add(row.Int64(columns.item_id), columns.Key(row));
+    average.Add(row.Int64(columns.item_id), columns.Key(row));
   }
-  return WriteMonthLedger(frame, arguments, ledger.Ledger(),
+  MonthLedger ledger = average.Ledger();
+  ledger.months.resize(WalkMonths(frame, ledger.months.size()));
+  return WriteMonthLedger(frame, arguments, ledger,
                           {.units = ReadMonthlyUnits(arguments, *keys),
                            .alt_columns = arguments.blnAltUom,
                            .raw_figures = true});

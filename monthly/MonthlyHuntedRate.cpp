@@ -108,6 +108,13 @@ std::string RateCondition(enmValuationMethod method) {
   return "godownitem1.goriginalvouchertype_id in (7,14,10,15,0) and ";
 }
 
+std::int32_t OpeningsIn(const Recordset& quantities) {
+  const ColumnHandle month = quantities.Column("Inc_Id");
+  std::int32_t openings = 0;
+  for (const Recordset::Row row : quantities.Rows()) openings += row.Int32(month) == 0 ? 1 : 0;
+  return openings;
+}
+
 // The last sale reads costs alone, so that its search for a price finds none; that is meant.
 StandardRates StandardsOf(enmValuationMethod method) {
   return method == StandardPrice ? StandardRates::kAll : StandardRates::kCosts;
@@ -163,8 +170,11 @@ RecordsetPtr mMonthly_HuntedRate(ReportFrame& frame) {
   const RecordsetPtr keys = frame.Rowset(Source::rsItems);
   const MonthlyKeyColumns columns(*keys);
   HuntedLedger ledger(frame, arguments);
+  const std::int32_t openings = OpeningsIn(*frame.Rowset(Source::Rs1));
+  EndPasses(frame, openings, static_cast<std::size_t>(openings));
   for (const Recordset::Row row : keys->Rows()) {
     ledger.Add(row.Int64(columns.item_id), columns.Key(row));
+    EndPasses(frame, keys->RecordCount(), ledger.Ledger().months.size());
   }
   return WriteMonthLedger(
       frame, arguments, ledger.Ledger(),

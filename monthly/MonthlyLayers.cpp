@@ -69,9 +69,14 @@ RecordsetPtr mMonthly_Layers(ReportFrame& frame) {
   const std::vector<CalendarMonth> months = MonthsOf(period);
   LineReader reader(*source);
   MonthLayers layers(arguments.ValuationMethod, arguments.bytYearno, period, months);
-  for (const RowGroups::Group key : source->GroupBy({"Item_Id", "Godown_Id", "Batch_Id"})) {
+  const RowGroups keys = source->GroupBy({"Item_Id", "Godown_Id", "Batch_Id"});
+  const auto count = static_cast<std::int32_t>(keys.Count());
+  for (const RowGroups::Group key : keys) {
     layers.AddKey(reader.Read(key));
+    EndPasses(frame, count, 1);
   }
+  // Last in first out counts the lines of its ledger once more.
+  if (arguments.ValuationMethod == LifoRate) EndPasses(frame, count, months.size() + 1);
   return WriteMonthLedger(
       frame, arguments, layers.Ledger(),
       {.units = ReadMonthlyUnits(arguments, *source), .alt_columns = arguments.blnAltUom});

@@ -51,13 +51,16 @@ class SimpleLedger {
   }
 
   [[nodiscard]] const MonthLedger& Ledger() const { return ledger_; }
+  [[nodiscard]] std::size_t RowsOfMonths() const { return rows_of_months_; }
 
  private:
   void Add(const RowGroups::Group& item) {
     std::vector<MonthFigures> moved(months_.size() + 1);
     for (const Recordset::Row row : item) {
-      moved[PlaceOf(row.Int32(month_))] += {.inwards = {row.Single(in_), row.Money(value_in_)},
-                                            .outwards = {row.Single(out_), row.Money(value_out_)}};
+      const std::size_t place = PlaceOf(row.Int32(month_));
+      if (place > 0) ++rows_of_months_;
+      moved[place] += {.inwards = {row.Single(in_), row.Money(value_in_)},
+                       .outwards = {row.Single(out_), row.Money(value_out_)}};
     }
     RunningRate rate;
     rate.Add(moved[0]);
@@ -80,6 +83,7 @@ class SimpleLedger {
   RowGroups by_item_;
   ColumnHandle month_, in_, value_in_, out_, value_out_;
   MonthLedger ledger_;
+  std::size_t rows_of_months_ = 0;
 };
 
 MonthlyForm FormOf(const MonthlyArguments& arguments, const Recordset& items) {
@@ -143,8 +147,10 @@ SourceQueries Monthly_SimpleAvg(const modStolvane1& module, const MonthlyArgumen
 RecordsetPtr mMonthly_SimpleAvg(ReportFrame& frame) {
   const auto arguments = frame.module.Kept<MonthlyArguments>();
   const RecordsetPtr items = frame.Rowset(Source::rsItems);
-  SimpleLedger ledger(*frame.Rowset(Source::rsReport), arguments);
+  const RecordsetPtr rows = frame.Rowset(Source::rsReport);
+  SimpleLedger ledger(*rows, arguments);
   ledger.AddAll();
+  EndPasses(frame, rows->RecordCount(), ledger.RowsOfMonths());
   return WriteMonthLedger(frame, arguments, ledger.Ledger(), FormOf(arguments, *items));
 }
 
@@ -153,7 +159,10 @@ RecordsetPtr mMonthly_SimpleAvgGrouped(ReportFrame& frame) {
   const RecordsetPtr items = frame.Rowset(Source::rsItems);
   const ColumnHandle item_id = items->Column("Item_Id");
   SimpleLedger ledger(*frame.Rowset(Source::rsReport), arguments);
-  for (const Recordset::Row row : items->Rows()) ledger.AddItem(row.Int64(item_id));
+  for (const Recordset::Row row : items->Rows()) {
+    ledger.AddItem(row.Int64(item_id));
+    EndPasses(frame, items->RecordCount(), 1);
+  }
   return WriteMonthLedger(frame, arguments, ledger.Ledger(), FormOf(arguments, *items));
 }
 

@@ -161,6 +161,14 @@ StockPeriod PeriodOf(const MonthlyArguments& arguments) {
 
 bool HasOneUnit(const StockUnits& units) { return EqualFolded(units.unit, units.alt_unit); }
 
+void EndPasses(ReportFrame& frame, std::int32_t progress_total, std::size_t passes) {
+  frame.lngFetchTotal = progress_total;
+  for (; passes > 0; --passes) {
+    const bool session_is_gone = !frame.EndPass() && !frame.blnCancelFetching.IsTrue();
+    if (session_is_gone) return;
+  }
+}
+
 RecordsetPtr WriteMonthLedger(ReportFrame& frame, const MonthlyArguments& arguments,
                               const MonthLedger& ledger, const MonthlyForm& form) {
   const StockPeriod period = PeriodOf(arguments);
@@ -168,15 +176,13 @@ RecordsetPtr WriteMonthLedger(ReportFrame& frame, const MonthlyArguments& argume
   MonthlyWriter writer(frame, form);
   writer.WriteOpening(ledger);
   StockFigures totals{.opening = ledger.opening, .closing = ledger.opening};
-  frame.lngFetchTotal = static_cast<std::int32_t>(months.size());
-  for (std::size_t i = 0; i < months.size(); ++i) {
+  for (std::size_t i = 0; i < ledger.months.size(); ++i) {
     const MonthFigures& figures = ledger.months[i];
     writer.WriteMonth(MonthText(frame.Texts().MonthName(months[i].month), months[i], period),
                       months[i], figures, totals.closing);
     totals.inwards += figures.inwards;
     totals.outwards += figures.outwards;
     totals.closing = figures.closing;
-    if (!frame.EndPass()) break;
   }
   writer.WriteTotals(totals);
   return writer.Finish();

@@ -1,6 +1,9 @@
 // Writes a month ledger.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 #include "monthly/MonthlyArguments.h"
 #include "movements/StockKeyColumns.h"
 #include "session/ReportFrame.h"
@@ -22,9 +25,12 @@ struct MonthlyForm {
   bool month_keys = false;   // Inc_Id is filled
 };
 
-// "Opening Balance", a line for each month of the period, and the totals on the last of them. After
-// each month it yields, raises "manipulating", and ends if the report is cancelled: the totals are
-// written all the same. Shown money is divided by sngScale (error 11 for a scale of 0).
+// Ends that many passes of the report in hand, with the progress total given. Only the weighted
+// average is ended by a cancel; the other ledgers go on, and that is meant.
+void EndPasses(ReportFrame& frame, std::int32_t progress_total, std::size_t passes);
+
+// "Opening Balance", a line for each month of the ledger, and the totals on the last of them. Shown
+// money is divided by sngScale (error 11 for a scale of 0).
 [[nodiscard]] RecordsetPtr WriteMonthLedger(ReportFrame& frame, const MonthlyArguments& arguments,
                                             const MonthLedger& ledger, const MonthlyForm& form);
 
