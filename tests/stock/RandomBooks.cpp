@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "session/data/Date.h"
@@ -51,6 +53,9 @@ class Shop {
     std::vector<TextTable> tables = Masters();
     tables.push_back(std::move(movements_));
     tables.push_back(std::move(rates_));
+    tables.push_back(std::move(documents_));
+    tables.push_back(std::move(document_lines_));
+    tables.push_back(YearlyTotals());
     return tables;
   }
 
@@ -85,14 +90,57 @@ class Shop {
   void Add(const std::string& date, int year, int item, int godown, int quantity, bool in,
            bool opening) {
     const std::string id = std::to_string(movements_.rows.size() + 1);
-    movements_.rows.push_back(
-        {id, date, std::to_string(year), std::to_string(item), std::to_string(godown),
-         std::to_string((item - 1) * kGodowns + godown), std::to_string(quantity),
-         std::to_string(Rate()), in ? "1" : "0", opening ? "1" : "0", "0", "0", id,
-         opening ? "0"
-         : in    ? "7"
-                 : "10"});
+    const int rate = Rate();
+    const std::string price = std::to_string(rate);
+    const std::string count = std::to_string(quantity);
+    YearOfItem& total = totals_[{item, year}];
+    if (opening) {
+      total.opened += quantity;
+      total.opened_value += quantity * rate;
+    } else {
+      documents_.rows.push_back({id, date, std::to_string(year), in ? "7" : "10", "0", "0"});
+      document_lines_.rows.push_back({id, id, std::to_string(item), date, std::to_string(year),
+                                      in ? count : "0", in ? "0" : count, price, "1"});
+      (in ? total.bought : total.sold) += quantity;
+      (in ? total.bought_value : total.sold_value) += quantity * rate;
+    }
+    movements_.rows.push_back({id, date, std::to_string(year), std::to_string(item),
+                               std::to_string(godown),
+                               std::to_string((item - 1) * kGodowns + godown), count, price,
+                               in ? "1" : "0", opening ? "1" : "0", "0", "0", id,
+                               opening ? "0"
+                               : in    ? "7"
+                                       : "10"});
   }
+
+  // A year opens with what the one before left, at a rate of 10 a piece.
+  TextTable YearlyTotals() {
+    TextTable totals{
+        "ItemDetailsAsLedger",
+        {"Item_id", "YearNo", "OpeningQuantity", "OpeningValue", "TotalPurchaseQuantity",
+         "TotalPurchaseValue", "TotalSalesQuantity", "TotalSalesValue"},
+        {}};
+    for (int item = 1; item <= kItems; ++item) {
+      int left = 0;
+      for (int year = 1; year <= shop_.years; ++year) {
+        YearOfItem total = totals_[{item, year}];
+        total.opened += left;
+        total.opened_value += left * 10;
+        left = total.opened + total.bought - total.sold;
+        golden::Cells row;
+        for (const int cell : {item, year, total.opened, total.opened_value, total.bought,
+                               total.bought_value, total.sold, total.sold_value}) {
+          row.push_back(std::to_string(cell));
+        }
+        totals.rows.push_back(std::move(row));
+      }
+    }
+    return totals;
+  }
+
+  struct YearOfItem {
+    int opened = 0, opened_value = 0, bought = 0, bought_value = 0, sold = 0, sold_value = 0;
+  };
 
   std::mt19937 random_;
   RandomShop shop_;
@@ -101,6 +149,13 @@ class Shop {
                         "Qty", "Rate", "IsAdded", "IsOpeningBal", "Optional", "GDesrOptional",
                         "DesrDetails_id", "GOriginalVouchertype_id"},
                        {}};
+  TextTable documents_{
+      "Desr1", {"Desr_id", "Date", "YearNo", "Vouchertype_id", "Optional", "Deleted"}, {}};
+  TextTable document_lines_{"DesrDetails1",
+                            {"DesrDetails_id", "Desr_id", "Item_id", "DesrDetDate", "YearNo",
+                             "QtyDespIn", "QtyDespOut", "Price", "AffectStock"},
+                            {}};
+  std::map<std::pair<int, int>, YearOfItem> totals_;  // by item and year
   TextTable rates_{"StandardRate1",
                    {"Item_id", "Rate", "DateFrom", "DateTo", "YearNo", "SaleOrPurchase"},
                    {{"1", "12", "2003-03-01", "2003-03-31", "1", "0"},

@@ -16,8 +16,8 @@ struct RandomShop {
 
 // Three items in three godowns, in two categories, two classes and no batches of their own. Dated
 // movements of every year from 1 April 2003, bought (type 7) and sold (type 10) in whole pieces,
-// and openings without a date in the first year. Within its godown an item is never below 0. The
-// yearly totals hold the same movements.
+// and openings without a date in the first year. Within its godown an item is never below 0. Each
+// dated movement has a document of its own, and the yearly totals hold the same.
 [[nodiscard]] std::unique_ptr<golden::SmallBooks> RandomBooks(std::uint32_t seed,
                                                               const RandomShop& shop = {});
 
