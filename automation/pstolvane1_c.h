@@ -145,7 +145,8 @@ int32_t DllGetClassObject(const pst_guid* class_id, const pst_guid* interface_id
  * between runs. Both do nothing and say so with pst_s_false. */
 int32_t DllRegisterServer(void);
 int32_t DllUnregisterServer(void);
-/* pst_s_ok when no session, rowset, factory or lock of these functions is left, on any thread. */
+/* pst_s_ok when no session, rowset, factory, lock or Arrow structure of these functions is left, on
+ * any thread. */
 int32_t DllCanUnloadNow(void);
 
 /* NOLINTEND(modernize-use-using) */

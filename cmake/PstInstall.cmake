@@ -18,6 +18,7 @@ target_link_libraries(pStolvane1 PRIVATE
 
 # All that a host may include, by its path from the root.
 set(PST_PUBLIC_HEADERS
+  automation/pstolvane1_arrow.h
   automation/pstolvane1_c.h
   session/CheckCondition.h
   session/EnumName.h
