@@ -243,12 +243,14 @@ void Masters::DrawParties(const Plan& plan, Random& random) {
     one.ledger = ledger++;
     one.town = &random.Pick(Towns());
     one.pin = std::to_string(one.town->pin + random.Range(0, 6));
-    one.street = std::to_string(random.Range(1, 480)) + ", " + std::string(random.Pick(Streets()));
+    const std::string street(random.Pick(Streets()));
+    one.street = std::to_string(random.Range(1, 480)) + ", " + street;
     one.year_of_creation = ledger % 9 == 4 ? 2 : ledger % 13 == 7 ? 3 : 1;
     subgroups_.push_back(one.subgroup);
   };
   const auto firm = [&] {
-    return std::string(random.Pick(FirmWords())) + " " + std::string(random.Pick(FirmEndings()));
+    const std::string ending(random.Pick(FirmEndings()));
+    return std::string(random.Pick(FirmWords())) + " " + ending;
   };
   for (int i = 0; i < plan.suppliers; ++i) {
     Party one;

@@ -9,7 +9,8 @@
 namespace pstolvane1::books::sample {
 
 // The same numbers on every platform: the engine is fixed by the standard, the distributions of the
-// library are not, so the few that are needed stand here.
+// library are not, so the few that are needed stand here. An expression draws once at most: a
+// compiler is free in which order it takes two operands or arguments.
 class Random {
  public:
   explicit Random(std::uint64_t seed) : engine_(seed) {}

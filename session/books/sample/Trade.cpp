@@ -66,15 +66,15 @@ void SellSpares(World& world) {
   Document document = world.Draw(kSparesSale, customer.ledger);
   document.employee = world.DrawEmployee();
   document.terms = TermsOf(customer);
-  SellLines(world, document, world.random.Chance(75) ? kMainStore : kBranchStore,
-            world.random.Range(1, 5));
+  const auto lines = world.random.Range(1, 5);
+  SellLines(world, document, world.random.Chance(75) ? kMainStore : kBranchStore, lines);
 }
 
 void SellAcrossCounter(World& world) {
   Document document = world.Draw(kCounterSale, kCashLedger);
   document.employee = world.DrawEmployee();
-  SellLines(world, document, world.random.Chance(80) ? kMainStore : kBranchStore,
-            world.random.Range(1, 3));
+  const auto lines = world.random.Range(1, 3);
+  SellLines(world, document, world.random.Chance(80) ? kMainStore : kBranchStore, lines);
 }
 
 void SellOne(World& world) {
