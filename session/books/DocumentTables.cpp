@@ -81,7 +81,7 @@ constexpr Column kGodownItem1[] = {{"GodownItem_id", kKey},
 // queries better.
 constexpr Index kGodownItem1Indexes[] = {
     {"GodownItem1_Date", "Date"},
-    {"GodownItem1_Desr", "GDesr_id"},
+    {"GodownItem1_Desr", "GDesr_id, Item_id, Godown_id, Batch_id, GSrNo, GOriginalVouchertype_id"},
     {"GodownItem1_DesrDetails", "DesrDetails_id"},
     {"GodownItem1_RelatedDesr",
      "GRelatedDesr_id, Item_id, Godown_id, Batch_id, GSrNo, GRelatedYearNo, GDesrOptional, Qty"},
