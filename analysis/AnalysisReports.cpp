@@ -1,6 +1,7 @@
 #include "analysis/AnalysisReports.h"
 
 #include "analysis/CategoryWise_Initial.h"
+#include "analysis/Colorwise.h"
 #include "analysis/Commission.h"
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
@@ -68,9 +69,9 @@ std::span<const ReportRow> AnalysisReports() {
       Rows(rtCommission_Initial_Employeewise, rtCommission_Initial_Itemwise, 1,
            &mCommission_Initial),
       Row(rtCommission_Daily, 1, &mCommission_Daily),
-      Row(rtColorwise_Initial, 1),
-      Row(rtColorwise_Monthly, 2),
-      Row(rtColorwise_Daily, 2),
+      Row(rtColorwise_Initial, 1, &mColorwise_Initial),
+      Row(rtColorwise_Monthly, 2, &mColorwise_Monthly),
+      Row(rtColorwise_Daily, 2, &mColorwise_Daily),
       Analysis(rtCategorywise_Initial, rtCategorywise_Initial, &mCategoryWise_Initial),
       ItemDays(),
   };

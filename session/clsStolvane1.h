@@ -490,6 +490,29 @@ class clsStolvane1 : public clsStolvane1Events {
                                 Boolean blnReport = True, float sngScale = 1,
                                 Boolean blnLongDate = False, std::uint8_t bytOpt = 0,
                                 std::string_view sRefSep = "/");
+  // Opening, inwards, outwards and closing quantity by item and colour, of one item or of all
+  // (lngItem_id 0). An item has the colours of its batches. blnDetailed is not used.
+  RecordsetPtr Colorwise_Initial(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                 std::int32_t lngItem_id = 0, Boolean blnReport = True,
+                                 Boolean blnDetailed = False, std::string_view strItemstate = {},
+                                 std::string_view strConsiderForSih = {});
+  // Its lines again from what was fetched last. Error 91 if nothing was, 3265 if another report
+  // was.
+  RecordsetPtr mColorwise_Initial();
+  // One item and colour month by month, with bare numbers for a chart. lngColor_Id is put into the
+  // query as it stands. Error 3021 where the item has no batch of the colour.
+  RecordsetPtr Colorwise_Monthly(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                 std::int32_t lngItem_id, std::string_view lngColor_Id,
+                                 Boolean blnReport = True);
+  // Its lines again. Error 91 unless it was the last report.
+  RecordsetPtr mColorwise_Monthly();
+  // The vouchers behind its months. bytOpt is not used.
+  RecordsetPtr Colorwise_Daily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                               std::int32_t lngItem_id, std::string_view lngColor_Id,
+                               Boolean blnReport = True, std::string_view sRefSep = "/",
+                               std::uint8_t bytOpt = 0, Boolean blnLongDate = False);
+  // Its lines again. Error 91 if nothing was fetched, 3265 if another report was.
+  RecordsetPtr mColorwise_Daily();
   // Sales (lngVouchertype_id 10) or what came in by another kind of document along the tree of
   // categories, or of classes with blnIsclass: from lngId if that is above 0, otherwise from all
   // that are their own parents. With blnDetailed the items of each stand below it. Money is divided

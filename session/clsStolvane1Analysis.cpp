@@ -1,6 +1,7 @@
 // The lists and analyses of the public class. Each call keeps its frame to its end: a handler may
 // destroy the session inside it.
 #include "analysis/CategoryWise_Initial.h"
+#include "analysis/Colorwise.h"
 #include "analysis/Commission.h"
 #include "analysis/DailyAnalysis.h"
 #include "analysis/Doc_Initial.h"
@@ -42,6 +43,11 @@ DailyArguments Days(MovementSide side, std::int32_t lngId, std::int32_t lngId2, 
           .strRefSeperator = std::string(RefSeperator),
           .strConsiderForSih = std::string(strConsiderForSih),
           .strItemstate = std::string(strItemstate)};
+}
+
+// The lines of a report from what was fetched last.
+RecordsetPtr BuildAgain(const FramePtr& frame, ReportType report_type) {
+  return frame->Build(*frame->RowOf(report_type));
 }
 
 }  // namespace
@@ -139,6 +145,59 @@ RecordsetPtr clsStolvane1::Commission_Daily(std::uint8_t /*bytYearno*/, Date dtF
                                       blnReport);
 }
 
+RecordsetPtr clsStolvane1::Colorwise_Initial(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                             std::int32_t lngItem_id, Boolean blnReport,
+                                             Boolean /*blnDetailed*/, std::string_view strItemstate,
+                                             std::string_view strConsiderForSih) {
+  return pstolvane1::Colorwise_Initial(*FramePtr(frame_),
+                                       {.bytYearno = bytYearno,
+                                        .dtFromDate = dtFromDate,
+                                        .dtToDate = dtToDate,
+                                        .lngItem_id = lngItem_id,
+                                        .strItemstate = std::string(strItemstate),
+                                        .strConsiderForSih = std::string(strConsiderForSih)},
+                                       blnReport);
+}
+
+RecordsetPtr clsStolvane1::mColorwise_Initial() {
+  return BuildAgain(FramePtr(frame_), rtColorwise_Initial);
+}
+
+RecordsetPtr clsStolvane1::Colorwise_Monthly(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                             std::int32_t lngItem_id, std::string_view lngColor_Id,
+                                             Boolean blnReport) {
+  return pstolvane1::Colorwise_Monthly(*FramePtr(frame_),
+                                       {.bytYearno = bytYearno,
+                                        .dtFromDate = dtFromDate,
+                                        .dtToDate = dtToDate,
+                                        .lngItem_id = lngItem_id,
+                                        .lngColor_Id = std::string(lngColor_Id)},
+                                       blnReport);
+}
+
+RecordsetPtr clsStolvane1::mColorwise_Monthly() {
+  return BuildAgain(FramePtr(frame_), rtColorwise_Monthly);
+}
+
+RecordsetPtr clsStolvane1::Colorwise_Daily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
+                                           std::int32_t lngItem_id, std::string_view lngColor_Id,
+                                           Boolean blnReport, std::string_view sRefSep,
+                                           std::uint8_t /*bytOpt*/, Boolean blnLongDate) {
+  return pstolvane1::Colorwise_Daily(*FramePtr(frame_),
+                                     {.bytYearno = bytYearno,
+                                      .dtFromDate = dtFromDate,
+                                      .dtToDate = dtToDate,
+                                      .lngItem_id = lngItem_id,
+                                      .lngColor_Id = std::string(lngColor_Id),
+                                      .strRefSeperator = std::string(sRefSep),
+                                      .blnUseLongDate = blnLongDate.IsSet()},
+                                     blnReport);
+}
+
+RecordsetPtr clsStolvane1::mColorwise_Daily() {
+  return BuildAgain(FramePtr(frame_), rtColorwise_Daily);
+}
+
 RecordsetPtr clsStolvane1::CategoryWise_Initial(Boolean blnIsclass, std::uint8_t bytYearno,
                                                 Date dtFromDate, Date dtToDate, std::int32_t lngId,
                                                 std::int32_t lngVouchertype_id, Boolean blnReport,
@@ -181,8 +240,7 @@ RecordsetPtr clsStolvane1::ItemWise_DlyBkup(std::uint8_t bytYearno, Date dtFromD
 }
 
 RecordsetPtr clsStolvane1::mItemwise_DlyBreakup() {
-  const FramePtr frame(frame_);
-  return frame->Build(*frame->RowOf(rtItemwise_DlyBkup));
+  return BuildAgain(FramePtr(frame_), rtItemwise_DlyBkup);
 }
 
 }  // namespace pstolvane1

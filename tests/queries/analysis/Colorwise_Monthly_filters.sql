@@ -1,2 +1,11 @@
--- the same under the voucher filters
-select sum ( case when isadded = 1 then godownitem1.qty else 0  end ) as inwards , sum ( case when isadded = 0 then godownitem1.qty else 0  end ) as outwards , year(godownitem1.date) as year_id , month(godownitem1.date) as month_id , cast( cast(year(godownitem1.date) as varchar) + right('0' + cast(month(godownitem1.date) as varchar) , 2) as int ) as inc_id  from godownitem1   left join desr1 on desr1.desr_id = godownitem1.gdesr_id left join vouchertype1 on vouchertype1.vouchertype_id = desr1.vouchertype_id  where ((vouchertype1.vouchertype_id in (7,10,12) and  godownitem1.gdesroptional = 0  ) or godownitem1.date is null ) and godownitem1.color_id = 2 and godownitem1.item_id = 5 and godownitem1.date between '04/01/2003' and '03/31/2004' and godownitem1.optional = 0   and (goriginalvouchertype_id <> 18 and goriginalvouchertype_id <> 25  ) group by year(godownitem1.date) , month(godownitem1.date)
+-- the same under the document filters
+--
+-- set filter strVouchertypeFilter = Vouchertype1.Vouchertype_id in (7,10,12)
+-- set filter btTypeOfentry = 1
+-- set filter OptNo = 1
+-- call Colorwise_Monthly as red_bikes
+-- lngItem_id = 5
+-- lngColor_Id = 2
+--
+-- query 2
+select year(godownitem1.date) * 100 + month(godownitem1.date) as inc_id,isnull(sum(case when godownitem1.isadded = 1 then godownitem1.qty else 0 end),0) as inwards,isnull(sum(case when godownitem1.isadded = 0 then godownitem1.qty else 0 end),0) as outwards from godownitem1 left join desr1 on desr1.desr_id = godownitem1.gdesr_id left join vouchertype1 on vouchertype1.vouchertype_id = desr1.vouchertype_id  where ((vouchertype1.vouchertype_id in (7,10,12) and godownitem1.gdesroptional = 0) or godownitem1.date is null) and godownitem1.date between '04/05/2004' and '06/10/2004' and godownitem1.optional = 0 and godownitem1.goriginalvouchertype_id <> 18 and godownitem1.goriginalvouchertype_id <> 25 and godownitem1.item_id = 5 and godownitem1.color_id = 2 group by year(godownitem1.date),month(godownitem1.date)
