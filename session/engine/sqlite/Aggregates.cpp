@@ -1,8 +1,8 @@
-#include <algorithm>
 #include <array>
 #include <cmath>
 
 #include "session/data/Currency.h"
+#include "session/data/SureSum.h"
 #include "session/engine/sqlite/Decimal.h"
 #include "session/engine/sqlite/Functions.h"
 
@@ -58,61 +58,26 @@ void MoneyResult(sqlite3_context* context) {
   });
 }
 
-// A sum of floats that keeps what each addition loses (Neumaier), how much was added in all, and
-// the largest of it.
-struct RealSum {
-  double sum;
-  double lost;
-  double size;
-  double largest;
-  std::int64_t count;
-};
-
 void AddReal(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
   Guarded(context, [&] {
-    auto* total = StateOf<RealSum>(context);
     const double value = sqlite3_value_double(values[0]);
     if (!std::isfinite(value)) ThrowOutOfRange("a result", "a number");
-    const double sum = total->sum + value;
-    total->lost += std::fabs(total->sum) >= std::fabs(value) ? (total->sum - sum) + value
-                                                             : (value - sum) + total->sum;
-    total->sum = sum;
-    total->size += std::fabs(value);
-    total->largest = std::max(total->largest, std::fabs(value));
-    ++total->count;
+    StateOf<SureSum>(context)->Add(value);
   });
 }
 
-// To the figures that do not depend on the order of the rows: what came in as 0.1 and 0.2 and went
-// out as 0.3 is gone. One number alone stays what it is. The text for PostgreSQL reckons the same.
-double SureSum(const RealSum& total) {
-  constexpr int kSureFigures = 13;
-  // The size depends on the order of the rows too; many sizes are a power of ten, none is 1.047 of
-  // one.
-  constexpr double kBesideAPower = 0.02;
-  if (!std::isfinite(total.size)) return total.sum;
-  const double sum = total.sum + total.lost;
-  if (total.size == total.largest) return sum;
-  const double places = kSureFigures - std::ceil(std::log10(total.size) - kBesideAPower);
-  // A float is no power of ten below 1, nor one beyond 1e22.
-  const double up = std::pow(10.0, std::clamp(places, 0.0, 300.0));
-  const double down = std::pow(10.0, std::clamp(-places, 0.0, 22.0));
-  const double sure = std::nearbyint(sum * up / down) * down / up;
-  return sure == 0 ? 0 : sure;  // no -0
-}
-
 void RealResult(sqlite3_context* context) {
-  const auto* total = StateAtEnd<RealSum>(context);
+  const auto* total = StateAtEnd<SureSum>(context);
   if (total == nullptr || total->count == 0) return;
-  Guarded(context, [&] { Call(context, nullptr).Return(SureSum(*total)); });
+  Guarded(context, [&] { Call(context, nullptr).Return(total->Result()); });
 }
 
 void RealAverage(sqlite3_context* context) {
-  const auto* total = StateAtEnd<RealSum>(context);
+  const auto* total = StateAtEnd<SureSum>(context);
   if (total == nullptr || total->count == 0) return;
   Guarded(context, [&] {
-    Call(context, nullptr).Return(SureSum(*total) / static_cast<double>(total->count));
+    Call(context, nullptr).Return(total->Result() / static_cast<double>(total->count));
   });
 }
 
