@@ -36,6 +36,10 @@ std::string QueryFilter::Joins() const {
   return text.empty() ? text : text + " ";
 }
 
+std::string QueryFilter::Joined() const {
+  return joins_.empty() ? std::string() : " and vouchertype1.vouchertype_id is not null";
+}
+
 std::string QueryFilter::Conditions() const {
   if (conditions_.empty()) return {};
   const std::string all = fmt::format("{}", fmt::join(conditions_, " and "));

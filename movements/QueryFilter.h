@@ -39,6 +39,10 @@ class QueryFilter {
 
   // " inner join Desr1 on ... inner join vouchertype1 on ... "; "" where nothing is to be joined.
   [[nodiscard]] std::string Joins() const;
+  // What tells a row that the joins have found from one that joins from the left have kept, with
+  // " and " in front; "" where nothing is joined. With it a query of a filter that keeps undated
+  // rows can sum what the same filter without them would leave.
+  [[nodiscard]] std::string Joined() const;
   // All conditions with " and " behind each; "" without one.
   [[nodiscard]] std::string Conditions() const;
 

@@ -1,74 +1,76 @@
 #include "stock/FifoLifo.h"
 
-#include <algorithm>
+#include <optional>
+#include <vector>
 
 #include "movements/GroupQuery.h"
 #include "movements/RateQueries.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
-#include "valuation/Layers.h"
+#include "valuation/LayerLines.h"
 
 namespace pstolvane1 {
 namespace {
 
 constexpr std::int32_t kPeriodBook = 2;
 
-// The lines, sales and years of one stock key at a time.
+// Where a line stands, the same in the lines of every stock key.
+struct LineColumns {
+  explicit LineColumns(const Recordset& lines)
+      : kind(lines.Column("KIND")),
+        sale(lines.Column("SALE")),
+        book(lines.Column("BOOK_ID")),
+        year(lines.Column("YEARNO")),
+        quantity(lines.Column("QUANTITY")),
+        amount(lines.Column("AMOUNT")),
+        rate(lines.Column("RATE")) {}
+
+  // A line that is nothing to the layers may have no quantity.
+  [[nodiscard]] StockLine Read(const Recordset::Row& line) const {
+    StockLine read{.kind = static_cast<StockLine::Kind>(line.Int32(kind)),
+                   .sale = static_cast<StockLine::Sale>(line.Int32(sale)),
+                   .year = line.Int32(year),
+                   .in_period = line.Int32(book) == kPeriodBook,
+                   .rate = line.Double(rate)};
+    if (read.kind != StockLine::Kind::kNothing || !line.IsNull(quantity)) {
+      read.quantity = line.Double(quantity);
+      read.amount = line.Double(amount);
+      read.value = line.Money(amount);
+    }
+    return read;
+  }
+
+  ColumnHandle kind, sale, book, year, quantity, amount, rate;
+};
+
+// The lines of one stock key at a time.
 class LayerReader {
  public:
   LayerReader(const Recordset& keys, enmValuationMethod method)
-      : lines_(keys.Column("CHPTRANS")),
-        sales_(keys.Column("CHPSALES")),
-        years_(keys.Column("CHPYEARLYAVG")),
-        method_(method) {}
+      : lines_(keys.Column("CHPTRANS")), method_(method) {}
 
   StockFigures Value(const Recordset::Row& key) {
-    ReadLines(*key.Chapter(lines_));
-    const LayerSales sales = ReadSales(*key.Chapter(sales_));
-    return WalkLayers(read_lines_, sales, method_, [&] { return ReadYears(*key.Chapter(years_)); });
+    const RecordsetPtr chapter = key.Chapter(lines_);
+    if (!columns_) columns_.emplace(*chapter);
+    read_.clear();
+    layers_.clear();
+    for (const Recordset::Row line : chapter->Rows()) {
+      read_.push_back(columns_->Read(line));
+      layers_.push_back(AsLayer(read_.back()));
+    }
+    return WalkLayers(layers_, SumSales(read_), method_, [this] {
+      years_ = SumYears(read_);
+      return std::span<const LayerYear>(years_);
+    });
   }
 
  private:
-  void ReadLines(const Recordset& chapter) {
-    const ColumnHandle in = chapter.Column("QTYIN"), out = chapter.Column("QTYOUT");
-    const ColumnHandle value_in = chapter.Column("VALUEIN"), value_out = chapter.Column("VALUEOUT");
-    const ColumnHandle rate = chapter.Column("RATE"), book = chapter.Column("BOOK_ID");
-    read_lines_.clear();
-    for (const Recordset::Row line : chapter.Rows()) {
-      read_lines_.push_back({.in = line.Single(in),
-                             .out = line.Single(out),
-                             .value_in = line.Money(value_in),
-                             .value_out = line.Money(value_out),
-                             .rate = line.Double(rate),
-                             .in_period = line.Int32(book) == kPeriodBook});
-    }
-  }
-
-  // A key without sales has no row.
-  static LayerSales ReadSales(const Recordset& chapter) {
-    if (chapter.Eof()) return {};
-    return {.before = chapter.Single(chapter.Column("TOTALSALESBEFOREDATE")),
-            .within = chapter.Single(chapter.Column("TOTALSALESBETWEENDATE"))};
-  }
-
-  std::span<const LayerYear> ReadYears(Recordset& chapter) {
-    chapter.Sort("YearNo, Book_Id");
-    const ColumnHandle in = chapter.Column("QTYIN"), out = chapter.Column("QTYOUT");
-    const ColumnHandle value_in = chapter.Column("VALUEIN"), book = chapter.Column("BOOK_ID");
-    read_years_.clear();
-    for (const Recordset::Row year : chapter.Rows()) {
-      read_years_.push_back({.in = year.Single(in),
-                             .out = year.Single(out),
-                             .value_in = year.Money(value_in),
-                             .in_period = year.Int32(book) == kPeriodBook});
-    }
-    return read_years_;
-  }
-
-  ColumnHandle lines_, sales_, years_;
+  ColumnHandle lines_;
   enmValuationMethod method_;
-  std::vector<LayerLine> read_lines_;
-  std::vector<LayerYear> read_years_;
+  std::optional<LineColumns> columns_;
+  std::vector<StockLine> read_;
+  std::vector<LayerLine> layers_;
+  std::vector<LayerYear> years_;
 };
 
 SourceQuery Keys(const modStolvane1& module, const StockArguments& arguments) {

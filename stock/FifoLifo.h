@@ -9,10 +9,9 @@
 namespace pstolvane1 {
 
 // A shape command: one row an item, godown and batch with names and units, by item name, and under
-// a tree ItemCategory_Id. Its chapters: CHPTRANS, its lines in walking order (QTYIN, QTYOUT, RATE,
-// VALUEIN, VALUEOUT, BOOK_ID 1 before the period and 2 in it); CHPSALES, at most one row
-// (TOTALSALESBEFOREDATE, TOTALSALESBETWEENDATE); CHPYEARLYAVG, a row a year and book (QTYIN,
-// VALUEIN, QTYOUT, YEARNO, Book_Id). Not normalised.
+// a tree ItemCategory_Id. Its chapter CHPTRANS has its lines in walking order: KIND and SALE as
+// numbers of StockLine, BOOK_ID (1 before the period and 2 in it), YEARNO, QUANTITY, AMOUNT (the
+// quantity at the rate) and RATE. Not normalised.
 [[nodiscard]] std::string ComposeFifoLifo(const StockArguments& arguments,
                                           const DocumentFilter& filter);
 
