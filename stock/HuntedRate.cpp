@@ -3,23 +3,15 @@
 #include "movements/GroupQuery.h"
 #include "movements/RateQueries.h"
 #include "stock/GroupStatement.h"
+#include "stock/HuntedRateQuery.h"
 #include "stock/HuntedValues.h"
 #include "stock/ItemStatement.h"
-#include "stock/LastRateQuery.h"
-#include "stock/StandardRateQuery.h"
 
 namespace pstolvane1 {
 namespace {
 
-bool AtStandard(enmValuationMethod method) {
-  return method == standardrate || method == StandardPrice;
-}
-
 SourceQuery Keys(const modStolvane1& module, const StockArguments& arguments) {
-  return {Source::rsReport,
-          AtStandard(arguments.ValuationMethod) ? ComposeStandardRate(arguments, module.filter)
-                                                : ComposeLastRate(arguments, module.filter),
-          GroupSwap(arguments.tree)};
+  return {Source::rsReport, ComposeHuntedRate(arguments, module.filter), GroupSwap(arguments.tree)};
 }
 SourceQuery Standards(const modStolvane1& module, const StockArguments& arguments) {
   return {Source::Rs1, ComposeStandardRates(StandardRatesOf(arguments.ValuationMethod),
@@ -32,16 +24,16 @@ SourceQuery Actuals(const modStolvane1& module, const StockArguments& arguments)
 
 // The quantities of a key in five columns.
 struct QuantityColumns {
-  QuantityColumns(const Recordset& rows, std::string_view value_in_name,
-                  std::string_view value_out_name)
+  explicit QuantityColumns(const Recordset& rows)
       : opening(rows.Column("QtyOp")),
         in(rows.Column("QtyIn")),
-        value_in(rows.Column(value_in_name)),
+        value_in(rows.Column("ValueIn")),
         out(rows.Column("QtyOut")),
-        value_out(rows.Column(value_out_name)) {}
+        value_out(rows.Column("ValueOut")) {}
 
-  template <typename Row>
-  [[nodiscard]] KeyQuantities Read(const Row& row) const {
+  [[nodiscard]] KeyQuantities Read(const Recordset::Row& row) const {
+    // Each line of a key counts in one of them, and is 0 in the two others.
+    if (row.IsNull(opening) && row.IsNull(in) && row.IsNull(out)) return {};
     return {.opening = row.Double(opening),
             .closing = row.Double(opening) + row.Double(in) - row.Double(out),
             .inwards = {row.Single(in), row.Money(value_in)},
@@ -51,25 +43,15 @@ struct QuantityColumns {
   ColumnHandle opening, in, value_in, out, value_out;
 };
 
-// A key's quantities stand in its row, or in the one row of its chapter, which may be missing.
-KeyQuantities InRow(const Recordset& keys, const Recordset::Row& key) {
-  return QuantityColumns(keys, "QtyInValue", "QtyOutValue").Read(key);
-}
-KeyQuantities InChapter(const Recordset& keys, const Recordset::Row& key) {
-  const RecordsetPtr chapter = key.Chapter(keys.Column("CHPQTY"));
-  if (chapter->Eof()) return {};
-  return QuantityColumns(*chapter, "ValueIn", "ValueOut").Read(*chapter);
-}
-
 ValuedKeys ValueKeys(ReportFrame& frame) {
   const RecordsetPtr keys = frame.Rowset(Source::rsReport);
-  const auto quantities = AtStandard(frame.module.ValuationMethod) ? &InRow : &InChapter;
+  const QuantityColumns quantities(*keys);
   const auto values = std::make_shared<HuntedValues>(frame);
   const ColumnHandle item = keys->Column("Item_Id");
   const ColumnHandle godown = keys->Column("Godown_Id");
   const ColumnHandle batch = keys->Column("Batch_Id");
   return {.keys = keys, .value = [=](const Recordset::Row& key) {
-            return values->Value(quantities(*keys, key), key.Int64(item),
+            return values->Value(quantities.Read(key), key.Int64(item),
                                  {key.Int64(godown), key.Int64(batch)});
           }};
 }
