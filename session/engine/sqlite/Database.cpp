@@ -119,8 +119,8 @@ void Database::Configure() {
   sqlite3_limit(native, SQLITE_LIMIT_ATTACHED, 0);
   Execute("PRAGMA query_only = 1");
   Execute("PRAGMA cell_size_check = 1");
-  // A sort collects as many bytes before it orders them, and cannot be broken off while it does. More
-  // makes no statement faster.
+  // A sort collects as many bytes before it orders them, and cannot be broken off while it does.
+  // More makes no statement faster.
   Execute("PRAGMA cache_size = -8000");
   RegisterFunctions(native, function_error_);
   guard_.StandAt(native);
