@@ -1,8 +1,8 @@
 #include <optional>
 
 #include "analysis/Commission.h"
+#include "movements/HostItems.h"
 #include "session/RowLoop.h"
-#include "session/data/RowGroups.h"
 #include "session/rowset/ReportWriter.h"
 
 namespace pstolvane1 {
@@ -44,23 +44,13 @@ struct CommissionSums {
   }
 };
 
-class HostItems {
- public:
-  explicit HostItems(const Recordset& items)
-      : by_id_(items.GroupBy({"itemnew_id"})), name_(items.Column("itemname")) {}
-
-  // Error 3021 for an item that the host has left out.
-  [[nodiscard]] Variant NameOf(const Variant& item_id) const {
-    const RowGroups::Group rows = by_id_.Find({item_id});
-    if (!rows.Empty()) return rows.First()[name_];
-    throw Error(ErrorNumber::kNoCurrentRecord,
-                "recitem has no item " + (item_id.IsNull() ? "Null" : item_id.ToText()));
-  }
-
- private:
-  RowGroups by_id_;
-  ColumnHandle name_;
-};
+// Error 3021 for an item that the host has left out.
+Variant NameOf(const HostItems& items, const Variant& item_id) {
+  const std::optional<Recordset::Row> item = items.Find(item_id);
+  if (item) return (*item)[items.Name()];
+  throw Error(ErrorNumber::kNoCurrentRecord,
+              "recitem has no item " + (item_id.IsNull() ? "Null" : item_id.ToText()));
+}
 
 class Commissions {
  public:
@@ -68,7 +58,7 @@ class Commissions {
       : by_item_(arguments.reptype == rtCommission_Initial_Itemwise),
         detailed_(arguments.blnDetailed),
         all_(arguments.lngId1 == kAllCommission),
-        items_(*frame.Rowset(Source::rsItems)),
+        items_(frame),
         from_(source),
         writer_(kColumns, StyleOf(frame)) {}
 
@@ -78,7 +68,7 @@ class Commissions {
     if (group_id_ != id_text) {
       CloseGroup();
       group_id_ = id_text;
-      group_name_ = by_item_ ? items_.NameOf(id) : row[from_.parent];
+      group_name_ = by_item_ ? NameOf(items_, id) : row[from_.parent];
       sums_ = {};
       if (all_) AddGroup();
     }
@@ -123,7 +113,7 @@ class Commissions {
     if (row.IsNull(from_.item_id)) {
       writer_.Text(kColumns.At("Child_Id"), "-1");
     } else {
-      WriteItemName(items_.NameOf(row[from_.item_id]));
+      WriteItemName(NameOf(items_, row[from_.item_id]));
       writer_.Text(kColumns.At("Child_Id"), row[from_.item_id].ToText());
     }
     writer_.Text(kColumns.At("Parent_Id"), *group_id_);

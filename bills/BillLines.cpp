@@ -2,17 +2,16 @@
 
 namespace pstolvane1 {
 
-BillItems::BillItems(const ReportFrame& frame, const BillWiseArguments& arguments) {
-  if (!arguments.has_items) return;
-  items_ = frame.Rowset(Source::rsItems)->Clone(adLockUnspecified);
-  by_id_.emplace(*items_, std::initializer_list<std::string_view>{"Itemnew_id"});
-  name_ = items_->Column("itemname");
+std::optional<HostItems> ItemsOf(const ReportFrame& frame, const BillWiseArguments& arguments) {
+  if (!arguments.has_items) return std::nullopt;
+  return HostItems(frame);
 }
 
-Variant BillItems::NameOf(const Variant& item_id) const {
-  if (!by_id_) return Variant(Null);
-  const RowGroups::Group rows = by_id_->Find({item_id});
-  return rows.Empty() ? Variant(Null) : rows.First()[name_];
+Variant ItemName(const std::optional<HostItems>& items, const Recordset::Row& line,
+                 ColumnHandle item_id) {
+  if (!items) return Null;
+  const std::optional<Recordset::Row> item = items->Find(line, item_id);
+  return item ? (*item)[items->Name()] : Variant(Null);
 }
 
 Currency AmountOf(float quantity, Currency rate) {

@@ -5,24 +5,17 @@
 #include <string>
 
 #include "bills/BillWise.h"
-#include "session/data/RowGroups.h"
+#include "movements/HostItems.h"
 
 namespace pstolvane1 {
 
-// The items of the host, by Itemnew_id. All rows count, whatever the host has filtered.
-class BillItems {
- public:
-  // Without a rowset there are none. Error 3265 for one without Itemnew_id or itemname.
-  BillItems(const ReportFrame& frame, const BillWiseArguments& arguments);
-
-  // Null for an item that is not there.
-  [[nodiscard]] Variant NameOf(const Variant& item_id) const;
-
- private:
-  RecordsetPtr items_;
-  std::optional<RowGroups> by_id_;
-  ColumnHandle name_{};
-};
+// The items of the host; none where it gave no rowset. Error 3265 for one without Itemnew_id or
+// itemname.
+[[nodiscard]] std::optional<HostItems> ItemsOf(const ReportFrame& frame,
+                                               const BillWiseArguments& arguments);
+// The name of a line's item, Null for one that is not there.
+[[nodiscard]] Variant ItemName(const std::optional<HostItems>& items, const Recordset::Row& line,
+                               ColumnHandle item_id);
 
 // The columns of a receipt.
 struct ReceiptColumns {

@@ -20,8 +20,7 @@ struct BillWiseArguments {
   RowBuilder builder = nullptr;
 };
 
-// One row a line of the period's sale bills, by party, voucher, date and bill; lines of a bill that
-// are alike are one row. Amounts of bills are divided by the scale. Detailed, a shape command whose
+// One row a line of the period's sale bills, in no order. Amounts of bills are divided by the scale. Detailed, a shape command whose
 // chapters chsalereceiptbill and, in it, chreceiptbills hold the bill's entries and the receipts
 // against them.
 [[nodiscard]] std::string ComposeBillWiseQuery(const BillWiseArguments& arguments,

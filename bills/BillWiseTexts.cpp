@@ -58,13 +58,7 @@ std::string ComposeBillWiseQuery(const BillWiseArguments& arguments, const Docum
       "inner join ledgernames1 on ledgernames1.ledger_id = desr1.ledger_id "
       "where {filters}vouchertype1.relatedto = 10 and vouchertype1.vouchertype_id <> 43 "
       "and desrdetails1.desrdetdate {between} and desrdetails1.iswarranty = 0 "
-      "and desr1.date {between} and desr1.deleted = 0 "
-      "group by desrdetails1.desr_id , desrdetails1.item_id , desrdetails1.qtydespout , "
-      "desrdetails1.price , desr1.date , desr1.desrrefno , desr1.ledger_id , desr1.totalamount , "
-      "desr1.related_id , vouchertype1.vouchertype , ledgernames1.ledgername "
-      "order by ledgernames1.ledgername , desr1.related_id , desr1.date , desr1.ledger_id , "
-      "vouchertype1.vouchertype , desrdetails1.desr_id , desrdetails1.item_id , "
-      "desrdetails1.qtydespout , desrdetails1.price",
+      "and desr1.date {between} and desr1.deleted = 0",
       fmt::arg("scale", SingleText(arguments.sngScale)),
       fmt::arg("filters", FilterOfDocuments(filter, Vouchertype::kJoined).Conditions()),
       fmt::arg("between", between));

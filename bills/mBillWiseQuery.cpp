@@ -46,11 +46,14 @@ class BillReport {
   explicit BillReport(ReportFrame& frame)
       : frame_(frame),
         arguments_(frame.module.Kept<BillWiseArguments>()),
-        source_(frame.Rowset(Source::rsReport)),
-        items_(frame, arguments_),
+        source_(frame.Rowset(Source::rsReport)->Clone(adLockUnspecified)),
+        items_(ItemsOf(frame, arguments_)),
         writer_(kColumns, StyleOf(frame)) {}
 
   RecordsetPtr Write() {
+    // An engine would sort all cells of the rows.
+    source_->Sort(
+        "LedgerName, Voucher_Id, Date, Ledger_Id, VoucherType, Desr_Id, Item_Id, QtyOut, Rate");
     const Recordset::RowRange rows = source_->Rows();
     for (auto next = rows.begin(); next != rows.end();) {
       const auto first = next;
@@ -81,9 +84,20 @@ class BillReport {
       throw WhileWritingRow(error, frame_, bill);
     }
     int indent = 0;
+    std::optional<Recordset::Row> last;
     return ForEachSourceRow(frame_, *source_, rows, [&](const Recordset::Row& row) {
-      WriteItem(row, std::to_string(++indent));
+      if (!last || !AreAlike(*last, row)) WriteItem(row, std::to_string(++indent));
+      last = row;
     });
+  }
+
+  // Lines of a document that are alike count once.
+  [[nodiscard]] bool AreAlike(const Recordset::Row& a, const Recordset::Row& b) const {
+    const auto same = [&](ColumnHandle column) {
+      return a.IsNull(column) == b.IsNull(column) &&
+             (a.IsNull(column) || a.Double(column) == b.Double(column));
+    };
+    return same(document_) && same(item_) && same(quantity_) && same(rate_);
   }
 
   void WriteReceipts(const Recordset::Row& bill) {
@@ -119,7 +133,7 @@ class BillReport {
   void WriteItem(const Recordset::Row& row, const std::string& indent) {
     writer_.AddLine();
     WriteTwins(row);
-    writer_.Value(kColumns.Twinned("itemname"), items_.NameOf(row[item_]));
+    writer_.Value(kColumns.Twinned("itemname"), ItemName(items_, row, item_));
     Money(kColumns.Twinned("rate"), row, rate_);
     writer_.Copy(kColumns.At("QtySort"), row, quantity_);
     if (!row.IsNull(quantity_) && !row.IsNull(rate_)) {
@@ -153,7 +167,7 @@ class BillReport {
                      quantity_ = Column("QtyOut"), rate_ = Column("Rate");
   const ColumnHandle receipts_ =
       arguments_.blnDetailed ? Column("chSaleReceiptBill") : Target::kNone;
-  const BillItems items_;
+  const std::optional<HostItems> items_;
   ReportWriter writer_;
   Currency total_;
 };

@@ -44,7 +44,7 @@ class EntryReport {
       : frame_(frame),
         arguments_(frame.module.Kept<BillWiseArguments>()),
         source_(frame.Rowset(Source::rsReport)),
-        items_(frame, arguments_),
+        items_(ItemsOf(frame, arguments_)),
         writer_(kColumns, StyleOf(frame)) {}
 
   RecordsetPtr Write() {
@@ -78,7 +78,7 @@ class EntryReport {
     int indent = 0;
     for (const Recordset::Row line : lines->Rows()) {
       writer_.AddSubLine();
-      writer_.Value(kColumns.At("itemname"), items_.NameOf(line[item]));
+      writer_.Value(kColumns.At("itemname"), ItemName(items_, line, item));
       Money(kColumns.At("rate"), line, rate);
       if (!line.IsNull(quantity) && !line.IsNull(rate)) {
         writer_.Money(kColumns.At("Amount"), AmountOf(line.Single(quantity), line.Money(rate)));
@@ -120,7 +120,7 @@ class EntryReport {
                      amount_ = Column("AmountDr"), voucher_ = Column("Voucher_Id"),
                      document_ = Column("Desr_Id"), lines_ = Chapter("chSaleBill"),
                      receipts_ = Chapter("chSaleReceiptBill");
-  const BillItems items_;
+  const std::optional<HostItems> items_;
   ReportWriter writer_;
 };
 

@@ -4,6 +4,7 @@
 
 #include "monthly/MonthlyKeys.h"
 #include "monthly/MonthlyWriter.h"
+#include "session/data/RowFlag.h"
 #include "session/data/RowGroups.h"
 #include "session/mInternationalization.h"
 #include "valuation/MonthLayers.h"
@@ -27,8 +28,8 @@ class LineReader {
       lines_.push_back(
           {.quantity = row.IsNull(quantity_) ? 0 : row.Single(quantity_),
            .rate = row.IsNull(rate_) ? 0 : row.Double(rate_),
-           .added = !row.IsNull(added_) && row.Flag(added_),
-           .opening = !row.IsNull(opening_) && row.Flag(opening_),
+           .added = IsSet(row, added_),
+           .opening = IsSet(row, opening_),
            .year = row.IsNull(year_) ? 0 : row.Int32(year_),
            .date = row.IsNull(date_) ? std::nullopt : std::optional(row.DateOf(date_))});
     }

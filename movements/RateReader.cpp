@@ -1,5 +1,7 @@
 #include "movements/RateReader.h"
 
+#include "session/data/RowFlag.h"
+
 namespace pstolvane1 {
 namespace {
 
@@ -56,7 +58,7 @@ std::span<const ActualRate> ActualRateReader::Of(std::int64_t item_id) {
   for (const Recordset::Row row : by_item_.Find({item_id})) {
     rates_.push_back({.rate = RateAt(row, rate_),
                       .date = row.IsNull(date_) ? std::nullopt : std::optional(row.DateOf(date_)),
-                      .opening = !row.IsNull(opening_) && row.Flag(opening_),
+                      .opening = IsSet(row, opening_),
                       .added = AddedAt(row),
                       .godown_id = row.IsNull(godown_id_) ? 0 : row.Int64(godown_id_),
                       .batch_id = row.IsNull(batch_id_) ? 0 : row.Int64(batch_id_)});

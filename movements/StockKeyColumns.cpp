@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "session/data/Error.h"
+#include "session/data/RowFlag.h"
 
 namespace pstolvane1 {
 namespace {
@@ -57,8 +58,7 @@ StockUnits StockKeyColumns::Units(const Recordset::Row& row) const {
 std::string StockKeyColumns::GodownText(const Recordset::Row& row) const {
   std::string text;
   if (godown_) text = NameText(row, *godown_);
-  const bool has_batches =
-      maintain_batches_ && !row.IsNull(*maintain_batches_) && row.Flag(*maintain_batches_);
+  const bool has_batches = maintain_batches_ && IsSet(row, *maintain_batches_);
   if (has_batches && batch_) text.append("    ").append(NameText(row, *batch_));
   return text;
 }

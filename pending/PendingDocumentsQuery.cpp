@@ -90,7 +90,7 @@ std::string ComposePending(const PendingArguments& arguments) {
       "vhrtype.vouchertype , gid.gprefix , gid.grefno , gid.gsuffix , "
       "ledgernames1.ledgername as Ledgername , items1.itemname as Itemname , "
       "items1.maintainbatches , uom1.uomname , gid.rate , "
-      "godown1.godownname as Godownname , batches1.batchcode as Batchcode "
+      "godown1.godownname as Godownname , batches1.batchcode as Batchcode , gid.godownitem_id "
       "from ({}) as gid "
       "left join vouchertype1 as vhrtype on vhrtype.vouchertype_id = gid.vouchertype_id "
       "left join ledgernames1 on ledgernames1.ledger_id = gid.gledger_id "
@@ -98,9 +98,7 @@ std::string ComposePending(const PendingArguments& arguments) {
       "left join uom1 on uom1.uom_id = items1.uom_id "
       "left join godown1 on godown1.godown_id = gid.godown_id "
       "left join batches1 on batches1.batch_id = gid.batch_id "
-      "where isnull(items1.deleted, 0) = 0 and isnull(godown1.deleted, 0) = 0 "
-      "order by gid.goriginalvouchertype_id , gid.date , gid.gdesr_id , gid.desrdetails_id , "
-      "gid.godownitem_id",
+      "where isnull(items1.deleted, 0) = 0 and isnull(godown1.deleted, 0) = 0",
       conditions.executing, Movements(arguments, conditions.waiting));
 }
 

@@ -2,6 +2,7 @@
 
 #include "pending/FreeQuantity.h"
 #include "session/RowLoop.h"
+#include "session/data/RowFlag.h"
 #include "session/data/RowGroups.h"
 #include "session/rowset/ReportWriter.h"
 
@@ -54,11 +55,6 @@ struct Pass {
   std::string_view head;
 };
 constexpr Pass kPasses[] = {{0, "Inwards:"}, {1, "Outwards:"}};
-
-// Null is not set.
-bool IsSet(const Recordset::Row& row, ColumnHandle flag) {
-  return !row.IsNull(flag) && row.Flag(flag);
-}
 
 // The columns of a line's movements.
 struct Godowns {

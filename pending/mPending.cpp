@@ -4,6 +4,7 @@
 #include "pending/DocumentKinds.h"
 #include "pending/PendingDocuments.h"
 #include "session/RowLoop.h"
+#include "session/data/RowFlag.h"
 #include "session/rowset/ReportWriter.h"
 
 namespace pstolvane1 {
@@ -46,7 +47,8 @@ class PendingReport {
   explicit PendingReport(ReportFrame& frame)
       : frame_(frame),
         arguments_(frame.module.Kept<PendingArguments>()),
-        source_(frame.Rowset(Source::rsReport)),
+        source_(InOrder(frame, Source::rsReport,
+                        "goriginalvouchertype_id, date, desr_id, desrdetails_id, godownitem_id")),
         number_(*source_, "gPrefix", "gRefNo", "gSuffix"),
         writer_(kColumns, StyleOf(frame)) {}
 
@@ -171,9 +173,6 @@ class PendingReport {
             .executed = row.Single(executed_)};
   }
 
-  static bool IsSet(const Recordset::Row& row, ColumnHandle flag) {
-    return !row.IsNull(flag) && row.Flag(flag);
-  }
   [[nodiscard]] ColumnHandle Column(std::string_view name) const { return source_->Column(name); }
 
   ReportFrame& frame_;

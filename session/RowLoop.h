@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "session/ReportFrame.h"
 #include "session/data/RowGroups.h"
@@ -11,6 +12,11 @@ namespace pstolvane1 {
 
 // The session's locale, and the report's scale, date rule and number separator.
 [[nodiscard]] CellStyle StyleOf(ReportFrame& frame);
+
+// The source's rows in the order of some columns, "Column [DESC], ...", as a clone of its own. An
+// engine sorts all cells of its rows; here their numbers alone are sorted. Error 3265.
+[[nodiscard]] RecordsetPtr InOrder(const ReportFrame& frame, Source source,
+                                   std::string_view columns);
 
 // Tells of an error of a row builder: the report, and the row of its source, from 1.
 [[nodiscard]] Error WhileWritingRow(const Error& error, const ReportFrame& frame,

@@ -1,6 +1,7 @@
 #include "vehicle/BillList.h"
 
 #include "session/data/Error.h"
+#include "session/data/RowFlag.h"
 
 namespace pstolvane1 {
 
@@ -33,8 +34,7 @@ void BillList::AddBill(ReportWriter& writer, const Recordset::Row& row) {
   AddTo(total_, row[amount_], writer.Style());
   writer.Copy(to_.desr_id, row, desr_id_);
   writer.Copy(to_.voucher_id, row, voucher_id_);
-  const bool optional = !row.IsNull(optional_) && row.Flag(optional_);
-  writer.Text(to_.optional, optional ? "Opt" : "");
+  writer.Text(to_.optional, IsSet(row, optional_) ? "Opt" : "");
 }
 
 CellStyle PassingOverErrors(CellStyle style) {

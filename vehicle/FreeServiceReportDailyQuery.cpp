@@ -17,8 +17,7 @@ std::string ComposeFreeServiceReportDaily(const FreeServiceListArguments& argume
                          .Add(fmt::format("terms1.vehicle_id = {}", arguments.Vehicle_id))
                          .Conditions(),
        .from = arguments.dtFromDate,
-       .to = arguments.dtToDate,
-       .order = {}});
+       .to = arguments.dtToDate});
 }
 
 }  // namespace pstolvane1

@@ -1,7 +1,7 @@
 #include "vehicle/MechanicLabourReportDaily.h"
 
+#include "movements/HostItems.h"
 #include "session/Launch.h"
-#include "vehicle/HostItems.h"
 
 namespace pstolvane1 {
 

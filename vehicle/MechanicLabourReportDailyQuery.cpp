@@ -38,8 +38,7 @@ std::string ComposeMechanicLabourReportDaily(const LabourListArguments& argument
                               by_vehicle ? kVehicleName : ""),
        .conditions = bills.Conditions(),
        .from = arguments.dtFromDate,
-       .to = arguments.dtToDate,
-       .order = by_vehicle ? "vehiclename, " : ""});
+       .to = arguments.dtToDate});
 }
 
 }  // namespace pstolvane1

@@ -16,7 +16,7 @@ struct ServiceHistoryArguments {
   std::string strFilter;  // a whole clause on Terms1 with its own Where, or ""
 };
 
-// The service bills by registration and document: a row each, detailed one for each line.
+// The service bills in no order: a row each, detailed one for each line.
 // TotalAmount is divided by the scale.
 [[nodiscard]] std::string ComposeServiceReportRegno(const ServiceHistoryArguments& arguments);
 

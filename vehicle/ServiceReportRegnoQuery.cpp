@@ -14,16 +14,15 @@ std::string ComposeServiceReportRegno(const ServiceHistoryArguments& arguments) 
       "(Select desr_id, registrationnumber, chasisnumber, enginenumber, list1, list2, list3, "
       "list4, list5, list6, jobcardrefno, jobcardprefix, jobcardsuffix, isjobcard From Terms1  {}) "
       "as aaa inner join desr1 on desr1.desr_id = aaa.desr_id inner join vouchertype1 on "
-      "vouchertype1.vouchertype_id = desr1.vouchertype_id {}where {} and desr1.deleted = 0 "
-      "order by aaa.registrationnumber, aaa.desr_id{}",
+      "vouchertype1.vouchertype_id = desr1.vouchertype_id {}where {} and desr1.deleted = 0",
       SingleText(arguments.sngScale),
       detailed ? ", desrdetails1.item_id, desrdetails1.qtydespout as qty, desrdetails1.price, "
                  "desrdetails1.actualrate, desrdetails1.salestax, desrdetails1.discount, "
-                 "desrdetails1.iswarranty"
+                 "desrdetails1.iswarranty, desrdetails1.desrdetails_id"
                : "",
       arguments.strFilter,
       detailed ? "inner join desrdetails1 on desrdetails1.desr_id = aaa.desr_id " : "",
-      IsOfKind(BillKind::kServiceBill), detailed ? ", desrdetails1.desrdetails_id" : "");
+      IsOfKind(BillKind::kServiceBill));
 }
 
 }  // namespace pstolvane1

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "session/QueryText.h"
+#include "session/RowLoop.h"
 #include "vehicle/Bills.h"
 
 namespace pstolvane1 {
@@ -18,14 +19,22 @@ std::string ComposeWorkshopBills(const WorkshopBillQuery& query) {
       "desr1.prefix, desr1.desrrefno as refno, desr1.suffix, vouchertype1.vouchertype, "
       "terms1.despatchto as buyername, terms1.registrationnumber, terms1.servicetype, "
       "desr1.totalamount/{} as totalbill, mechanicname.mechanicname{}{}{}"
-      "left join mechanicname on mechanicname.mechanic_id = terms1.mechanic_id {}where {}{} "
-      "order by {}desr1.date, terms1.registrationnumber, desr1.desr_id{}",
+      "left join mechanicname on mechanicname.mechanic_id = terms1.mechanic_id {}where {}{}",
       SingleText(query.sngScale), query.columns,
-      query.detailed ? ", desrdetails1.item_id, desrdetails1.qtydespout, desrdetails1.price" : "",
+      query.detailed ? ", desrdetails1.item_id, desrdetails1.qtydespout, desrdetails1.price, "
+                       "desrdetails1.desrdetails_id"
+                     : "",
       kBillsOfTerms,
       query.detailed ? "inner join desrdetails1 on desrdetails1.desr_id = desr1.desr_id " : "",
-      query.conditions, BilledBetween(query.from, query.to), query.order,
-      query.detailed ? ", desrdetails1.desrdetails_id" : "");
+      query.conditions, BilledBetween(query.from, query.to));
+}
+
+RecordsetPtr WorkshopBillsInOrder(const ReportFrame& frame, bool detailed, std::string_view first) {
+  std::string order(first);
+  if (!first.empty()) order += ", ";
+  order += "date, registrationnumber, desr_id";
+  if (detailed) order += ", desrdetails_id";
+  return InOrder(frame, Source::rsReport, order);
 }
 
 WorkshopBills::WorkshopBills(ReportFrame& frame, const Recordset& source, ReportWriter& writer,

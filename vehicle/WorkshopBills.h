@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "movements/HostItems.h"
 #include "vehicle/BillList.h"
-#include "vehicle/HostItems.h"
 
 namespace pstolvane1 {
 
@@ -14,10 +14,13 @@ struct WorkshopBillQuery {
   std::string columns;     // further ones, each with a comma in front
   std::string conditions;  // each with " and " behind
   Date from, to;
-  std::string order;  // in front of day and registration, with a comma behind, or ""
 };
-// The bills by day, registration and document, and their lines as they were entered.
+// The bills, or their lines, in no order.
 [[nodiscard]] std::string ComposeWorkshopBills(const WorkshopBillQuery& query);
+// Such rows in rsReport by day, registration and document, and the lines of a bill as they were
+// entered. first is a column that goes before the day, or "".
+[[nodiscard]] RecordsetPtr WorkshopBillsInOrder(const ReportFrame& frame, bool detailed,
+                                                std::string_view first = "");
 
 inline constexpr ReportLayout kWorkshopBillLayout = {
     Display("Date"),

@@ -1,9 +1,9 @@
 #include <optional>
 
+#include "movements/HostItems.h"
 #include "session/RowLoop.h"
 #include "session/rowset/ReportWriter.h"
 #include "vehicle/BuyerReport.h"
-#include "vehicle/HostItems.h"
 
 namespace pstolvane1 {
 namespace {

@@ -1,10 +1,10 @@
 #include <optional>
 
+#include "movements/HostItems.h"
 #include "session/RowLoop.h"
 #include "session/rowset/DisplayText.h"
 #include "session/rowset/ReportWriter.h"
 #include "vehicle/ClaimReport.h"
-#include "vehicle/HostItems.h"
 
 namespace pstolvane1 {
 namespace {

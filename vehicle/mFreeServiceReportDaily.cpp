@@ -6,7 +6,7 @@ namespace pstolvane1 {
 
 RecordsetPtr mFreeServiceReportDaily(ReportFrame& frame) {
   const auto arguments = frame.module.Kept<FreeServiceListArguments>();
-  const RecordsetPtr source = frame.Rowset(Source::rsReport);
+  const RecordsetPtr source = WorkshopBillsInOrder(frame, arguments.blnDetailed);
   ReportWriter writer(kWorkshopBillLayout, StyleOf(frame));
   WorkshopBills bills(frame, *source, writer, arguments.blnDetailed);
   ForEachSourceRow(

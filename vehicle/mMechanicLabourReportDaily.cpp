@@ -64,7 +64,9 @@ class Labour {
 
 RecordsetPtr mMechanicLabourReportDaily(ReportFrame& frame) {
   const auto arguments = frame.module.Kept<LabourListArguments>();
-  const RecordsetPtr source = frame.Rowset(Source::rsReport);
+  const bool by_vehicle = arguments.btTypeOfReport == kByVehicle;
+  const RecordsetPtr source =
+      WorkshopBillsInOrder(frame, arguments.blnDetailed, by_vehicle ? "vehiclename" : "");
   Labour labour(frame, *source, arguments);
   ForEachSourceRow(
       frame, *source, [&](const Recordset::Row& row) { labour.Write(row); }, 40);

@@ -2,9 +2,10 @@
 #include <cmath>
 #include <optional>
 
+#include "movements/HostItems.h"
 #include "session/RowLoop.h"
+#include "session/data/RowFlag.h"
 #include "session/rowset/ReportWriter.h"
-#include "vehicle/HostItems.h"
 #include "vehicle/ServiceReportRegno.h"
 
 namespace pstolvane1 {
@@ -47,10 +48,6 @@ constexpr ReportLayout kColumns = {
 
 // The column Format tells a host how to lay a line out.
 constexpr std::string_view kVehicle = "1", kBill = "2", kItem = "3", kComplaints = "4";
-
-bool IsSet(const Recordset::Row& row, ColumnHandle flag) {
-  return !row.IsNull(flag) && row.Flag(flag);
-}
 
 std::string TextOrNone(const Recordset::Row& row, ColumnHandle column) {
   return row.IsNull(column) ? std::string() : row[column].ToText();
@@ -213,7 +210,10 @@ class History {
 
 RecordsetPtr mServiceReportRegno(ReportFrame& frame) {
   const auto arguments = frame.module.Kept<ServiceHistoryArguments>();
-  const RecordsetPtr source = frame.Rowset(Source::rsReport);
+  const RecordsetPtr source =
+      InOrder(frame, Source::rsReport,
+              arguments.blnDetailed ? "registrationnumber, desr_id, desrdetails_id"
+                                    : "registrationnumber, desr_id");
   History history(frame, *source, arguments.blnDetailed);
   ForEachSourceRow(frame, *source, [&](const Recordset::Row& row) { history.Write(row); });
   return history.Finish();

@@ -1,9 +1,9 @@
 #include <optional>
 
+#include "movements/HostItems.h"
 #include "session/RowLoop.h"
 #include "session/data/RowGroups.h"
 #include "session/rowset/ReportWriter.h"
-#include "vehicle/HostItems.h"
 #include "vehicle/ServiceTax.h"
 
 namespace pstolvane1 {

@@ -18,6 +18,7 @@ class HostItems {
   // The first row of the item that a line names; none for an item that the host left out.
   [[nodiscard]] std::optional<Recordset::Row> Find(const Recordset::Row& line,
                                                    ColumnHandle item_id) const;
+  [[nodiscard]] std::optional<Recordset::Row> Find(const Variant& item_id) const;
   // A further column of the rowset. Error 3265.
   [[nodiscard]] ColumnHandle Column(std::string_view name) const { return items_->Column(name); }
   [[nodiscard]] ColumnHandle Name() const { return name_; }

@@ -1,4 +1,4 @@
-#include "vehicle/HostItems.h"
+#include "movements/HostItems.h"
 
 #include "session/data/Error.h"
 
@@ -7,6 +7,11 @@ namespace {
 
 RecordsetPtr AllItems(const ReportFrame& frame) {
   return frame.Rowset(Source::rsItems)->Clone(adLockUnspecified);
+}
+
+std::optional<Recordset::Row> FirstOf(const RowGroups::Group& rows) {
+  if (rows.Empty()) return std::nullopt;
+  return rows.First();
 }
 
 }  // namespace
@@ -18,9 +23,11 @@ HostItems::HostItems(const ReportFrame& frame)
 
 std::optional<Recordset::Row> HostItems::Find(const Recordset::Row& line,
                                               ColumnHandle item_id) const {
-  const RowGroups::Group rows = by_id_.Find(line, {item_id});
-  if (rows.Empty()) return std::nullopt;
-  return rows.First();
+  return FirstOf(by_id_.Find(line, {item_id}));
+}
+
+std::optional<Recordset::Row> HostItems::Find(const Variant& item_id) const {
+  return FirstOf(by_id_.Find({item_id}));
 }
 
 void UseItems(ReportFrame& frame, const RecordsetPtr& items, bool blnDetailed) {
