@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "movements/QueryFilter.h"
 #include "session/QueryText.h"
 #include "session/mInternationalization.h"
 
@@ -26,11 +27,7 @@ MovementQuantities QuantitiesOf(MovementSide side) {
 }
 
 std::string FilterOfAnalysis(const DocumentFilter& filter) {
-  std::string join, documents, vouchers, movements;
-  std::string text = BuildVouchertypeFilter(filter, 1, join, 2);
-  text += BuildOptionalFilter(filter, 3, 2);
-  BuildSubgroupFilter(filter, false, documents, vouchers, "", 2, movements);
-  return text + documents;
+  return FilterOfDocuments(filter, Vouchertype::kJoined).Conditions();
 }
 
 std::string_view DocumentsOf(MovementSide side) {

@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include "session/QueryText.h"
+#include "vehicle/Bills.h"
 #include "vehicle/BuyerReport.h"
 
 namespace pstolvane1 {
@@ -8,21 +9,19 @@ namespace {
 
 // SetFilter's condition beats the caller's list, and that the vehicle sales. The list stands
 // without parentheses, so that what follows binds to its last code alone; that is meant.
-std::string VoucherClause(const BuyerArguments& arguments, const DocumentFilter& filter) {
-  std::string join;
-  const std::string filtered = BuildVouchertypeFilter(filter, 1, join, 2);
-  if (!filtered.empty()) return filtered;
-  if (arguments.sVouchertype_id.empty()) return " vouchertype1.subrelatedto = 10  and ";
-  return " vouchertype1.subrelatedto =  " +
-         ReplaceAll(arguments.sVouchertype_id, ",", " Or Vouchertype1.Subrelatedto  = ") + " and";
+std::string KindsOf(const BuyerArguments& arguments, const DocumentFilter& filter) {
+  if (arguments.sVouchertype_id.empty() || !filter.strVouchertypeFilter.empty()) {
+    return VouchertypeOrKind(filter, BillKind::kVehicleSale);
+  }
+  return "vouchertype1.subrelatedto = " +
+         ReplaceAll(arguments.sVouchertype_id, ",", " or vouchertype1.subrelatedto = ");
 }
 
 std::string Conditions(const BuyerArguments& arguments, const DocumentFilter& filter) {
-  std::string documents, vouchers, movements;
-  BuildSubgroupFilter(filter, false, documents, vouchers, "", 2, movements);
-  return fmt::format("{}{}{} desr1.deleted=0 and desr1.Date Between #{}# and #{}# ",
-                     BuildOptionalFilter(filter, 3, 2), VoucherClause(arguments, filter), documents,
-                     SqlDateText(arguments.dtFromDate), SqlDateText(arguments.dtToDate));
+  QueryFilter bills({FilterTable::kDocuments}, Undated::kDropped, Vouchertype::kJoined);
+  bills.AddOptional(filter).AddVouchertype(KindsOf(arguments, filter)).AddParties(filter);
+  return fmt::format("{}desr1.deleted = 0 and {} ", bills.Conditions(),
+                     BilledBetween(arguments.dtFromDate, arguments.dtToDate));
 }
 
 }  // namespace

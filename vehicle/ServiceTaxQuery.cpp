@@ -1,17 +1,18 @@
 #include <fmt/format.h>
 
 #include "session/QueryText.h"
+#include "vehicle/Bills.h"
 #include "vehicle/ServiceTax.h"
 
 namespace pstolvane1 {
 namespace {
 
 std::string Conditions(const DocumentFilter& filter) {
-  std::string join, documents, vouchers, movements;
-  std::string text = BuildVouchertypeFilter(filter, 1, join, 2);
-  if (text.empty()) text = " vouchertype1.subrelatedto = 39  and ";
-  BuildSubgroupFilter(filter, false, documents, vouchers, "", 2, movements);
-  return text + documents + BuildOptionalFilter(filter, 3, 2) + " VoucherType1.SubRelatedto=39 ";
+  QueryFilter bills({FilterTable::kDocuments}, Undated::kDropped, Vouchertype::kJoined);
+  bills.AddVouchertype(VouchertypeOrKind(filter, BillKind::kServiceBill))
+      .AddParties(filter)
+      .AddOptional(filter);
+  return bills.Conditions() + IsOfKind(BillKind::kServiceBill);
 }
 
 }  // namespace
