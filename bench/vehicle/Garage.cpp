@@ -2,18 +2,12 @@
 
 #include <fmt/format.h>
 
+#include "../Numbers.h"
 #include "session/books/BooksFile.h"
 #include "session/books/Writer.h"
 
 namespace pstolvane1::bench {
 namespace {
-
-// The numbers from 1 to count as n.
-std::string Numbers(std::int64_t count) {
-  return fmt::format(
-      "WITH RECURSIVE numbers(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM numbers WHERE n < {}) ",
-      count);
-}
 
 void FillMasters(books::Writer& writer) {
   writer.Execute(
@@ -73,7 +67,54 @@ void FillBills(books::Writer& writer, std::int64_t first, std::int64_t count, in
           first * 4, first, lines, type == 10 ? 1 : 101));
 }
 
+// A purchase bill for each ten vehicles, and behind them the sale of each.
+void FillTrade(books::Writer& writer, std::int64_t vehicles) {
+  const std::int64_t purchases = vehicles / 10 + 1;
+  writer.Execute("INSERT INTO Vouchertype1 VALUES (7,'Purchase Bill',7,7)");
+  writer.Execute(Numbers(vehicles) +
+                 "INSERT INTO Batches1 (Batch_id, BatchCode, Item_id, Color_id, DateOfPurchase, "
+                 "EngineNo) SELECT n, printf('MB8A%08d', n * 7919 % 100000000), 1 + n % 12, "
+                 "1 + n % 8, '2003-05-01', printf('E%09d', n) FROM numbers");
+  writer.Execute(
+      Numbers(purchases + vehicles) +
+      fmt::format("INSERT INTO Desr1 (Desr_id, Date, Vouchertype_id, Ledger_id, Prefix, "
+                  "DesrRefno, Suffix, Related_id, TotalAmount, Optional, Deleted, YearNo) "
+                  "SELECT n, date('2003-04-01', (n % 366) || ' days'), CASE WHEN n <= {0} "
+                  "THEN 7 ELSE 10 END, 1 + n % 1000, 'B', n, '', n, 40000, 0, 0, 1 FROM numbers",
+                  purchases));
+  writer.Execute(Numbers(vehicles) +
+                 fmt::format("INSERT INTO Terms1 (DesrTerms_id, Desr_id, DespatchTo) "
+                             "SELECT n, {} + n, 'Buyer ' || n FROM numbers",
+                             purchases));
+  writer.Execute(
+      Numbers(2 * vehicles) +
+      fmt::format(
+          "INSERT INTO GodownItem1 (GodownItem_id, Date, YearNo, Item_id, Godown_id, Batch_id, "
+          "Qty, Rate, IsAdded, IsOpeningBal, Optional, GDesr_id, GOriginalVouchertype_id, "
+          "GLedger_id, GPrefix, GRefNo, GSuffix) SELECT n, Date, 1, 1 + vehicle % 12, 1, vehicle, "
+          "1, 40000, n % 2, 0, 0, Desr_id, Vouchertype_id, Ledger_id, Prefix, DesrRefno, Suffix "
+          "FROM (SELECT n, (n + 1) / 2 AS vehicle, CASE WHEN n % 2 THEN 1 + (n + 1) / 2 / 10 "
+          "ELSE {} + (n + 1) / 2 END AS document FROM numbers) "
+          "INNER JOIN Desr1 ON Desr_id = document",
+          purchases));
+  writer.Execute(
+      "INSERT INTO BillByBill1 (BillByBill_id, CrVoucher_id, Ledger_id, YearNo) "
+      "SELECT Desr_id, Desr_id, Ledger_id, 1 FROM Desr1 WHERE Vouchertype_id = 10");
+  writer.Execute(
+      "INSERT INTO BillByBillDetails1 (BillByBillDetails_id, BillByBill_id, Voucher_id, "
+      "Vouchertype_id, Date, AmountDr, AmountCr) "
+      "SELECT Desr_id, Desr_id, Desr_id, 10, Date, TotalAmount, TotalAmount / 2 FROM Desr1 "
+      "WHERE Vouchertype_id = 10");
+}
+
 }  // namespace
+
+void MakeShowroom(const std::string& path, std::int64_t movements) {
+  books::MakeBooks(path, [&](books::Writer& writer) {
+    FillMasters(writer);
+    FillTrade(writer, movements / 2);
+  });
+}
 
 void MakeGarage(const std::string& path, std::int64_t bills) {
   books::MakeBooks(path, [&](books::Writer& writer) {

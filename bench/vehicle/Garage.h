@@ -11,4 +11,8 @@ namespace pstolvane1::bench {
 // four bills. A bill in 50 has a warranty line, and a third have complaints.
 void MakeGarage(const std::string& path, std::int64_t bills);
 
+// So many movements of vehicles, a purchase and a sale of each, ten vehicles to a purchase bill and
+// one to a sale, which is paid in half.
+void MakeShowroom(const std::string& path, std::int64_t movements);
+
 }  // namespace pstolvane1::bench

@@ -1,23 +1,12 @@
-// What the reports of a workshop cost, beside the cheapest statement that one would write by hand
-// for their figures.
-//
-//   bench_vehicle [BILLS [ROUNDS [REPORT]]]      100000 bills, 3 rounds and all reports if not
-//   given
-//
-// Both run in turns in one call on the same books. A statement by hand has the bare engine's own
-// operators: it compares texts as they are and divides no money.
-
-#include <algorithm>
-#include <cstdio>
-#include <filesystem>
+// What the reports of a workshop cost: bench_vehicle [BILLS [ROUNDS [REPORT]]], or bench_vehicle
+// search [MOVEMENTS [ROUNDS [REPORT]]] for what finds a vehicle.
+#include <chrono>
 #include <fmt/format.h>
-#include <functional>
-#include <string>
-#include <vector>
+#include <string_view>
 
-#include "../BareEngine.h"
+#include "../Contest.h"
 #include "Garage.h"
-#include "session/clsStolvane1.h"
+#include "session/data/MessageLoop.h"
 
 namespace {
 
@@ -33,19 +22,13 @@ constexpr const char* kBills =
     "v.Vouchertype_id = d.Vouchertype_id ";
 constexpr const char* kLines = " JOIN DesrDetails1 l ON l.Desr_id = d.Desr_id ";
 
-struct Contest {
-  std::string name;
-  std::function<RecordsetPtr(clsStolvane1&)> report;
-  std::string by_hand;
-};
-
 std::string Bills(const std::string& columns, const std::string& more, int kind,
                   const std::string& condition, const std::string& order) {
   return fmt::format("SELECT {}{}{} WHERE v.SubRelatedTo = {} {}{} {}", columns, kBills, more, kind,
                      kOfTheYear, condition, order);
 }
 
-std::vector<Contest> Contests(const RecordsetPtr& items) {
+std::vector<Contest> Reports(const RecordsetPtr& items) {
   const std::string document =
       "d.Desr_id, d.Date, d.Related_id, d.Optional, d.Prefix, d.DesrRefno, d.Suffix, "
       "d.TotalAmount, v.Vouchertype, t.DespatchTo, t.RegistrationNumber";
@@ -152,46 +135,53 @@ std::vector<Contest> Contests(const RecordsetPtr& items) {
   };
 }
 
-void Run(std::int64_t bills, int rounds, const std::string& only) {
-  std::string folder = (std::filesystem::temp_directory_path() / "bench_vehicle_XXXXXX").string();
-  if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  const std::string path = folder + "/books.db";
-  MakeGarage(path, bills);
+// A search is always fetched in the background.
+RecordsetPtr Found(clsStolvane1& session, std::string_view criteria) {
+  RecordsetPtr found;
+  session.FetchComplete = [&](const RecordsetPtr& rowset, std::int32_t) { found = rowset; };
+  session.AutoSearch(rtAutoSearch, 1, kFrom, kTo, criteria, False, 1, {}, 0, {},
+                     "Vouchertype1.Relatedto in (7,10)");
+  while (!found) WaitForEvents(std::chrono::milliseconds(50));
+  session.FetchComplete = nullptr;
+  return found;
+}
 
-  clsStolvane1 session;
-  session.SetConnection("", "", path, False);
-  session.SetLocale("en_IN");
-  const RecordsetPtr items = Recordset::New();
-  items->Open("select item_id as itemnew_id, itemname, itempartno, 'Nos' as uomname from items1",
-              session.GetConnectionObject());
-  BareEngine bare(path);
-  fmt::print("{} bills, best of {} rounds, in seconds; ratio is report to floor\n", bills, rounds);
-  fmt::print("{:<30}{:>12}{:>10}{:>9}{:>9}{:>7}\n", "report", "source rows", "lines", "floor",
-             "report", "ratio");
-  for (const Contest& contest : Contests(items)) {
-    if (!only.empty() && contest.name != only) continue;
-    double floor = 1e9, report = 1e9;
-    std::int64_t rows = 0;
-    RecordsetPtr written;
-    for (int round = 0; round < rounds; ++round) {
-      floor = std::min(floor, SecondsOf([&] { rows = bare.Step(contest.by_hand); }));
-      report = std::min(report, SecondsOf([&] { written = contest.report(session); }));
-    }
-    fmt::print("{:<30}{:>12}{:>10}{:>9.3f}{:>9.3f}{:>7.2f}\n", contest.name, rows,
-               written->RecordCount(), floor, report, report / floor);
-  }
-  std::filesystem::remove_all(folder);
+Contest Search(const char* name, const std::string& condition) {
+  return {name, [=](clsStolvane1& session) { return Found(session, "And Batches1." + condition); },
+          fmt::format(
+              "SELECT b.*, t.DespatchTo, d.*, m.GOriginalVouchertype_id, p.GPrefix, p.GRefNo, "
+              "p.GSuffix, p.GDesr_id, p.Date, (SELECT sum(x.AmountDr - x.AmountCr) FROM "
+              "BillByBill1 y JOIN BillByBillDetails1 x ON x.BillByBill_id = y.BillByBill_id WHERE "
+              "y.CrVoucher_id = d.Related_id) FROM (SELECT * FROM Batches1 WHERE {}) b "
+              "CROSS JOIN GodownItem1 m ON m.Batch_id = b.Batch_id AND m.Optional = 0 AND "
+              "m.GOriginalVouchertype_id IN (0, 10, 7) LEFT JOIN GodownItem1 p ON p.Batch_id = "
+              "b.Batch_id AND p.GOriginalVouchertype_id = 7 LEFT JOIN Desr1 d ON d.Desr_id = "
+              "m.GDesr_id LEFT JOIN Terms1 t ON t.Desr_id = d.Desr_id ORDER BY d.Prefix, "
+              "d.DesrRefno, d.Suffix, m.GodownItem_id",
+              condition)};
+}
+
+std::vector<Contest> Searches(const RecordsetPtr& /*items*/) {
+  return {Search("AutoSearch by a fragment of the chassis", "BatchCode LIKE '%12345%'"),
+          Search("AutoSearch by a fragment of the engine", "EngineNo LIKE '%12345%'"),
+          Search("AutoSearch by the whole number", "BatchCode = 'MB8A00791900'")};
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-  try {
-    Run(count > 1 ? std::atoll(arguments[1]) : 100'000, count > 2 ? std::atoi(arguments[2]) : 3,
-        count > 3 ? arguments[3] : "");
-    return 0;
-  } catch (const std::exception& error) {
-    fmt::print(stderr, "bench_vehicle: {}\n", error.what());
-    return 1;
+  if (count > 1 && std::string_view(arguments[1]) == "search") {
+    return RunContests({.program = "bench_vehicle",
+                        .unit = "movements of vehicles",
+                        .size = 1'000'000,
+                        .make_books = &MakeShowroom,
+                        .all = &Searches},
+                       count - 1, arguments + 1);
   }
+  return RunContests({.program = "bench_vehicle",
+                      .unit = "bills",
+                      .size = 100'000,
+                      .make_books = &MakeGarage,
+                      .all = &Reports},
+                     count, arguments);
 }
