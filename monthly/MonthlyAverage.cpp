@@ -11,8 +11,6 @@
 namespace pstolvane1 {
 namespace {
 
-constexpr std::string_view kKey =
-    "godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id";
 constexpr std::int32_t kPeriodBook = 2;
 
 class BalanceReader {
@@ -25,8 +23,11 @@ class BalanceReader {
         value_(rows.Column("ValueIn")),
         openings_(rows.Column("OpQtyForCal")) {}
 
-  void AddTo(MonthAverage& average, std::int64_t item_id, const GodownBatch& key) const {
-    for (const Recordset::Row row : by_key_.Find({item_id, key.godown_id, key.batch_id})) {
+  [[nodiscard]] const RowGroups& ByKey() const { return by_key_; }
+
+  void AddTo(MonthAverage& average, const StockKey& key) const {
+    for (const Recordset::Row row :
+         by_key_.Find({key.item_id, key.place.godown_id, key.place.batch_id})) {
       average.AddYear({.year = row.Int32(year_),
                        .balance = row.Single(balance_),
                        .entering = row.Double(entering_),
@@ -53,11 +54,14 @@ class MovementReader {
         out_(rows.Column("QtyOut")),
         value_out_(rows.Column("QtyOutValue")) {}
 
+  [[nodiscard]] const RowGroups& ByKey() const { return by_key_; }
+
   // The months' figures, none before the period; the others go into the average.
-  [[nodiscard]] std::vector<std::pair<std::int32_t, MonthFigures>> Read(
-      MonthAverage& average, std::int64_t item_id, const GodownBatch& key) const {
+  [[nodiscard]] std::vector<std::pair<std::int32_t, MonthFigures>> Read(MonthAverage& average,
+                                                                        const StockKey& key) const {
     std::vector<std::pair<std::int32_t, MonthFigures>> months;
-    for (const Recordset::Row row : by_key_.Find({item_id, key.godown_id, key.batch_id})) {
+    for (const Recordset::Row row :
+         by_key_.Find({key.item_id, key.place.godown_id, key.place.batch_id})) {
       const StockFigure inwards{row.Single(in_), row.Money(value_in_)};
       const StockFigure outwards{row.Single(out_), row.Money(value_out_)};
       if (row.Int32(book_) == kPeriodBook) {
@@ -87,10 +91,17 @@ class AverageLedger {
     ledger_.months.resize(months_.size());
   }
 
-  void Add(std::int64_t item_id, const GodownBatch& key) {
-    MonthAverage average(costs_.Of(item_id));
-    balances_.AddTo(average, item_id, key);
-    const auto moved = movements_.Read(average, item_id, key);
+  void AddAll() {
+    for (const StockKey& key : StockKeysOf({&balances_.ByKey(), &movements_.ByKey()})) Add(key);
+  }
+
+  [[nodiscard]] const MonthLedger& Ledger() const { return ledger_; }
+
+ private:
+  void Add(const StockKey& key) {
+    MonthAverage average(costs_.Of(key.item_id));
+    balances_.AddTo(average, key);
+    const auto moved = movements_.Read(average, key);
     ledger_.opening += average.Position();
     ledger_.opening.value += average.UnpricedOpening(period_.from);
     auto next = moved.begin();
@@ -106,9 +117,6 @@ class AverageLedger {
     }
   }
 
-  [[nodiscard]] const MonthLedger& Ledger() const { return ledger_; }
-
- private:
   StockPeriod period_;
   std::vector<CalendarMonth> months_;
   BalanceReader balances_;
@@ -142,12 +150,12 @@ std::string ComposeMonthlyBalances(const MonthlyArguments& arguments, Date dtBoo
       "godownitem1.qty ELSE -godownitem1.qty END ) as qtybal , sum ( {1} ) as qtyin , sum ( ( {1} "
       ") * godownitem1.rate ) as valuein , sum ( CASE WHEN godownitem1.isopeningbal = -1 THEN CASE "
       "WHEN isadded = true THEN godownitem1.qty ELSE -godownitem1.qty END END ) as opqtyforcal "
-      "from godownitem1{2} where godownitem1.optional = 0 and godownitem1.yearno <= {3} and {4} "
+      "from godownitem1{2}{8} where godownitem1.optional = 0 and {9} <= {3} and {4} "
       "and ( godownitem1.date <{5} #{6}# or godownitem1.date is null ) {7}group by {0} , "
       "godownitem1.yearno order by {0} , godownitem1.yearno ",
-      kKey, kEntering, subject.joins, arguments.bytYearno, subject.condition, first_year,
+      kStockKey, kEntering, subject.joins, arguments.bytYearno, subject.condition, first_year,
       SqlDateText(dtBooksFrom),
-      arguments.bytYearno == 1 ? "and godownitem1.isopeningbal = true " : "");
+      arguments.bytYearno == 1 ? "and godownitem1.isopeningbal = true " : "", kUnitJoins, kYear);
 }
 
 std::string ComposeMonthlyMovements(const MonthlyArguments& arguments, Date dtBooksFrom) {
@@ -162,34 +170,31 @@ std::string ComposeMonthlyMovements(const MonthlyArguments& arguments, Date dtBo
   constexpr std::string_view kValue = "godownitem1.qty * godownitem1.rate";
   return fmt::format(
       "select {0} , {1} as book_id , {2} as inc_id , {3} as qtyin , {4} as qtyinvalue , {5} as "
-      "qtyout , {6} as qtyoutvalue from godownitem1{7} where {8} and godownitem1.yearno = {9} and "
+      "qtyout , {6} as qtyoutvalue from godownitem1{7}{13} where {8} and {14} = {9} and "
       "godownitem1.isopeningbal = 0 and godownitem1.optional = 0 and ( ( godownitem1.date >= "
       "#{10}# and godownitem1.date < #{11}# ) or ( godownitem1.date >= #{11}# and godownitem1.date "
       "<= #{12}# ) ) group by {0} , {1} , {2} order by {0} , {1} , {2} ",
-      kKey, book, month, sum("true", kQuantity), sum("true", kValue), sum("false", kQuantity),
+      kStockKey, book, month, sum("true", kQuantity), sum("true", kValue), sum("false", kQuantity),
       sum("false", kValue), subject.joins, subject.condition, arguments.bytYearno,
-      SqlDateText(dtBooksFrom), from, SqlDateText(arguments.dtToDate));
+      SqlDateText(dtBooksFrom), from, SqlDateText(arguments.dtToDate), kUnitJoins, kYear);
 }
 
 SourceQueries Monthly_Avg(const modStolvane1& module, const MonthlyArguments& arguments) {
   return {{Source::rsReport, ComposeMonthlyBalances(arguments, module.dtBooksFrom)},
-          {Source::rsItems, ComposeMonthlyKeys(arguments)},
+          {Source::rsItems, ComposeMonthlyItems(arguments)},
           {Source::Rs1, ComposeMonthlyMovements(arguments, module.dtBooksFrom)},
           {Source::Rs2, ComposeMonthlyStandards(arguments, StandardRates::kCosts)}};
 }
 
 RecordsetPtr mMonthly_Avg(ReportFrame& frame) {
   const auto arguments = frame.module.Kept<MonthlyArguments>();
-  const RecordsetPtr keys = frame.Rowset(Source::rsItems);
-  const MonthlyKeyColumns columns(*keys);
+  const RecordsetPtr items = frame.Rowset(Source::rsItems);
   AverageLedger average(frame, arguments);
-  for (const Recordset::Row row : keys->Rows()) {
-    average.Add(row.Int64(columns.item_id), columns.Key(row));
-  }
+  average.AddAll();
   MonthLedger ledger = average.Ledger();
   ledger.months.resize(WalkMonths(frame, ledger.months.size()));
   return WriteMonthLedger(frame, arguments, ledger,
-                          {.units = ReadMonthlyUnits(arguments, *keys),
+                          {.units = ReadMonthlyUnits(arguments, *items),
                            .alt_columns = arguments.blnAltUom,
                            .raw_figures = true});
 }

@@ -11,9 +11,6 @@
 namespace pstolvane1 {
 namespace {
 
-constexpr std::string_view kKey =
-    "godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id";
-
 double Of(float single) { return static_cast<double>(single); }
 
 // The quantities of a stock key, the opening first.
@@ -28,10 +25,12 @@ class QuantityReader {
         out_(rows.Column("QtyOut")),
         value_out_(rows.Column("ValueOut")) {}
 
-  [[nodiscard]] const std::vector<MonthFigures>& Read(std::int64_t item_id,
-                                                      const GodownBatch& key) {
+  [[nodiscard]] const RowGroups& ByKey() const { return by_key_; }
+
+  [[nodiscard]] const std::vector<MonthFigures>& Read(const StockKey& key) {
     read_.assign(months_.size() + 1, {});
-    for (const Recordset::Row row : by_key_.Find({item_id, key.godown_id, key.batch_id})) {
+    for (const Recordset::Row row :
+         by_key_.Find({key.item_id, key.place.godown_id, key.place.batch_id})) {
       const std::size_t place = PlaceOf(row.Int32(month_));
       if (place >= read_.size()) continue;
       read_[place] += {.inwards = {row.Single(in_), row.Money(value_in_)},
@@ -66,19 +65,21 @@ class HuntedLedger {
   HuntedLedger(const HuntedLedger&) = delete;
   HuntedLedger& operator=(const HuntedLedger&) = delete;
 
-  void Add(std::int64_t item_id, const GodownBatch& key) {
-    if (!rates_ || item_id != item_id_) {
-      rates_.emplace(actual_.Of(item_id), standard_.Of(item_id), period_, months_);
-      item_id_ = item_id;
+  [[nodiscard]] std::vector<StockKey> Keys() const { return StockKeysOf({&quantities_.ByKey()}); }
+
+  void Add(const StockKey& key) {
+    if (!rates_ || key.item_id != item_id_) {
+      rates_.emplace(actual_.Of(key.item_id), standard_.Of(key.item_id), period_, months_);
+      item_id_ = key.item_id;
     }
-    const std::vector<MonthFigures>& moved = quantities_.Read(item_id, key);
+    const std::vector<MonthFigures>& moved = quantities_.Read(key);
     float balance = moved[0].inwards.quantity;
-    ledger_.opening += ValueOf(balance, key, 0);
+    ledger_.opening += ValueOf(balance, key.place, 0);
     for (std::size_t i = 0; i < months_.size(); ++i) {
       MonthFigures figures = moved[i + 1];
       balance =
           ToSingle(Of(balance) + Of(figures.inwards.quantity) - Of(figures.outwards.quantity));
-      figures.closing = ValueOf(balance, key, i + 1);
+      figures.closing = ValueOf(balance, key.place, i + 1);
       ledger_.months[i] += figures;
     }
   }
@@ -126,8 +127,9 @@ std::string ComposeMonthlyQuantities(const MonthlyArguments& arguments) {
   const QueryPart subject = MovementsOf(arguments);
   const std::string from = SqlDateText(arguments.dtFromDate);
   const std::string month = MonthKeyOf("godownitem1.date");
-  const std::string lines = fmt::format("from godownitem1{} where godownitem1.optional = 0 and {}",
-                                        subject.joins, subject.condition);
+  const std::string lines =
+      fmt::format("from godownitem1{}{} where godownitem1.optional = 0 and {} and {}",
+                  subject.joins, kUnitJoins, subject.condition, kYear);
   const auto sum = [](std::string_view added, std::string_view of) {
     return fmt::format("sum ( CASE WHEN isadded = {} THEN {} ELSE 0 END )", added, of);
   };
@@ -135,12 +137,12 @@ std::string ComposeMonthlyQuantities(const MonthlyArguments& arguments) {
   constexpr std::string_view kValue = "godownitem1.qty * godownitem1.rate";
   return fmt::format(
       "select {0} , sum ( CASE WHEN isadded = -1 THEN godownitem1.qty ELSE -godownitem1.qty END ) "
-      "as qtyin , 0 as valuein , 0 as qtyout , 0 as valueout , 0 as inc_id {1} and "
-      "godownitem1.yearno <= {2} and ( godownitem1.date < #{3}# or godownitem1.isopeningbal = -1 ) "
-      "group by {0} union select {0} , {4} as qtyin , {5} as valuein , {6} as qtyout , {7} as "
-      "valueout , {8} as inc_id {1} and godownitem1.yearno = {2} and ( godownitem1.date between "
+      "as qtyin , 0 as valuein , 0 as qtyout , 0 as valueout , 0 as inc_id {1} <= {2} and ( "
+      "godownitem1.date < #{3}# or godownitem1.isopeningbal = -1 ) "
+      "group by {0} union all select {0} , {4} as qtyin , {5} as valuein , {6} as qtyout , {7} as "
+      "valueout , {8} as inc_id {1} = {2} and ( godownitem1.date between "
       "#{3}# and #{9}# ) group by {0} , {8} ",
-      kKey, lines, arguments.bytYearno, from, sum("-1", kQuantity), sum("-1", kValue),
+      kStockKey, lines, arguments.bytYearno, from, sum("-1", kQuantity), sum("-1", kValue),
       sum("0", kQuantity), sum("0", kValue), month, SqlDateText(arguments.dtToDate));
 }
 
@@ -149,11 +151,11 @@ std::string ComposeMonthlyActualRates(const MonthlyArguments& arguments) {
   return fmt::format(
       "select {0} , godownitem1.rate , godownitem1.isopeningbal , godownitem1.isadded , "
       "godownitem1.date from godownitem1{1} where {2}godownitem1.optional = 0 and {3} and ( "
-      "godownitem1.date <= #{4}# or godownitem1.isopeningbal = -1 ) and godownitem1.yearno <= {5} "
-      "order by godownitem1.yearno , godownitem1.date , godownitem1.item_id , "
+      "godownitem1.date <= #{4}# or godownitem1.isopeningbal = -1 ) and {6} <= {5} "
+      "order by items1.item_id , godownitem1.yearno , godownitem1.date , "
       "godownitem1.godownitem_id , godownitem1.godown_id , godownitem1.batch_id ",
-      kKey, subject.joins, RateCondition(arguments.ValuationMethod), subject.condition,
-      SqlDateText(arguments.dtToDate), arguments.bytYearno);
+      kStockKey, subject.joins, RateCondition(arguments.ValuationMethod), subject.condition,
+      SqlDateText(arguments.dtToDate), arguments.bytYearno, kYear);
 }
 
 SourceQueries Monthly_HuntedRate(const modStolvane1& /*module*/,
@@ -161,24 +163,24 @@ SourceQueries Monthly_HuntedRate(const modStolvane1& /*module*/,
   return {
       {Source::Rs1, ComposeMonthlyQuantities(arguments)},
       {Source::rsReport, ComposeMonthlyActualRates(arguments)},
-      {Source::rsItems, ComposeMonthlyKeys(arguments)},
+      {Source::rsItems, ComposeMonthlyItems(arguments)},
       {Source::Rs2, ComposeMonthlyStandards(arguments, StandardsOf(arguments.ValuationMethod))}};
 }
 
 RecordsetPtr mMonthly_HuntedRate(ReportFrame& frame) {
   const auto arguments = frame.module.Kept<MonthlyArguments>();
-  const RecordsetPtr keys = frame.Rowset(Source::rsItems);
-  const MonthlyKeyColumns columns(*keys);
+  const RecordsetPtr items = frame.Rowset(Source::rsItems);
   HuntedLedger ledger(frame, arguments);
   const std::int32_t openings = OpeningsIn(*frame.Rowset(Source::Rs1));
   EndPasses(frame, openings, static_cast<std::size_t>(openings));
-  for (const Recordset::Row row : keys->Rows()) {
-    ledger.Add(row.Int64(columns.item_id), columns.Key(row));
-    EndPasses(frame, keys->RecordCount(), ledger.Ledger().months.size());
+  const std::vector<StockKey> keys = ledger.Keys();
+  for (const StockKey& key : keys) {
+    ledger.Add(key);
+    EndPasses(frame, static_cast<std::int32_t>(keys.size()), ledger.Ledger().months.size());
   }
   return WriteMonthLedger(
       frame, arguments, ledger.Ledger(),
-      {.units = ReadMonthlyUnits(arguments, *keys), .alt_columns = arguments.blnAltUom});
+      {.units = ReadMonthlyUnits(arguments, *items), .alt_columns = arguments.blnAltUom});
 }
 
 }  // namespace pstolvane1

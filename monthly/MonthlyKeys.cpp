@@ -1,21 +1,31 @@
 #include "monthly/MonthlyKeys.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+#include <tuple>
 
 #include "session/mInternationalization.h"
 
 namespace pstolvane1 {
 
-std::string ComposeMonthlyKeys(const MonthlyArguments& arguments) {
-  const QueryPart subject = MovementsOf(arguments);
-  constexpr std::string_view kKey =
-      "godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id";
+std::string ComposeMonthlyItems(const MonthlyArguments& arguments) {
+  if (IsOfOneItem(arguments)) {
+    return fmt::format(
+        "select items1.item_id , uom1.uomname as uom , uomalt.uomname as altuom , "
+        "items1.relationformula as relformula from items1{} where items1.deleted = 0 and "
+        "items1.item_id = {} ",
+        kUnitJoins, arguments.lngAny_Id1);
+  }
+  const auto of_group = [&arguments](std::string_view column) {
+    return fmt::format("and items1.{} = {} ", column, arguments.lngAny_Id1);
+  };
+  const std::string group = arguments.tree == MonthlyTree::kCategory ? of_group("itemcategory_id")
+                            : arguments.tree == MonthlyTree::kClass  ? of_group("itemclass_id")
+                                                                     : "";
   return fmt::format(
-      "select {0} , uom1.uomname as uom , uomalt.uomname as altuom , items1.relationformula as "
-      "relformula from godownitem1{1} inner join uom1 on uom1.uom_id = items1.uom_id inner join "
-      "uom1 as uomalt on uomalt.uom_id = items1.alternateuom_id where godownitem1.optional = 0 and "
-      "{2} group by {0} , uom1.uomname , uomalt.uomname , items1.relationformula order by {0} ",
-      kKey, subject.joins, subject.condition);
+      "select items1.item_id from items1 where items1.deleted = 0 {}and items1.yearofcreation <= "
+      "{} order by items1.item_id ",
+      group, arguments.bytYearno);
 }
 
 std::string ComposeMonthlyStandards(const MonthlyArguments& arguments, StandardRates which) {
@@ -34,13 +44,29 @@ std::string MonthKeyOf(std::string_view date) {
   return fmt::format("year({0}) * 100 + month({0})", date);
 }
 
-StockUnits ReadMonthlyUnits(const MonthlyArguments& arguments, const Recordset& keys) {
+std::vector<StockKey> StockKeysOf(std::initializer_list<const RowGroups*> by_key) {
+  std::vector<StockKey> keys;
+  for (const RowGroups* groups : by_key) {
+    for (const RowGroups::Group& group : *groups) {
+      const Recordset::Row row = group.First();
+      keys.push_back(
+          {row["Item_Id"].ToInt64(), {row["Godown_Id"].ToInt64(), row["Batch_Id"].ToInt64()}});
+    }
+  }
+  const auto order = [](const StockKey& key) { return std::tie(key.item_id, key.place); };
+  std::ranges::sort(keys, {}, order);
+  const auto repeated = std::ranges::unique(keys, {}, order);
+  keys.erase(repeated.begin(), repeated.end());
+  return keys;
+}
+
+StockUnits ReadMonthlyUnits(const MonthlyArguments& arguments, const Recordset& items) {
   if (!IsOfOneItem(arguments)) return {};
-  const ColumnHandle unit = keys.Column("Uom");
-  const ColumnHandle alt_unit = keys.Column("AltUom");
-  const ColumnHandle relation = keys.Column("RelFormula");
+  const ColumnHandle unit = items.Column("Uom");
+  const ColumnHandle alt_unit = items.Column("AltUom");
+  const ColumnHandle relation = items.Column("RelFormula");
   StockUnits units;
-  for (const Recordset::Row row : keys.Rows()) {
+  for (const Recordset::Row row : items.Rows()) {
     units = {.item = std::to_string(arguments.lngAny_Id1),
              .unit = std::string(row.Text(unit)),
              .alt_unit = std::string(row.Text(alt_unit)),

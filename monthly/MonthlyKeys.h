@@ -1,20 +1,23 @@
-// The stock keys of a month ledger, and what its methods read beside them. Query texts are not
-// normalised.
+// The items and stock keys of a month ledger, and what its methods read beside them. Query texts
+// are not normalised.
 #pragma once
 
+#include <cstdint>
+#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "monthly/MonthlySubject.h"
 #include "movements/RateQueries.h"
 #include "movements/StockKeyColumns.h"
-#include "session/data/Recordset.h"
+#include "session/data/RowGroups.h"
 #include "valuation/ItemRates.h"
 
 namespace pstolvane1 {
 
-// One row an item, godown and batch with units, in their order: item_id, godown_id, batch_id, uom,
-// altuom, relformula.
-[[nodiscard]] std::string ComposeMonthlyKeys(const MonthlyArguments& arguments);
+// item_id of the ledger's items in their order: the one, with its uom, altuom and relformula; those
+// of a group alone that were there in the year; for a godown any.
+[[nodiscard]] std::string ComposeMonthlyItems(const MonthlyArguments& arguments);
 // The rows of Standardrate1 that end by the last day, for the items of the ledger, the one in force
 // last.
 [[nodiscard]] std::string ComposeMonthlyStandards(const MonthlyArguments& arguments,
@@ -23,21 +26,16 @@ namespace pstolvane1 {
 // "year * 100 + month" of a date column.
 [[nodiscard]] std::string MonthKeyOf(std::string_view date);
 
-// Where the ids of a stock key stand in a source rowset.
-struct MonthlyKeyColumns {
-  explicit MonthlyKeyColumns(const Recordset& rows)
-      : item_id(rows.Column("Item_Id")),
-        godown_id(rows.Column("Godown_Id")),
-        batch_id(rows.Column("Batch_Id")) {}
-
-  [[nodiscard]] GodownBatch Key(const Recordset::Row& row) const {
-    return {row.Int64(godown_id), row.Int64(batch_id)};
-  }
-
-  ColumnHandle item_id, godown_id, batch_id;
+struct StockKey {
+  std::int64_t item_id = 0;
+  GodownBatch place = {};
 };
 
+// The stock keys of rowsets with item_id, godown_id and batch_id: each once, in their order.
+[[nodiscard]] std::vector<StockKey> StockKeysOf(std::initializer_list<const RowGroups*> by_key);
+
 // The units of an item's ledger; none for a group or where no row tells them.
-[[nodiscard]] StockUnits ReadMonthlyUnits(const MonthlyArguments& arguments, const Recordset& keys);
+[[nodiscard]] StockUnits ReadMonthlyUnits(const MonthlyArguments& arguments,
+                                          const Recordset& items);
 
 }  // namespace pstolvane1

@@ -47,16 +47,16 @@ class LineReader {
 std::string ComposeMonthlyLayers(const MonthlyArguments& arguments) {
   const QueryPart subject = MovementsOf(arguments, Below::kNothing);
   return fmt::format(
-      "select godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , godownitem1.qty "
+      "select {} , godownitem1.qty "
       ", godownitem1.rate , godownitem1.isopeningbal , godownitem1.isadded , godownitem1.yearno , "
       "godownitem1.date , uom1.uomname as uom , uomalt.uomname as altuom , items1.relationformula "
-      "as relformula from godownitem1{} inner join uom1 on uom1.uom_id = items1.uom_id inner join "
-      "uom1 as uomalt on uomalt.uom_id = items1.alternateuom_id where {} and godownitem1.yearno <= "
+      "as relformula from godownitem1{}{} where {} and {} <= "
       "{} and ( godownitem1.date <= #{}# or godownitem1.isopeningbal = -1 ) and "
-      "godownitem1.optional = 0 order by godownitem1.item_id , godownitem1.godown_id , "
-      "godownitem1.batch_id , godownitem1.yearno , godownitem1.date , godownitem1.desrdetails_id , "
+      "godownitem1.optional = 0 order by {} , godownitem1.yearno , godownitem1.date , "
+      "godownitem1.desrdetails_id , "
       "godownitem1.godownitem_id ",
-      subject.joins, subject.condition, arguments.bytYearno, SqlDateText(arguments.dtToDate));
+      kStockKey, subject.joins, kUnitJoins, subject.condition, kYear, arguments.bytYearno,
+      SqlDateText(arguments.dtToDate), kStockKey);
 }
 
 SourceQueries Monthly_Layers(const modStolvane1& /*module*/, const MonthlyArguments& arguments) {

@@ -123,25 +123,9 @@ std::string ComposeMonthlySimple(const MonthlyArguments& arguments, Date dtBooks
       from, month, SqlDateText(arguments.dtToDate));
 }
 
-std::string ComposeMonthlySimpleItems(const MonthlyArguments& arguments) {
-  if (IsOfOneItem(arguments)) {
-    return fmt::format(
-        "select items1.item_id , uom1.uomname as uom , uomalt.uomname as altuom , "
-        "items1.relationformula as relformula from items1 inner join uom1 on uom1.uom_id = "
-        "items1.uom_id inner join uom1 as uomalt on uomalt.uom_id = items1.alternateuom_id where "
-        "items1.deleted = 0 and items1.item_id = {} ",
-        arguments.lngAny_Id1);
-  }
-  return fmt::format(
-      "select items1.item_id from items1 where items1.deleted = 0 and items1.{} = {} and "
-      "items1.yearofcreation <= {} order by items1.item_id ",
-      arguments.tree == MonthlyTree::kClass ? "itemclass_id" : "itemcategory_id",
-      arguments.lngAny_Id1, arguments.bytYearno);
-}
-
 SourceQueries Monthly_SimpleAvg(const modStolvane1& module, const MonthlyArguments& arguments) {
   return {{Source::rsReport, ComposeMonthlySimple(arguments, module.dtBooksFrom)},
-          {Source::rsItems, ComposeMonthlySimpleItems(arguments)}};
+          {Source::rsItems, ComposeMonthlyItems(arguments)}};
 }
 
 RecordsetPtr mMonthly_SimpleAvg(ReportFrame& frame) {

@@ -12,9 +12,6 @@ namespace pstolvane1 {
 // and one a month of the period: item_id, inc_id, qtyin, valuein, qtyout, valueout. Equal rows of
 // month 0 are one.
 [[nodiscard]] std::string ComposeMonthlySimple(const MonthlyArguments& arguments, Date dtBooksFrom);
-// The items, with their units where the ledger is of one: item_id, uom, altuom, relformula.
-[[nodiscard]] std::string ComposeMonthlySimpleItems(const MonthlyArguments& arguments);
-
 [[nodiscard]] SourceQueries Monthly_SimpleAvg(const modStolvane1& module,
                                               const MonthlyArguments& arguments);
 [[nodiscard]] RecordsetPtr mMonthly_SimpleAvg(ReportFrame& frame);

@@ -50,7 +50,11 @@ QueryPart MovementsOf(const MonthlyArguments& arguments, Below below) {
 }
 
 QueryPart ItemsOf(const MonthlyArguments& arguments, std::string_view item_id, Below below) {
-  QueryPart part{.joins = fmt::format(" inner join items1 on items1.item_id = {}", item_id),
+  // A godown's movements are found by item and godown, and SQLite is kept from the other way round:
+  // it would read those of all godowns.
+  const std::string_view joined =
+      arguments.tree == MonthlyTree::kGodown ? "items1.item_id + 0" : "items1.item_id";
+  QueryPart part{.joins = fmt::format(" inner join items1 on {} = {}", joined, item_id),
                  .condition = "items1.deleted = 0"};
   if (IsOfOneItem(arguments)) {
     part.condition += fmt::format(" and {} = {}", item_id, arguments.lngAny_Id1);

@@ -1,8 +1,0 @@
--- the stock keys of one batch in one godown
---
--- call Monthly_GodownItemwise as chain_in_the_yard
--- lngBatch_id = 2
--- ValuationMethod = AverageRate
---
--- query 2
-select godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , uom1.uomname as uom , uomalt.uomname as altuom , items1.relationformula as relformula from godownitem1 inner join items1 on items1.item_id = godownitem1.item_id inner join uom1 on uom1.uom_id = items1.uom_id inner join uom1 as uomalt on uomalt.uom_id = items1.alternateuom_id where godownitem1.optional = 0 and items1.deleted = 0 and godownitem1.item_id = 1 and godownitem1.godown_id = 2 and godownitem1.batch_id = 2 group by godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id , uom1.uomname , uomalt.uomname , items1.relationformula order by godownitem1.item_id , godownitem1.godown_id , godownitem1.batch_id 
