@@ -12,6 +12,7 @@
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
 #include <unicode/smpdtfmt.h>
+#include <unicode/ucurr.h>
 #include <utility>
 
 #include "session/data/Error.h"
@@ -31,6 +32,10 @@ struct Locale::Rules {
 };
 
 namespace {
+
+constexpr const char* kCurrencyKeyword = "currency";
+// A currency that somebody names is that of the books, and the books keep hundredths.
+constexpr int kPlacesOfBooks = 2;
 
 std::string Utf8(const icu::UnicodeString& text) {
   std::string utf8;
@@ -60,6 +65,11 @@ int MinimumBeforeGroup(const icu::Locale& locale, const NumberStyle& style) {
   return 1;
 }
 
+bool NamesCurrency(const icu::Locale& locale) {
+  UErrorCode status = U_ZERO_ERROR;
+  return !locale.getKeywordValue<std::string>(kCurrencyKeyword, status).empty();
+}
+
 NumberStyle ReadNumberStyle(const icu::Locale& locale, UNumberFormatStyle kind) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::NumberFormat> format(
@@ -84,6 +94,7 @@ NumberStyle ReadNumberStyle(const icu::Locale& locale, UNumberFormatStyle kind) 
   style.group_separator = symbol(money ? icu::DecimalFormatSymbols::kMonetaryGroupingSeparatorSymbol
                                        : icu::DecimalFormatSymbols::kGroupingSeparatorSymbol);
   style.decimals = money ? decimal->getMinimumFractionDigits() : 2;
+  if (money && NamesCurrency(locale)) style.decimals = std::max(style.decimals, kPlacesOfBooks);
   if (decimal->isGroupingUsed()) {
     style.first_group = decimal->getGroupingSize();
     style.further_groups = decimal->getSecondaryGroupingSize() > 0
@@ -144,23 +155,50 @@ DatePattern ReadPattern(icu::DateFormat* made, const icu::Locale& locale) {
   return DatePattern(Utf8(simple->toPattern(pattern)));
 }
 
-// The locale data's own name for what a host or the platform calls a locale.
+// "INR" of "de_DE@currency=inr"; "" where no currency is named. Error 3001 for what is none.
+std::string CurrencyIn(const icu::Locale& locale, const std::string& asked) {
+  UErrorCode status = U_ZERO_ERROR;
+  auto code = locale.getKeywordValue<std::string>(kCurrencyKeyword, status);
+  if (U_FAILURE(status) || code.empty()) return {};
+  icu::UnicodeString letters = icu::UnicodeString::fromUTF8(code).toUpper("");
+  code = Utf8(letters);
+  status = U_ZERO_ERROR;
+  const bool known =
+      letters.length() == 3 && ucurr_isAvailable(icu::toUCharPtr(letters.getTerminatedBuffer()),
+                                                 U_DATE_MIN, U_DATE_MAX, &status) != 0;
+  if (known && U_SUCCESS(status)) return code;
+  throw Error(ErrorNumber::kArgumentOutOfRange, "there is no currency \"" + code +
+                                                    "\" as in the locale \"" + asked +
+                                                    "\"; write a code such as INR or EUR");
+}
+
+// What a host or the platform calls a locale; a name without one ("@currency=INR") is the user's.
+icu::Locale Named(const std::string& asked) {
+  const std::size_t keywords = std::min(asked.find('@'), asked.size());
+  if (keywords > 0) return icu::Locale::createCanonical(asked.c_str());
+  const std::string own = icu::Locale::getDefault().getBaseName();
+  return icu::Locale::createCanonical((own + asked).c_str());
+}
+
+// The locale data's own name for it.
 icu::Locale Resolve(std::string_view name) {
   const std::string asked(name);
-  icu::Locale locale =
-      asked.empty() ? icu::Locale::getDefault() : icu::Locale::createCanonical(asked.c_str());
+  const icu::Locale locale = asked.empty() ? icu::Locale::getDefault() : Named(asked);
+  const std::string currency = CurrencyIn(locale, asked);
   const std::string language = locale.getLanguage();
   const bool plain = asked == "C" || asked == "POSIX" || asked.starts_with("C.") ||
                      std::string_view(locale.getVariant()) == "POSIX" || language == "c";
-  if (plain) return icu::Locale("en", "IN");
   UErrorCode status = U_ZERO_ERROR;
-  const std::string base = locale.getBaseName();
+  const std::string base = plain ? "en_IN" : locale.getBaseName();
   int32_t count = 0;
   const icu::Locale* known = icu::Locale::getAvailableLocales(count);
   for (int32_t i = 0; i < count; ++i) {
-    if (language == known[i].getLanguage()) {
+    if (plain || language == known[i].getLanguage()) {
       icu::Locale gregorian(base.c_str());
       gregorian.setKeywordValue("calendar", "gregorian", status);
+      if (!currency.empty()) {
+        gregorian.setKeywordValue(kCurrencyKeyword, currency.c_str(), status);
+      }
       Check(status, asked);
       return gregorian;
     }

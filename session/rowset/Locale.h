@@ -16,7 +16,10 @@ namespace pstolvane1 {
 class Locale {
  public:
   // "en_IN", "de_DE", "fr_FR.UTF-8"; "" is the user's own as the platform tells it; C and POSIX are
-  // en_IN. Error 3001 for a name that no locale data is known for.
+  // en_IN. Money is in the locale's currency, unless one is named: "de_DE@currency=INR", or
+  // "@currency=INR" for the user's own locale. Then the locale gives the separators, the grouping
+  // and the place of the symbol, and two decimals at least are shown. Error 3001 for a name that no
+  // locale data is known for, and for an unknown currency.
   [[nodiscard]] static std::shared_ptr<const Locale> Get(std::string_view name);
 
   [[nodiscard]] const std::string& Name() const;

@@ -87,6 +87,35 @@ TEST(LocaleNumbers, MoneyHasTheLocalesSymbolSeparatorsAndNegativeForm) {
   EXPECT_EQ(Locale::Get("ja_JP")->FormatCurrency(1234.5), "￥1,235");
 }
 
+// The reader's locale gives the form, the books' currency the symbol.
+TEST(LocaleNumbers, MoneyIsInTheCurrencyThatIsNamed) {
+  const Currency money = Currency::FromTenThousandths(-12345678900);
+  EXPECT_EQ(Locale::Get("de_DE@currency=INR")->FormatCurrency(money), "-1.234.567,89\u00a0₹");
+  EXPECT_EQ(Locale::Get("de_DE.UTF-8@currency=inr")->FormatCurrency(money), "-1.234.567,89\u00a0₹");
+  EXPECT_EQ(Locale::Get("en_IN@currency=USD")->FormatCurrency(money), "-$12,34,567.89");
+  EXPECT_EQ(Locale::Get("C@currency=EUR")->FormatCurrency(money), "-€12,34,567.89");
+  EXPECT_EQ(Locale::Get("de_DE@currency=INR")->FormatNumber(1234.5), "1.234,50");
+  EXPECT_EQ(Locale::Get("de_DE@currency=INR")->Name(), "de_DE");
+}
+
+TEST(LocaleNumbers, ANamedCurrencyKeepsThePaise) {
+  EXPECT_EQ(Locale::Get("ja_JP@currency=INR")->FormatCurrency(1234.5), "₹1,234.50");
+  EXPECT_EQ(Locale::Get("en_IN@currency=JPY")->FormatCurrency(1234.5), "JP¥1,234.50");
+  EXPECT_EQ(Locale::Get("en_IN@currency=KWD")->FormatCurrency(1234.5), "KWD1,234.500");
+}
+
+TEST(LocaleNumbers, AnUnknownCurrencyIsAnError) {
+  for (const char* name : {"de_DE@currency=RUPEES", "de_DE@currency=XQZ", "@currency=12"}) {
+    try {
+      static_cast<void>(Locale::Get(name));
+      ADD_FAILURE() << name;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Number(), ErrorNumber::kArgumentOutOfRange);
+      EXPECT_NE(error.Description().find("there is no currency"), std::string::npos) << name;
+    }
+  }
+}
+
 TEST(LocaleNumbers, SomeLocalesGroupOnlyFromFiveDigitsOn) {
   EXPECT_EQ(Locale::Get("pl_PL")->FormatNumber(1234.5), "1234,50");
   EXPECT_EQ(Locale::Get("pl_PL")->FormatNumber(12345.5), "12\u00a0345,50");
