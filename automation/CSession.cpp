@@ -98,6 +98,13 @@ int32_t pst_session_abandon(pst_session* session) {
   });
 }
 
+int32_t pst_session_report_is_whole(pst_session* session, int* whole) {
+  return Guarded([&] {
+    const bool is_whole = Mine(session).session.ReportIsWhole();
+    Given(whole, "place for the answer") = is_whole ? 1 : 0;
+  });
+}
+
 int32_t pst_session_events(pst_session* session, const pst_events* events) {
   return Guarded(
       [&] { automation::Connect(Mine(session).session, events ? *events : pst_events{}); });

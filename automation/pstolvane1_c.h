@@ -46,6 +46,10 @@ int32_t pst_session_connect(pst_session* session, const char* books);
  * session takes the next report at once. Nothing when no report is in hand. */
 int32_t pst_session_abandon(pst_session* session);
 
+/* *whole is 1 when the report that came last went on to its end, and 0 when CancelFetching stopped
+ * it: lines may be missing then, and its totals are the sums of those that it has. */
+int32_t pst_session_report_is_whole(pst_session* session, int* whole);
+
 /* --- Operations ------------------------------------------------------------------------------ */
 /* Every operation with its arguments, types and defaults, as JSON. */
 char* pst_catalogue(void);

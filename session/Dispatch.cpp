@@ -104,6 +104,7 @@ RecordsetPtr ReportFrame::Build(const ReportRow& row) {
     throw Error(ErrorNumber::kObjectNotSet, fmt::format("{} has no row builder in this version",
                                                         ReportTypeText(lngReportType)));
   }
+  cut_short = false;
   const RecordsetPtr report = row.builder(*this);
   return row.delivery == Delivery::kAsBuilt ? report : report->Clone(adLockUnspecified);
 }
@@ -131,7 +132,9 @@ bool ReportFrame::EndPass(std::int32_t lngRange) {
   RaiseStepProgress(1, "manipulating", lngFetchTotal, lngRange);
   if (events_ == nullptr) return false;
   WorkInHand::CheckInnermost();
-  return !blnCancelFetching.IsTrue();
+  if (!blnCancelFetching.IsTrue()) return true;
+  cut_short = true;
+  return false;
 }
 
 }  // namespace pstolvane1

@@ -56,6 +56,7 @@ bool ReportFrame::Fetching() const {
 
 void ReportFrame::BeginReport() {
   DropAbandoned();
+  cut_short = false;
   mark_ = abandoning_.Begin();
 }
 

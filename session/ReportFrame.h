@@ -41,6 +41,7 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   std::int32_t lngReportType = 0;  // of the report in hand
   Boolean blnCancelFetching;
   bool blnUserPressedCancel = false;  // nothing reads it
+  bool cut_short = false;  // the report that was written last was cancelled before its last line
   // While fetching the sum of the first MaxProgress of each source rowset; while lines are written
   // the number of source rows.
   std::int32_t lngFetchTotal = 0;

@@ -42,6 +42,8 @@ Variant clsStolvane1::SetFilter(std::string_view strVouchertypeFilter,
 
 void clsStolvane1::CancelFetching(Boolean cancel) { frame_->blnCancelFetching = cancel; }
 
+bool clsStolvane1::ReportIsWhole() const { return !frame_->cut_short; }
+
 void clsStolvane1::Abandon() { frame_->Abandon(); }
 
 bool clsStolvane1::Fetching() const { return frame_->Fetching(); }

@@ -65,7 +65,8 @@ class clsStolvane1 : public clsStolvane1Events {
   // nullptr before SetConnection.
   [[nodiscard]] std::shared_ptr<Connection> GetConnectionObject() const;
   // The locale of the texts in report rowsets: "en_IN", "de_DE"; "" is the user's own, as it is at
-  // first. Error 3001 for an unknown one.
+  // first. Money is shown in the locale's currency; "de_DE@currency=INR" names that of the books.
+  // Error 3001 for an unknown one.
   void SetLocale(std::string_view name);
 
   void SetAliases(const typAliases& pAlias);
@@ -80,6 +81,10 @@ class clsStolvane1 : public clsStolvane1Events {
   // closing lines are still written, and the rowset is delivered. Stays in force until False is
   // written.
   void CancelFetching(Boolean cancel);
+  // Whether the report that came last, as a result or by FetchComplete, went on to its end. False
+  // when CancelFetching stopped it behind one of its rows: lines may be missing, and its closing
+  // lines are the sums of those that it has. True before the first report.
+  [[nodiscard]] bool ReportIsWhole() const;
   // Drops the report in hand: its statements are interrupted, no FetchComplete comes of it, and a
   // call that is at work on it ends with error -2147217900 "the report was abandoned"; so does a
   // sort or an export of a rowset that is at work on the session's thread. The session takes

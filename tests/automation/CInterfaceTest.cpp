@@ -41,6 +41,24 @@ class CInterface : public testing::Test {
   std::vector<std::unique_ptr<pst_rowset, decltype(&pst_rowset_free)>> kept_;
 };
 
+TEST_F(CInterface, TellsWhetherAReportIsWhole) {
+  Connect();
+  const std::string sales =
+      R"({"bytYearno":1,"lngVouchertype_id":10,"dtFromDate":"2003-04-01","dtToDate":"2004-03-31"})";
+  int whole = -1;
+  Open("Doc_Initial", sales);
+  EXPECT_EQ(pst_session_report_is_whole(session_.get(), &whole), pst_ok);
+  EXPECT_EQ(whole, 1);
+  ASSERT_EQ(pst_call_json(session_.get(), "CancelFetching", R"({"CancelFetching":true})", nullptr,
+                          nullptr),
+            pst_ok);
+  Open("Doc_Initial", sales);
+  EXPECT_EQ(pst_session_report_is_whole(session_.get(), &whole), pst_ok);
+  EXPECT_EQ(whole, 0);
+  EXPECT_EQ(pst_session_report_is_whole(session_.get(), nullptr), 91);
+  EXPECT_EQ(pst_session_report_is_whole(nullptr, &whole), 91);
+}
+
 TEST_F(CInterface, ServesAHostWrittenInC) {
   char names[200];
   EXPECT_EQ(list_ledgers(company_.File().c_str(), names, sizeof names), 0);

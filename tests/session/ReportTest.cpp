@@ -121,6 +121,29 @@ TEST_F(ReportTest, CancelledBeforeTheStartExactlyOneRowIsDone) {
   EXPECT_EQ(events.back(), "FetchComplete 0");
 }
 
+TEST_F(ReportTest, ACancelledReportSaysSo) {
+  Connect();
+  EXPECT_TRUE(session->ReportIsWhole());
+  (void)Documents(True);
+  EXPECT_TRUE(session->ReportIsWhole());
+  session->CancelFetching(True);
+  (void)Documents(True);
+  EXPECT_FALSE(session->ReportIsWhole());
+  session->CancelFetching(False);
+  std::optional<bool> whole;
+  int rows = 0;
+  session->FetchProgress = [&](std::uint8_t, std::string_view message) {
+    if (message == "manipulating" && ++rows == 2) session->CancelFetching(True);
+  };
+  session->FetchComplete = [&](const RecordsetPtr&, std::int32_t) {
+    whole = session->ReportIsWhole();
+  };
+  (void)Documents(False);
+  EXPECT_TRUE(session->ReportIsWhole());  // the one before no longer counts
+  PumpUntil([&] { return whole.has_value(); });
+  EXPECT_EQ(whole, false);
+}
+
 TEST_F(ReportTest, ACancelStaysInForceUntilFalseIsWritten) {
   Connect();
   session->CancelFetching(True);
