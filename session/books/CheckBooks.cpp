@@ -1,6 +1,7 @@
 #include "session/books/CheckBooks.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "session/books/Checks.h"
 #include "session/books/Schema.h"
@@ -38,19 +39,37 @@ bool CheckFile(Reader& books, Findings& findings) {
   return !damage.empty();
 }
 
-void CheckContent(Reader& books, Findings& findings) {
+// What is looked at, in this order, for whoever waits.
+struct Stage {
+  std::string_view name;
+  void (*check)(Reader& books, bool complete, Findings& findings);
+};
+constexpr Stage kStages[] = {
+    {"references", &CheckReferences},
+    {"values",
+     [](Reader& books, bool complete, Findings& findings) {
+       if (books.KeepsAnyValue()) CheckValues(books, complete, findings);
+     }},
+    {"rules", &CheckRules},
+    {"years", &CheckYears},
+    {"trees", &CheckTrees},
+    {"indexes",
+     [](Reader& books, bool /*complete*/, Findings& findings) { CheckIndexes(books, findings); }},
+};
+
+void CheckContent(Reader& books, const CheckProgress& progress, Findings& findings) {
   const bool complete = CheckTables(books, findings);
-  CheckReferences(books, complete, findings);
-  if (books.KeepsAnyValue()) CheckValues(books, complete, findings);
-  CheckRules(books, complete, findings);
-  CheckYears(books, complete, findings);
-  CheckTrees(books, complete, findings);
-  CheckIndexes(books, findings);
+  constexpr auto kSteps = static_cast<double>(std::size(kStages)) + 1;
+  double done = 1;
+  for (const Stage& stage : kStages) {
+    if (progress) progress(stage.name, done++ / kSteps);
+    stage.check(books, complete, findings);
+  }
 }
 
 }  // namespace
 
-std::vector<Finding> CheckBooks(const std::string& connection) {
+std::vector<Finding> CheckBooks(const std::string& connection, const CheckProgress& progress) {
   const ConnectionTarget target = TargetOf(connection);
   const std::unique_ptr<Reader> reader =
       target.engine == EngineKind::kPostgresql ? ReadServer(connection) : ReadFile(FileOf(target));
@@ -62,9 +81,10 @@ std::vector<Finding> CheckBooks(const std::string& connection) {
                 books.Name() + " holds no books: it has none of their tables");
   }
   Findings findings;
+  if (progress) progress("the file", 0);
   const bool damaged = CheckFile(books, findings);
   try {
-    CheckContent(books, findings);
+    CheckContent(books, progress, findings);
   } catch (const Error&) {
     if (!damaged) throw;  // else what cannot be read has been told
   }

@@ -1,6 +1,7 @@
 // What is missing or odd in a file of books.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,11 +22,15 @@ struct Finding {
   std::string remedy;    // a statement that mends it, "" where there is none
 };
 
+// Called before each part of the check: what is looked at, and how far it is, from 0 to 1.
+using CheckProgress = std::function<void(std::string_view part, double done)>;
+
 // Looks through books in a file or on a server: tables and columns that the
 // reports read and that are missing or of another type, indexes that would serve them, and data
 // that they do not expect. Errors first, then warnings, then hints; no findings when all is well.
 // Everything is read from one state of the books, and nothing is written. Error 501 for what cannot
 // be opened or holds none of the books' tables.
-[[nodiscard]] std::vector<Finding> CheckBooks(const std::string& connection);
+[[nodiscard]] std::vector<Finding> CheckBooks(const std::string& connection,
+                                              const CheckProgress& progress = {});
 
 }  // namespace pstolvane1::books

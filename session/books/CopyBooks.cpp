@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "session/books/BooksFile.h"
+#include "session/books/Reader.h"
 #include "session/books/Schema.h"
 #include "session/books/ServerWriter.h"
 #include "session/books/Writer.h"
@@ -72,12 +73,14 @@ std::optional<Source> SourceOf(Provider& books, const Table& table) {
 
 // Calls take with every chunk of the rows; gives how many rows there are.
 template <typename Take>
-std::int64_t ReadRows(Snapshot& state, const Source& source, const Take& take) {
+std::int64_t ReadRows(Snapshot& state, const Source& source, const CopyProgress& progress,
+                      const Take& take) {
   const std::shared_ptr<Cursor> cursor = state.Run(source.select, kNoLimit);
   std::int64_t rows = 0;
   while (true) {
     Chunk chunk(cursor->Columns());
     const std::size_t read = cursor->Read(chunk);
+    if (progress) progress(source.table->name);
     rows += static_cast<std::int64_t>(read);
     if (read > 0) take(chunk);
     if (!chunk.Full()) return rows;
@@ -117,9 +120,10 @@ std::string Names(const Source& source, bool quoted) {
   return names;
 }
 
-std::int64_t CopyTable(Snapshot& state, const Source& source, Writer& writer) {
+std::int64_t CopyTable(Snapshot& state, const Source& source, Writer& writer,
+                       const CopyProgress& progress) {
   Statement insert(writer, source.table->name, Names(source, false));
-  return ReadRows(state, source, [&](const Chunk& chunk) {
+  return ReadRows(state, source, progress, [&](const Chunk& chunk) {
     for (std::size_t row = 0; row < chunk.Rows(); ++row) {
       for (std::size_t at = 0; at < source.columns.size(); ++at) {
         BindCell(chunk, at, row, source.columns[at]->kind, insert);
@@ -193,9 +197,10 @@ void AppendCell(std::string& line, const Chunk& chunk, std::size_t at, std::size
   }
 }
 
-std::int64_t CopyTable(Snapshot& state, const Source& source, ServerWriter& writer) {
+std::int64_t CopyTable(Snapshot& state, const Source& source, ServerWriter& writer,
+                       const CopyProgress& progress) {
   writer.BeginRows(source.table->name, Names(source, true));
-  const std::int64_t rows = ReadRows(state, source, [&](const Chunk& chunk) {
+  const std::int64_t rows = ReadRows(state, source, progress, [&](const Chunk& chunk) {
     std::string lines;
     for (std::size_t row = 0; row < chunk.Rows(); ++row) {
       for (std::size_t at = 0; at < source.columns.size(); ++at) {
@@ -210,6 +215,31 @@ std::int64_t CopyTable(Snapshot& state, const Source& source, ServerWriter& writ
   return rows;
 }
 
+std::unique_ptr<Reader> ReaderOf(const std::string& connection_string) {
+  const ConnectionTarget target = TargetOf(connection_string);
+  return target.engine == EngineKind::kPostgresql ? ReadServer(connection_string)
+                                                  : ReadFile(FileOf(target));
+}
+
+// " (Item_id 5: Uom_id)" of the first row in which a text stands in a column of whole numbers; ""
+// where there is none, as on servers.
+std::string WrongRow(const std::string& connection_string, const Source& source) {
+  if (TargetOf(connection_string).engine == EngineKind::kPostgresql) return {};
+  const std::unique_ptr<Reader> books = ReaderOf(connection_string);
+  const std::string key(source.table->key.empty() ? "rowid" : source.table->key);
+  const std::string first_key = key.substr(0, key.find(','));
+  for (const Column* column : source.columns) {
+    if (column->kind != ColumnKind::kKey && column->kind != ColumnKind::kWhole) continue;
+    const std::string name(column->name);
+    const auto rows =
+        books->Rows("SELECT " + first_key + " FROM " + std::string(source.table->name) +
+                    " WHERE typeof(" + name + ") = 'text' LIMIT 1");
+    if (!rows.empty())
+      return " (" + first_key + " " + rows[0][0].value_or("Null") + ": " + name + ")";
+  }
+  return {};
+}
+
 template <typename Target>
 std::vector<ImportedTable> CopyTables(Provider& books, const std::string& from, Target& target,
                                       const CopyProgress& progress) {
@@ -220,32 +250,57 @@ std::vector<ImportedTable> CopyTables(Provider& books, const std::string& from, 
     if (!source || source->columns.empty()) continue;
     if (progress) progress(table.name);
     try {
-      copied.push_back({table.name, CopyTable(*state, *source, target)});
+      copied.push_back({table.name, CopyTable(*state, *source, target, progress)});
     } catch (const Error& error) {
-      throw error.While("copying " + std::string(table.name));
+      throw error.While("copying " + std::string(table.name) + WrongRow(from, *source));
     }
   }
   if (copied.empty()) {
-    throw Error(ErrorNumber::kConnection, "there is nothing to copy: " + from +
+    throw Error(ErrorNumber::kConnection, "there is nothing to copy: " + NameOfDatabase(from) +
                                               " holds no books, or none that the user may see");
   }
   return copied;
 }
 
+void RefuseExtras(const std::string& from) {
+  std::string names;
+  for (const std::string& extra : ExtrasOf(from)) names += (names.empty() ? "" : ", ") + extra;
+  if (names.empty()) return;
+  throw Error(ErrorNumber::kArgumentOutOfRange,
+              "nothing is copied: the reference schema has no place for " + names +
+                  "; say leave-out to copy the rest");
+}
+
 }  // namespace
 
+std::vector<std::string> ExtrasOf(const std::string& connection_string) {
+  const std::unique_ptr<Reader> books = ReaderOf(connection_string);
+  std::vector<std::string> extras;
+  for (const std::string& name : books->TableNames()) {
+    const Table* const table = FindTable(name);
+    if (table == nullptr) {
+      extras.push_back(name);
+      continue;
+    }
+    for (const DeclaredColumn& column : books->ColumnsIn(*table)) {
+      if (table->Find(column.name) == nullptr) extras.push_back(name + "." + column.name);
+    }
+  }
+  return extras;
+}
+
 std::vector<ImportedTable> CopyBooks(const std::string& from, const std::string& to,
-                                     const CopyProgress& progress) {
+                                     const CopyProgress& progress, Extras extras) {
+  if (extras == Extras::kRefused) RefuseExtras(from);
   const std::shared_ptr<Provider> books = OpenDatabase(from, std::chrono::seconds(30));
   const ConnectionTarget target = TargetOf(to);
-  const std::string name = NameOfDatabase(from);
   std::vector<ImportedTable> copied;
   if (target.engine == EngineKind::kPostgresql) {
     ServerWriter writer(to);
-    MakeServerBooks(writer, [&] { copied = CopyTables(*books, name, writer, progress); });
+    MakeServerBooks(writer, [&] { copied = CopyTables(*books, from, writer, progress); });
   } else {
     MakeBooks(target.path,
-              [&](Writer& writer) { copied = CopyTables(*books, name, writer, progress); });
+              [&](Writer& writer) { copied = CopyTables(*books, from, writer, progress); });
   }
   return copied;
 }
@@ -256,7 +311,7 @@ void CopyRows(const std::string& path, const std::vector<ImportedTable>& tables,
   const std::shared_ptr<Snapshot> state = books->TakeSnapshot(kNoLimit);
   for (const ImportedTable& table : tables) {
     const std::optional<Source> source = SourceOf(*books, *FindTable(table.table));
-    if (source) static_cast<void>(CopyTable(*state, *source, writer));
+    if (source) static_cast<void>(CopyTable(*state, *source, writer, {}));
   }
 }
 

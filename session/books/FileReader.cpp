@@ -32,6 +32,7 @@ class FileReader final : public Reader {
 
   [[nodiscard]] std::vector<Row> Rows(const std::string& select) override;
   [[nodiscard]] bool Understands(const std::string& select) override;
+  [[nodiscard]] std::vector<std::string> TableNames() override;
   [[nodiscard]] std::vector<DeclaredColumn> ColumnsIn(const Table& table) override;
   [[nodiscard]] bool IsTable(const Table& table) override;
   [[nodiscard]] std::vector<std::string> IndexesIn(const Table& table) override;
@@ -134,6 +135,15 @@ std::vector<DeclaredColumn> FileReader::ColumnsIn(const Table& table) {
     columns.push_back(std::move(column));
   }
   return columns;
+}
+
+std::vector<std::string> FileReader::TableNames() {
+  std::vector<std::string> names;
+  for (const auto& row : Rows("SELECT name FROM sqlite_master WHERE type = 'table' AND "
+                              "substr(name, 1, 7) <> 'sqlite_' ORDER BY name")) {
+    names.push_back(row[0].value_or(""));
+  }
+  return names;
 }
 
 bool FileReader::IsTable(const Table& table) {

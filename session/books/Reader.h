@@ -33,6 +33,8 @@ class Reader {
   [[nodiscard]] virtual std::vector<Row> Rows(const std::string& select) = 0;
   // Whether the query names only what is there.
   [[nodiscard]] virtual bool Understands(const std::string& select) = 0;
+  // Every table whose rows lie here, by name; views and the engine's own are none.
+  [[nodiscard]] virtual std::vector<std::string> TableNames() = 0;
   // Of a table or a view, any case; none when there is no such thing.
   [[nodiscard]] virtual std::vector<DeclaredColumn> ColumnsIn(const Table& table) = 0;
   // Whether it is a table whose rows lie here, which can have an index.

@@ -71,6 +71,20 @@ class ServerReader final : public Reader {
       return false;
     }
   }
+  // A part of a table is no table of its own.
+  [[nodiscard]] std::vector<std::string> TableNames() override {
+    const postgres::NativeResult rows = catalog_.Run(
+        std::string("SELECT DISTINCT c.relname FROM pg_class c JOIN pg_namespace n ON n.oid = "
+                    "c.relnamespace WHERE c.relkind IN ('r', 'p', 'f') AND n.nspname = ANY (") +
+            postgres::kBooksSchemas +
+            ") AND NOT EXISTS (SELECT FROM pg_inherits p WHERE p.inhrelid = c.oid) ORDER BY 1",
+        watch_);
+    std::vector<std::string> names;
+    for (int row = 0; row < PQntuples(rows.get()); ++row) {
+      names.emplace_back(PQgetvalue(rows.get(), row, 0));
+    }
+    return names;
+  }
   [[nodiscard]] std::vector<DeclaredColumn> ColumnsIn(const Table& table) override {
     const postgres::NativeResult rows = catalog_.Run(
         "SELECT a.attname, format_type(a.atttypid, a.atttypmod), coalesce(b.typname, t.typname),"
