@@ -55,6 +55,7 @@ class TableWriter {
           break;
       }
     }
+    for (const std::string& note : view_.Notes()) out_ << note << '\n';
   }
 
  private:

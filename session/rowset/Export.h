@@ -26,6 +26,8 @@ void ExportCsv(const Recordset& rowset, std::ostream& out);
 [[nodiscard]] std::string ColumnsAsJson(const Recordset& rowset);
 [[nodiscard]] std::string RowsAsJson(const Recordset& rowset);
 
+// What a person sees takes a locale: error 91 without one.
+
 // A whole page with one table: the columns that have content, numbers to the right, rules and
 // totals drawn.
 void ExportHtml(const Recordset& rowset, std::string_view title,

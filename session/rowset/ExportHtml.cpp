@@ -18,6 +18,7 @@ constexpr std::string_view kStyle =
     "tr.rule td{border-top:1px solid #444;padding:0;height:0}"
     "tr.total td{font-weight:600;border-bottom:3px double #444}"
     "tr.spacer td{height:.8em}"
+    "p.note{font-size:.9em;color:#444}"
     "@media print{body{margin:0}th{position:static}thead{display:table-header-group}}";
 
 std::string Escaped(std::string_view text) {
@@ -82,7 +83,11 @@ void ExportHtml(const Recordset& rowset, std::string_view title,
     }
     out << "</tr>\n";
   }
-  out << "</tbody>\n</table>\n</body></html>\n";
+  out << "</tbody>\n</table>\n";
+  for (const std::string& note : view.Notes()) {
+    out << "<p class=\"note\">" << Escaped(note) << "</p>\n";
+  }
+  out << "</body></html>\n";
 }
 
 }  // namespace pstolvane1

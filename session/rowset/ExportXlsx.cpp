@@ -94,6 +94,7 @@ class Sheet {
     }
     WriteHeader();
     for (std::size_t column = 0; column < view_.Columns().size(); ++column) WriteColumn(column);
+    WriteNotes();
     worksheet_freeze_panes(sheet_, 1, 0);
     worksheet_repeat_rows(sheet_, 0, 0);
     worksheet_set_landscape(sheet_);
@@ -123,6 +124,14 @@ class Sheet {
       if (view_.Columns()[column].numeric) format_set_align(format, LXW_ALIGN_RIGHT);
       worksheet_write_string(sheet_, 0, static_cast<lxw_col_t>(column),
                              view_.Columns()[column].name.c_str(), format);
+    }
+  }
+
+  // Below the lines, with an empty one between.
+  void WriteNotes() {
+    auto row = static_cast<lxw_row_t>(view_.Lines().size() + 1);
+    for (const std::string& note : view_.Notes()) {
+      worksheet_write_string(sheet_, ++row, 0, note.c_str(), nullptr);
     }
   }
 

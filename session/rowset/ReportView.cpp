@@ -1,15 +1,20 @@
 #include "session/rowset/ReportView.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
+#include <cmath>
 #include <cstddef>
 #include <string_view>
 #include <utility>
 
+#include "session/data/Error.h"
 #include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 namespace {
+
+constexpr double kFloatNoise = 1e-5;
 
 bool EndsWith(std::string_view name, std::string_view ending) {
   const auto same = [](char a, char b) {
@@ -96,10 +101,81 @@ ReportView::Line LineOf(const std::vector<ColumnTexts>& columns, std::size_t row
   return line;
 }
 
+bool SameName(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && EndsWith(a, b);
+}
+
+// "TotalValueIn" and "GrpValueIn" hold what belongs below or above the cells of "ValueIn".
+std::string_view SummedBy(std::string_view name) {
+  for (const std::string_view prefix : {std::string_view("Total"), std::string_view("Grp")}) {
+    if (name.size() > prefix.size() && SameName(name.substr(0, prefix.size()), prefix)) {
+      return name.substr(prefix.size());
+    }
+  }
+  return {};
+}
+
+// Moves the sums into the column that they are of, where no line has both.
+void StandBelow(ColumnTexts& sums, ColumnTexts& column) {
+  for (std::size_t row = 0; row < column.texts.size(); ++row) {
+    if (!column.texts[row].empty() && !sums.texts[row].empty()) return;
+  }
+  for (std::size_t row = 0; row < column.texts.size(); ++row) {
+    if (!sums.texts[row].empty()) column.texts[row] = std::move(sums.texts[row]);
+    sums.texts[row].clear();
+  }
+  column.column.numeric = column.column.numeric && sums.column.numeric;
+  sums.content = false;
+}
+
+void StandSumsBelowTheirColumns(std::vector<ColumnTexts>& columns) {
+  const auto with_content =
+      std::ranges::find_if(columns, [](const ColumnTexts& one) { return one.content; });
+  for (ColumnTexts& sums : columns) {
+    if (!sums.content) continue;
+    if (SameName(sums.column.name, "Total") && &sums != &*with_content) {
+      StandBelow(sums, *with_content);  // the word itself, before the line
+      continue;
+    }
+    const std::string_view summed = SummedBy(sums.column.name);
+    const auto column = std::ranges::find_if(columns, [&](const ColumnTexts& one) {
+      return one.content && !summed.empty() && SameName(one.column.name, summed);
+    });
+    if (column != columns.end()) StandBelow(sums, *column);
+  }
+}
+
+// The lines of a stock statement whose closing quantity is not what came in less what went out.
+std::size_t UnbalancedLines(const Recordset& report) {
+  constexpr std::array kTwins = {"QtyOpSort", "QtyInSort", "QtyOutSort", "QtyClSort"};
+  if (!std::ranges::all_of(kTwins, [&](const char* twin) { return report.HasColumn(twin); })) {
+    return 0;
+  }
+  std::array<ColumnHandle, kTwins.size()> columns{};
+  std::ranges::transform(kTwins, columns.begin(),
+                         [&](const char* twin) { return report.Column(twin); });
+  const WorkInHand in_hand;
+  std::size_t lines = 0;
+  for (const Recordset::Row row : report.Rows()) {
+    in_hand.Check();
+    std::array<double, kTwins.size()> quantity{};
+    std::ranges::transform(columns, quantity.begin(), [&](ColumnHandle column) {
+      return row.IsNull(column) ? 0.0 : row[column].ToDouble();
+    });
+    const auto& [opening, inwards, outwards, closing] = quantity;
+    // Quantities are 32-bit floats.
+    const double size = opening + inwards + outwards + 1;
+    if (std::fabs(opening + inwards - outwards - closing) > size * kFloatNoise) ++lines;
+  }
+  return lines;
+}
+
 }  // namespace
 
 ReportView::ReportView(const Recordset& rowset, std::shared_ptr<const Locale> locale)
     : locale_(std::move(locale)) {
+  if (!locale_)
+    throw Error(ErrorNumber::kObjectNotSet, "no locale was given to show the rowset in");
   const bool report = rowset.HasColumn("DummySort");
   const WorkInHand in_hand;
   std::vector<ColumnTexts> columns;
@@ -114,10 +190,17 @@ ReportView::ReportView(const Recordset& rowset, std::shared_ptr<const Locale> lo
     }
     column.Judge(info.type, *locale_);
   }
+  if (report) StandSumsBelowTheirColumns(columns);
   const std::size_t rows = columns.empty() ? 0 : columns.front().texts.size();
   for (std::size_t row = 0; row < rows; ++row) {
     in_hand.Check();
     lines_.push_back(LineOf(columns, row, report));
+  }
+  if (const std::size_t unbalanced = report ? UnbalancedLines(rowset) : 0; unbalanced > 0) {
+    notes_.push_back(
+        "In " + std::to_string(unbalanced) + (unbalanced == 1 ? " line" : " lines") +
+        " the closing quantity is not opening plus inwards less outwards: first in, first out "
+        "holds the opening stock twice in it.");
   }
   for (ColumnTexts& column : columns) {
     if (column.content || (!report && column.only_rules)) {

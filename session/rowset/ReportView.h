@@ -12,7 +12,9 @@
 
 namespace pstolvane1 {
 
-// A rowset with a DummySort column is a report: its twins, keys and rule columns are left out.
+// A rowset with a DummySort column is a report: its twins, keys and rule columns are left out. What
+// stands in a column of sums ("TotalValue", "GrpValue") is shown in the column that it sums
+// ("Value"), as long as no line has a cell in both; so is the word in "Total" in the first column.
 // Other rowsets show all their columns. Chapters and empty columns are always left out.
 class ReportView {
  public:
@@ -37,12 +39,15 @@ class ReportView {
 
   [[nodiscard]] const std::vector<Column>& Columns() const { return columns_; }
   [[nodiscard]] const std::vector<Line>& Lines() const { return lines_; }
+  // What has to be said below the lines, a sentence each; mostly nothing.
+  [[nodiscard]] const std::vector<std::string>& Notes() const { return notes_; }
   [[nodiscard]] const Locale& TheLocale() const { return *locale_; }
 
  private:
   std::shared_ptr<const Locale> locale_;
   std::vector<Column> columns_;
   std::vector<Line> lines_;
+  std::vector<std::string> notes_;
 };
 
 }  // namespace pstolvane1

@@ -177,5 +177,53 @@ TEST(Export, AClosedRowsetIsAnError) {
   EXPECT_THROW((void)ExportJson(*closed), Error);
 }
 
+// Whoever shows a rowset says in which locale.
+TEST(Export, WithoutALocaleItIsAnError) {
+  std::ostringstream out;
+  const auto number = [](const auto& work) {
+    try {
+      work();
+    } catch (const Error& error) {
+      return error.Number();
+    }
+    return ErrorNumber{};
+  };
+  const RecordsetPtr report = Report();
+  EXPECT_EQ(number([&] { ExportHtml(*report, "Sales", nullptr, out); }),
+            ErrorNumber::kObjectNotSet);
+  EXPECT_EQ(number([&] { ExportXlsx(*report, "Sales", nullptr, "/tmp/none.xlsx"); }),
+            ErrorNumber::kObjectNotSet);
+  EXPECT_EQ(out.str(), "");
+}
+
+// Opening 10, in 5, out 4 and closing 21 in the place of 11: the opening counts twice.
+TEST(Export, AClosingQuantityThatDoesNotFollowHasANote) {
+  RecordsetPtr report = Recordset::New();
+  report->Fields().Append("ItemName", adBSTR);
+  for (const char* const name : {"QtyOpSort", "QtyInSort", "QtyOutSort", "QtyClSort"}) {
+    report->Fields().Append(name, adSingle, 0, adFldIsNullable);
+  }
+  report->Fields().Append("DummySort", adBigInt, 0, adFldIsNullable);
+  report->Open();
+  const auto add = [&](const char* name, float closing) {
+    report->AddNew();
+    report->Collect("ItemName", Variant(name));
+    report->Collect("QtyOpSort", 10.0F);
+    report->Collect("QtyInSort", 5.0F);
+    report->Collect("QtyOutSort", 4.0F);
+    report->Collect("QtyClSort", closing);
+    report->Update();
+  };
+  add("Bolt", 11);
+  std::ostringstream balanced, unbalanced;
+  ExportHtml(*report, "Stock", kIndia, balanced);
+  EXPECT_EQ(balanced.str().find("class=\"note\""), std::string::npos);
+  add("Nut", 21);
+  ExportHtml(*report, "Stock", kIndia, unbalanced);
+  EXPECT_NE(unbalanced.str().find("<p class=\"note\">In 1 line the closing quantity is not opening "
+                                  "plus inwards less outwards"),
+            std::string::npos);
+}
+
 }  // namespace
 }  // namespace pstolvane1

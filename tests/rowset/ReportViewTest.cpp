@@ -64,6 +64,50 @@ TEST_F(ReportViewTest, PercentagesAreNumbers) {
   EXPECT_FALSE(view.Columns().at(2).numeric);
 }
 
+// "Total" and its sum have columns of their own in the rowset, which nobody wants to look for.
+TEST(ReportViewSums, StandUnderTheirColumns) {
+  constexpr ReportColumn kColumns[] = {
+      Display("Item"),     Display("Value"),    Display("Total"),    Display("TotalValue"),
+      Display("GrpValue"), Display("TotalQty"), Marker("TotalLine"), NumberTwin("DummySort")};
+  const RecordsetPtr report = NewReportRowset(kColumns);
+  const auto add = [&](const std::vector<std::pair<const char*, const char*>>& cells) {
+    report->AddNew();
+    for (const auto& [column, text] : cells) report->Collect(column, Variant(text));
+    report->Update();
+  };
+  const std::string rule(90, '_');
+  add({{"Item", "Engine"}, {"GrpValue", "₹9.00"}});
+  add({{"Item", "Bolt"}, {"Value", "₹9.00"}});
+  add({{"TotalLine", rule.c_str()}});
+  add({{"Total", "Total"},
+       {"TotalValue", "₹9.00"},
+       {"TotalQty", "3.00"},
+       {"TotalLine", rule.c_str()}});
+  const ReportView view(*report, Locale::Get("en_IN"));
+  Names names;
+  for (const ReportView::Column& column : view.Columns()) names.push_back(column.name);
+  EXPECT_EQ(names, (Names{"Item", "Value", "TotalQty"}));  // nothing sums up to TotalQty
+  EXPECT_TRUE(view.Columns().at(1).numeric);
+  EXPECT_EQ(view.Lines().at(0).cells, (Names{"Engine", "₹9.00", ""}));
+  EXPECT_EQ(view.Lines().at(1).cells, (Names{"Bolt", "₹9.00", ""}));
+  EXPECT_EQ(view.Lines().at(3).cells, (Names{"Total", "₹9.00", "3.00"}));
+  EXPECT_EQ(view.Lines().at(3).kind, Kind::kTotal);
+}
+
+// The last month's line holds the figures of the month and those of the period.
+TEST(ReportViewSums, StayApartWhereALineHasBoth) {
+  constexpr ReportColumn kColumns[] = {Display("Month"), Display("QtyIn"), Display("TotalQtyIn"),
+                                       NumberTwin("DummySort")};
+  const RecordsetPtr report = NewReportRowset(kColumns);
+  report->AddNew();
+  report->Collect("Month", Variant("March"));
+  report->Collect("QtyIn", Variant("2.00"));
+  report->Collect("TotalQtyIn", Variant("7.00"));
+  report->Update();
+  const ReportView view(*report, Locale::Get("en_IN"));
+  EXPECT_EQ(view.Lines().at(0).cells, (Names{"March", "2.00", "7.00"}));
+}
+
 TEST_F(ReportViewTest, LinesAreToldApart) {
   const std::string rule(90, '_');
   Add("Cash", "₹5.00", "");
