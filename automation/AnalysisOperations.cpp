@@ -16,7 +16,8 @@ constexpr Argument kDocuments[] = {
     kYearNotUsed,
     Int32("lngVouchertype_id",
           "The kind of document: a voucher type's SubRelatedTo; 5 uncleared bank items, 9 "
-          "receipts, 43 job cards."),
+          "receipts, 43 job cards.")
+        .Of(kVouchertypes),
     kFrom,
     kTo,
     kReportOrNot,
@@ -87,8 +88,8 @@ constexpr Argument kCommissionDaily[] = {
     kYearNotUsed,
     kFrom,
     kTo,
-    Int32("lngEmployee_Id", "The employee."),
-    Int32("lngItem_id", "The item."),
+    Int32("lngEmployee_Id", "The employee.").Of(kEmployees),
+    Int32("lngItem_id", "The item.").Of(kItems),
     kReportOrNot,
     kScaleOrOne,
     Flag("blnLongDate", "Show dates in full.").Optional(),
@@ -101,20 +102,20 @@ constexpr Argument kColorwise[] = {
     kYear,
     kFrom,
     kTo,
-    Int32("lngItem_id", "The item; 0 is all.").Optional(),
+    Int32("lngItem_id", "The item; 0 is all.").Of(kItems).Optional(),
     kReportOrNot,
     Flag("blnDetailed", kNotUsed).Optional(),
     kStates.Optional(),
     kConsider.Optional(),
 };
 constexpr Argument kColorMonths[] = {
-    kYear, kFrom, kTo, Int32("lngItem_id", "The item."), kColor, kReportOrNot,
+    kYear, kFrom, kTo, Int32("lngItem_id", "The item.").Of(kItems), kColor, kReportOrNot,
 };
 constexpr Argument kColorDays[] = {
     kYear,
     kFrom,
     kTo,
-    Int32("lngItem_id", "The item."),
+    Int32("lngItem_id", "The item.").Of(kItems),
     kColor,
     kReportOrNot,
     Text("sRefSep", "Stands between the parts of a document number.").Optional("/"),
@@ -122,13 +123,13 @@ constexpr Argument kColorDays[] = {
     Flag("blnLongDate", "Show dates in full.").Optional(),
 };
 
-constexpr Argument kCategories[] = {
+constexpr Argument kCategoryTree[] = {
     Flag("blnIsclass", "Item classes in place of categories."),
     kYearNotUsed,
     kFrom,
     kTo,
     Int32("lngId", "The category or class to begin with; 0 is all."),
-    Int32("lngVouchertype_id", "10 for sales, 7 for purchases."),
+    Int32("lngVouchertype_id", "10 for sales, 7 for purchases.").Of(kVouchertypes),
     kReportOrNot,
     Flag("blnDetailed", "A line for each item as well.").Optional(),
     kScale.Optional(),
@@ -140,8 +141,8 @@ constexpr Argument kItemDays[] = {
     kYear,
     kFrom,
     kTo,
-    Int32("Item_id", "The item; -1 is all."),
-    Int32("Ledger_id", "The party; 0 is all."),
+    Int32("Item_id", "The item; -1 is all.").Of(kItems),
+    Int32("Ledger_id", "The party; 0 is all.").Of(kParties),
     Text("strVouchertype", "A condition on the voucher type, or nothing."),
     kReportOrNot,
     kScale.Optional(),
@@ -234,7 +235,7 @@ constexpr Operation kAnalysisOperations[] = {
     Builder("mColorwise_Daily", "The lines of Colorwise_Daily from what was fetched last.",
             kColorDaysType),
     Report("CategoryWise_Initial", LaunchKind::kOpenAndSignal,
-           "Sales or purchases along the tree of categories or classes.", kCategories, {},
+           "Sales or purchases along the tree of categories or classes.", kCategoryTree, {},
            kCategoriesType),
     Report("ItemWise_DlyBkup", LaunchKind::kFetch,
            "Inward and outward quantities day by day, of one item or of all.", kItemDays, {},

@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "automation/Families.h"
+#include "automation/Nearest.h"
 #include "automation/Operations.h"
 #include "session/data/Error.h"
 
@@ -133,6 +134,49 @@ Variant Converted(const Argument& argument, const Variant& value) {
   WrongKind(argument, IsRowset(value) ? "a rowset" : value.ToText());
 }
 
+Variant PresetOf(const Argument& argument) {
+  return argument.preset.empty() ? EmptyValueOf(argument)
+                                 : ValueFromText(argument, argument.preset);
+}
+
+std::string WithUsage(const Operation& operation, std::string_view problem) {
+  return fmt::format("{}: {}; {}", operation.name, problem, UsageOf(operation));
+}
+
+[[noreturn]] void WrongCall(const Operation& operation, const std::string& problem) {
+  throw Error(ErrorNumber::kArgumentOutOfRange, WithUsage(operation, problem));
+}
+
+// "sCode is missing, a text", or a line for each of several.
+std::string Missing(const std::vector<const Argument*>& arguments) {
+  if (arguments.size() == 1) {
+    return fmt::format("{} is missing, a {}", arguments[0]->name, TakesWhat(*arguments[0]));
+  }
+  std::string text = fmt::format("{} arguments are missing:", arguments.size());
+  for (const Argument* argument : arguments) {
+    text += fmt::format("\n  {}, a {}", argument->name, TakesWhat(*argument));
+  }
+  return text;
+}
+
+std::string PresetText(const Argument& argument) {
+  switch (argument.type) {
+    case ArgumentType::kBoolean:
+      return std::string(argument.preset.empty() ? "false" : argument.preset);
+    case ArgumentType::kText:
+      return '"' + std::string(argument.preset) + '"';
+    case ArgumentType::kByte:
+    case ArgumentType::kInt32:
+    case ArgumentType::kEnumeration:
+    case ArgumentType::kSingle:
+      return std::string(argument.preset.empty() ? "0" : argument.preset);
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
 Variant EmptyValueOf(const Argument& argument) {
   switch (argument.type) {
     case ArgumentType::kByte:
@@ -160,37 +204,6 @@ Variant EmptyValueOf(const Argument& argument) {
 bool MayBeLeftOut(const Argument& argument) {
   return argument.optional || argument.type == ArgumentType::kRecord;
 }
-
-Variant PresetOf(const Argument& argument) {
-  return argument.preset.empty() ? EmptyValueOf(argument)
-                                 : ValueFromText(argument, argument.preset);
-}
-
-std::string WithUsage(const Operation& operation, std::string_view problem) {
-  return fmt::format("{}: {}; {}", operation.name, problem, UsageOf(operation));
-}
-
-[[noreturn]] void WrongCall(const Operation& operation, const std::string& problem) {
-  throw Error(ErrorNumber::kArgumentOutOfRange, WithUsage(operation, problem));
-}
-
-std::string PresetText(const Argument& argument) {
-  switch (argument.type) {
-    case ArgumentType::kBoolean:
-      return std::string(argument.preset.empty() ? "false" : argument.preset);
-    case ArgumentType::kText:
-      return '"' + std::string(argument.preset) + '"';
-    case ArgumentType::kByte:
-    case ArgumentType::kInt32:
-    case ArgumentType::kEnumeration:
-    case ArgumentType::kSingle:
-      return std::string(argument.preset.empty() ? "0" : argument.preset);
-    default:
-      return {};
-  }
-}
-
-}  // namespace
 
 std::vector<Slot> SlotsOf(const Operation& operation) {
   std::vector<Slot> slots;
@@ -246,7 +259,10 @@ BoundValues Bind(const Operation& operation, std::span<const NamedValue> values)
     const auto slot = std::find_if(slots.begin(), slots.end(),
                                    [&](const Slot& s) { return SameWord(s.name, one.name); });
     if (slot == slots.end()) {
-      WrongCall(operation, fmt::format("there is no argument \"{}\"", one.name));
+      std::vector<std::string_view> names;
+      for (const Slot& known : slots) names.push_back(known.name);
+      WrongCall(operation, fmt::format("there is no argument \"{}\"{}", one.name,
+                                       DidYouMean(one.name, names)));
     }
     const auto at = static_cast<std::size_t>(slot - slots.begin());
     if (given[at]) WrongCall(operation, fmt::format("{} is given twice", slot->name));
@@ -258,14 +274,17 @@ BoundValues Bind(const Operation& operation, std::span<const NamedValue> values)
     }
     given[at] = true;
   }
+  std::vector<const Argument*> missing;
   for (std::size_t at = 0; at < slots.size(); ++at) {
     if (given[at]) continue;
     const Argument& argument = *slots[at].argument;
-    if (!MayBeLeftOut(argument)) {
-      WrongCall(operation, fmt::format("{} is missing, a {}", argument.name, TakesWhat(argument)));
+    if (MayBeLeftOut(argument)) {
+      bound[at] = PresetOf(argument);
+    } else {
+      missing.push_back(&argument);
     }
-    bound[at] = PresetOf(argument);
   }
+  if (!missing.empty()) WrongCall(operation, Missing(missing));
   return bound;
 }
 

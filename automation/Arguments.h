@@ -46,6 +46,11 @@ using BoundValues = std::vector<Variant>;
 // "whole number from 0 to 255", "date as 2004-03-31", "one of FifoRate, LifoRate ..., or a number".
 [[nodiscard]] std::string TakesWhat(const Argument& argument);
 
+// What an optional argument of this kind is without a preset: 0, False, "", no rowset, day 0.
+[[nodiscard]] Variant EmptyValueOf(const Argument& argument);
+// The argument may be left out of a call.
+[[nodiscard]] bool MayBeLeftOut(const Argument& argument);
+
 // The report type that the operation has with these values; none when it delivers no report.
 [[nodiscard]] std::optional<std::int32_t> ReportTypeOf(const Operation& operation,
                                                        const BoundValues& values);

@@ -28,8 +28,10 @@ constexpr Argument kPriceList[] = {
     Day("dtFromDate", kNotUsed),
     Day("dtToDate", kNotUsed),
     Int32("lngPriceList_Id", kNotUsed),
-    Int32("lngCategory_Id", "The item category; -1 leaves it out of the query.").Optional("-1"),
-    Int32("lngClass_Id", "The item class; -1 is all.").Optional("-1"),
+    Int32("lngCategory_Id", "The item category; -1 leaves it out of the query.")
+        .Of(kCategories)
+        .Optional("-1"),
+    Int32("lngClass_Id", "The item class; -1 is all.").Of(kClasses).Optional("-1"),
     kReport.Optional("true"),
     Text("itemstate", "One item state; nothing and 1,2 are any.").Optional(),
     Text("cosiderforsih", "A condition on the items; the query needs one.").Optional(),

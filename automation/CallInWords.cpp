@@ -5,7 +5,9 @@
 #include <fmt/format.h>
 #include <utility>
 
+#include "automation/Nearest.h"
 #include "automation/Operations.h"
+#include "automation/Words.h"
 #include "session/data/Error.h"
 #include "session/data/TextFold.h"
 
@@ -15,12 +17,7 @@ namespace {
 constexpr std::string_view kSynchronous = "blnReport";
 
 [[noreturn]] void RaiseWrongCall(const std::string& problem, const Operation& operation) {
-  throw WrongCall(problem + "\n\n" + UsageInWords(operation.name));
-}
-
-const Operation& OperationNamed(const std::string& name) {
-  if (const Operation* found = FindOperation(name)) return *found;
-  throw WrongCall("there is no operation \"" + name + "\"; \"stolvane reports\" lists them");
+  throw WrongCall(problem, UsageInWords(operation.name));
 }
 
 // "NAME=VALUE" texts, which name arguments of the operation.
@@ -66,7 +63,48 @@ std::vector<NamedValue> FilterOf(const CallWords& words, const Operation& set_fi
   return values;
 }
 
+bool IsWholeNumber(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// Names become keys, and what people write becomes what programs write.
+void ReadValues(const CallWords& words, const Operation& operation,
+                std::vector<NamedValue>& values) {
+  const auto locale = Locale::Get(words.locale);
+  for (NamedValue& one : values) {
+    const Argument* argument = FindArgument(operation, one.name);
+    if (argument == nullptr) continue;
+    const std::string text = one.value.ToText();
+    const bool name = argument->master != nullptr && !text.empty() && !IsWholeNumber(text);
+    if (name && words.key_of) {
+      one.value = words.key_of(*argument->master, text);
+      continue;
+    }
+    try {
+      one.value = ValueFromWords(*argument, text, *locale);
+    } catch (const Error& error) {
+      RaiseWrongCall(error.Description(), operation);
+    }
+  }
+}
+
+void LeaveOutUnread(const Operation& operation, std::vector<NamedValue>& values) {
+  for (const Argument& argument : operation.arguments) {
+    if (argument.IsRead() || MayBeLeftOut(argument) || Names(values, argument.name)) continue;
+    values.push_back({std::string(argument.name), EmptyValueOf(argument)});
+  }
+}
+
 }  // namespace
+
+const Operation& OperationNamed(const std::string& name) {
+  if (const Operation* found = FindOperation(name)) return *found;
+  std::vector<std::string_view> names;
+  for (const Operation& one : Operations()) names.push_back(one.name);
+  throw WrongCall("there is no operation \"" + name + "\"" + DidYouMean(name, names) +
+                  "; \"stolvane reports\" lists them");
+}
 
 CallInWords::CallInWords(const CallWords& words) : call_(BindCall(words)), cancel_(words.cancel) {
   const auto set = [this](std::string_view name, const auto& values_of) {
@@ -104,6 +142,8 @@ CallInWords::Bound CallInWords::BoundTo(const Operation& operation,
 CallInWords::Bound CallInWords::BindCall(const CallWords& words) {
   const Operation& operation = OperationNamed(words.operation);
   std::vector<NamedValue> values = SplitAll(words.arguments, "argument", operation);
+  ReadValues(words, operation, values);
+  LeaveOutUnread(operation, values);
   if (!Names(values, kSynchronous) && FindArgument(operation, kSynchronous) != nullptr) {
     values.push_back({std::string(kSynchronous), Boolean(!words.asynchronous)});
   }
@@ -134,7 +174,16 @@ std::string Describe(const Operation& operation) {
 std::string UsageInWords(std::string_view operation) {
   const Operation* found = FindOperation(operation);
   if (found == nullptr) return {};
-  return "stolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n" + Describe(*found);
+  std::string usage = "usage: stolvane run ";
+  usage += found->name;
+  usage += " --books CONNECTION";
+  for (const Slot& slot : SlotsOf(*found)) {
+    const Argument& argument = *slot.argument;
+    if (!argument.IsRead() || slot.name == kSynchronous) continue;
+    usage += MayBeLeftOut(argument) ? fmt::format(" [{}=...]", slot.name)
+                                    : fmt::format(" {}=...", slot.name);
+  }
+  return usage + fmt::format("\n\"stolvane reports {}\" says what each of them is\n", found->name);
 }
 
 }  // namespace pstolvane1::automation

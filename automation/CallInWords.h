@@ -2,15 +2,22 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "automation/Calls.h"
 
 namespace pstolvane1::automation {
+
+struct Master;
+
+// The key of a name in the books; WrongCall when it names nobody, or several.
+using KeyOfName = std::function<std::int32_t(const Master& names, const std::string& name)>;
 
 struct CallWords {
   std::string operation;
@@ -23,23 +30,32 @@ struct CallWords {
   std::string locale;                // "" is the user's own
   bool asynchronous = false;         // what blnReport says where no argument does
   bool cancel = false;               // CancelFetching before the call
+  KeyOfName key_of;                  // asked for a name in a key's place; empty: it is refused
 };
 
-// Words that cannot be carried out. The text says what is wrong with them, and below it how the
-// operation or setting is called.
+// Words that cannot be carried out. what() says what is wrong with them.
 class WrongCall : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit WrongCall(const std::string& problem, std::string usage = {})
+      : std::runtime_error(problem), usage_(std::move(usage)) {}
+  // How the operation or setting is called; "" where there is none.
+  [[nodiscard]] const std::string& Usage() const { return usage_; }
+
+ private:
+  std::string usage_;
 };
 
 // A call whose words are right; whether the books have what it asks for is seen when it runs.
 class CallInWords {
  public:
-  // WrongCall for an unknown operation, argument, alias or filter, and for a value of
-  // another kind than its place.
+  // Values may be written as ValueFromWords takes them, and names in the place of keys. What the
+  // operation takes and does not look at may be left out. WrongCall for an unknown operation,
+  // argument, alias or filter, and for a value of another kind than its place.
   explicit CallInWords(const CallWords& words);
 
   [[nodiscard]] const Operation& Called() const { return call_.operation; }
+  // One for each of its slots.
+  [[nodiscard]] const BoundValues& Values() const { return call_.values; }
   // As ReportTypeOf.
   [[nodiscard]] std::optional<std::int32_t> ReportType() const {
     return ReportTypeOf(call_.operation, call_.values);
@@ -67,9 +83,11 @@ class CallInWords {
   bool cancel_;
 };
 
+// By name in any case. WrongCall for an unknown one, with the name that is most like it.
+[[nodiscard]] const Operation& OperationNamed(const std::string& name);
 // The operation with its arguments, over several lines.
 [[nodiscard]] std::string Describe(const Operation& operation);
-// How the operation is called in words; "" for an unknown one.
+// How the operation is called in words, with the arguments that it looks at; "" for an unknown one.
 [[nodiscard]] std::string UsageInWords(std::string_view operation);
 
 }  // namespace pstolvane1::automation

@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "automation/Masters.h"
 #include "automation/Operation.h"
 #include "session/enmValuationMethod.h"
 
@@ -78,8 +79,6 @@ constexpr auto TypesByMethod(TypeOf type_of) {
   }
   return rules;
 }
-
-inline constexpr std::string_view kNotUsed = "Accepted and not used.";
 
 inline constexpr Argument kYear = Byte("bytYearno", "The number of the accounting year.");
 inline constexpr Argument kYearNotUsed = Byte("bytYearno", kNotUsed);

@@ -10,7 +10,7 @@ constexpr std::string_view kOnlyItems =
     "The named group alone, without the groups directly under it; layers always take it alone.";
 
 // The five signatures differ in what two ids and a flag mean.
-constexpr std::array<Argument, 14> Arguments(std::string_view any_id1, std::string_view any_id2,
+constexpr std::array<Argument, 14> Arguments(const Argument& any_id1, const Argument& any_id2,
                                              std::string_view only_items) {
   return {
       kYear,
@@ -18,8 +18,8 @@ constexpr std::array<Argument, 14> Arguments(std::string_view any_id1, std::stri
       kTo,
       OneOf("ValuationMethod", kValuationMethod,
             "How stock is valued; CurrentRate gives an empty result."),
-      Int32("lngAny_Id1", any_id1),
-      Int32("lngAny_Id2", any_id2),
+      any_id1,
+      any_id2,
       kReport,
       Flag("blnDetailed", kNotUsed),
       Flag("blnAltUom", "Fill the columns of the alternate unit."),
@@ -31,10 +31,19 @@ constexpr std::array<Argument, 14> Arguments(std::string_view any_id1, std::stri
   };
 }
 
-constexpr auto kItem = Arguments("The item.", kNotUsed, kNotUsed);
-constexpr auto kGodownItem = And(Arguments("The item.", "The godown.", kNotUsed),
-                                 Int32("lngBatch_id", "The batch; 0 is all.").Optional());
-constexpr auto kGroup = Arguments("The category, class or godown.", kNotUsed, kOnlyItems);
+constexpr Argument kTheItem = Int32("lngAny_Id1", "The item.").Of(kItems);
+constexpr Argument kNoSecond = Int32("lngAny_Id2", kNotUsed);
+
+constexpr auto kItem = Arguments(kTheItem, kNoSecond, kNotUsed);
+constexpr auto kGodownItem =
+    And(Arguments(kTheItem, Int32("lngAny_Id2", "The godown.").Of(kGodowns), kNotUsed),
+        Int32("lngBatch_id", "The batch; 0 is all.").Optional());
+constexpr auto Group(std::string_view help, const Master& groups) {
+  return Arguments(Int32("lngAny_Id1", help).Of(groups), kNoSecond, kOnlyItems);
+}
+constexpr auto kCategory = Group("The category.", kCategories);
+constexpr auto kClass = Group("The class.", kClasses);
+constexpr auto kGodown = Group("The godown.", kGodowns);
 
 template <MonthlyTree tree>
 constexpr auto kMonthlyTypes = TypesByMethod([](enmValuationMethod method) {
@@ -51,11 +60,11 @@ constexpr Operation Ledger(std::string_view name, std::string_view help,
 constexpr Operation kMonthlyOperations[] = {
     Ledger("Monthly_Itemwise", "One item month by month.", kItem,
            kMonthlyTypes<MonthlyTree::kItem>),
-    Ledger("Monthly_Categorywise", "The items of one category month by month.", kGroup,
+    Ledger("Monthly_Categorywise", "The items of one category month by month.", kCategory,
            kMonthlyTypes<MonthlyTree::kCategory>),
-    Ledger("Monthly_Classwise", "The items of one class month by month.", kGroup,
+    Ledger("Monthly_Classwise", "The items of one class month by month.", kClass,
            kMonthlyTypes<MonthlyTree::kClass>),
-    Ledger("Monthly_Godownwise", "The items of one godown month by month.", kGroup,
+    Ledger("Monthly_Godownwise", "The items of one godown month by month.", kGodown,
            kMonthlyTypes<MonthlyTree::kGodown>),
     Ledger("Monthly_GodownItemwise", "One item in one godown month by month.", kGodownItem,
            kMonthlyTypes<MonthlyTree::kGodownItem>),

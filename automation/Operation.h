@@ -28,6 +28,12 @@ struct Enumeration {
   std::span<const EnumName> values;
 };
 
+// What the key in an argument leads to; see Masters.h.
+struct Master;
+
+// The help of an argument that an operation takes and never looks at.
+inline constexpr std::string_view kNotUsed = "Accepted and not used.";
+
 struct Argument {
   std::string_view name;
   ArgumentType type = ArgumentType::kVariant;
@@ -38,7 +44,15 @@ struct Argument {
   // What an optional argument is when it is left out, as a text; "" is the type's empty value: 0,
   // False, "", no rowset, day 0.
   std::string_view preset = {};
-  bool by_reference = false;  // the operation may change the caller's variable
+  bool by_reference = false;       // the operation may change the caller's variable
+  const Master* master = nullptr;  // whose key it is; none for what is no key
+
+  [[nodiscard]] constexpr bool IsRead() const { return help != kNotUsed; }
+  [[nodiscard]] constexpr Argument Of(const Master& names) const {
+    Argument changed = *this;
+    changed.master = &names;
+    return changed;
+  }
 
   [[nodiscard]] constexpr Argument Optional(std::string_view value = {}) const {
     Argument changed = *this;

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "automation/Families.h"
+#include "automation/Nearest.h"
 #include "session/ReportType.h"
 #include "session/data/Error.h"
 #include "session/enmValuationMethod.h"
@@ -23,23 +24,6 @@ char Folded(char c) { return static_cast<char>(std::tolower(static_cast<unsigned
 bool SameName(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](char x, char y) { return Folded(x) == Folded(y); });
-}
-
-// How many letters have to be written, left out or changed to get from one name to the other.
-std::size_t Distance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t above = row[j];
-      const std::size_t change = Folded(a[i - 1]) == Folded(b[j - 1]) ? 0 : 1;
-      row[j] = std::min({above + 1, row[j - 1] + 1, diagonal + change});
-      diagonal = above;
-    }
-  }
-  return row[b.size()];
 }
 
 template <typename Kind, std::size_t N>
@@ -117,7 +101,7 @@ const Operation& GetOperation(std::string_view name) {
   const auto all = Operations();
   const auto nearest =
       std::min_element(all.begin(), all.end(), [&](const Operation& a, const Operation& b) {
-        return Distance(a.name, name) < Distance(b.name, name);
+        return LettersBetween(a.name, name) < LettersBetween(b.name, name);
       });
   throw Error(
       ErrorNumber::kArgumentOutOfRange,

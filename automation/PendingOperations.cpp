@@ -6,8 +6,8 @@
 namespace pstolvane1::automation {
 namespace {
 
-constexpr Argument kItemOrAll = Int32("lngItem_id", "The item; 0 is all.");
-constexpr Argument kLedgerOrAll = Int32("lngLedger_Id", "The party; 0 is all.");
+constexpr Argument kItemOrAll = Int32("lngItem_id", "The item; 0 is all.").Of(kItems);
+constexpr Argument kLedgerOrAll = Int32("lngLedger_Id", "The party; 0 is all.").Of(kParties);
 
 constexpr std::array<Argument, 12> FreeArguments(const Argument& first, const Argument& second) {
   return {
@@ -53,11 +53,14 @@ constexpr std::array<Argument, 13> PendingArguments(const Argument& first, const
           Flag("blnIncludeRelatedVoucherTypes", kNotUsed).Optional("true")};
 }
 
-constexpr auto kByItem = PendingArguments(Int32("lngItem_id", "The item."), kLedgerOrAll);
-constexpr auto kByLedger = PendingArguments(Int32("lngLedger_Id", "The party."), kItemOrAll);
+constexpr auto kByItem =
+    PendingArguments(Int32("lngItem_id", "The item.").Of(kItems), kLedgerOrAll);
+constexpr auto kByLedger =
+    PendingArguments(Int32("lngLedger_Id", "The party.").Of(kParties), kItemOrAll);
 constexpr auto kByEmployee = PendingArguments(
-    Int32("lngEmployee_Id", "The employee."),
-    Int32("lngVouchertype_id", "The kind of document whose chain is followed; 0 is all."));
+    Int32("lngEmployee_Id", "The employee.").Of(kEmployees),
+    Int32("lngVouchertype_id", "The kind of document whose chain is followed; 0 is all.")
+        .Of(kVouchertypes));
 
 constexpr ReportTypeRule kItemType[] = {{0, rtFreeQuantity_Itemwise}};
 constexpr ReportTypeRule kPartyType[] = {{0, rtFreeQuantity_Partywise}};

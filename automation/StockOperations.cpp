@@ -1,29 +1,40 @@
+#include <array>
+
 #include "automation/Families.h"
 #include "session/ValuationReports.h"
 
 namespace pstolvane1::automation {
 namespace {
 
-// One signature serves the four statements.
-constexpr Argument kArguments[] = {
-    kYear,
-    kFrom,
-    kTo,
-    OneOf("ValuationMethod", kValuationMethod,
-          "How stock is valued; CurrentRate gives an empty result."),
-    Int32("lngAny_Id1", "The group whose tree is listed, -1 for all; not used item by item."),
-    Int32("lngAny_Id2", kNotUsed),
-    kReport,
-    Flag("blnDetailed", "A line for each godown and batch as well."),
-    Flag("blnAltUom", "Fill the columns of the alternate unit."),
-    kScale,
-    Flag("blnOnlyItems", "The named group alone, not its tree; not used item by item."),
-    Flag("blnShowOpening", kNotUsed),
-    Flag("blnShowInwards", kNotUsed),
-    Flag("blnShowOutwards", kNotUsed),
-    kConsider.Optional(),
-    kStates.Optional(),
-};
+// The signatures differ in what the first id leads to, and an item statement reads neither it nor
+// the flag that belongs to it.
+constexpr std::array<Argument, 16> Arguments(const Argument& any_id1, std::string_view only_items) {
+  return {kYear,
+          kFrom,
+          kTo,
+          OneOf("ValuationMethod", kValuationMethod,
+                "How stock is valued; CurrentRate gives an empty result."),
+          any_id1,
+          Int32("lngAny_Id2", kNotUsed),
+          kReport,
+          Flag("blnDetailed", "A line for each godown and batch as well."),
+          Flag("blnAltUom", "Fill the columns of the alternate unit."),
+          kScale,
+          Flag("blnOnlyItems", only_items),
+          Flag("blnShowOpening", kNotUsed),
+          Flag("blnShowInwards", kNotUsed),
+          Flag("blnShowOutwards", kNotUsed),
+          kConsider.Optional(),
+          kStates.Optional()};
+}
+
+constexpr std::string_view kTree = "The group whose tree is listed, -1 for all.";
+constexpr std::string_view kAlone = "The named group alone, not its tree.";
+
+constexpr auto kItem = Arguments(Int32("lngAny_Id1", kNotUsed), kNotUsed);
+constexpr auto kCategory = Arguments(Int32("lngAny_Id1", kTree).Of(kCategories), kAlone);
+constexpr auto kClass = Arguments(Int32("lngAny_Id1", kTree).Of(kClasses), kAlone);
+constexpr auto kGodown = Arguments(Int32("lngAny_Id1", kTree).Of(kGodowns), kAlone);
 
 template <StockTree tree>
 constexpr auto kStockTypes = TypesByMethod([](enmValuationMethod method) {
@@ -31,19 +42,20 @@ constexpr auto kStockTypes = TypesByMethod([](enmValuationMethod method) {
 });
 
 constexpr Operation Statement(std::string_view name, std::string_view help,
+                              std::span<const Argument> arguments,
                               std::span<const ReportTypeRule> types) {
-  return {name, "stock",    LaunchKind::kFetch, ReturnKind::kRowset,
-          help, kArguments, "ValuationMethod",  types};
+  return {name, "stock",   LaunchKind::kFetch, ReturnKind::kRowset,
+          help, arguments, "ValuationMethod",  types};
 }
 
 constexpr Operation kStockOperations[] = {
     Statement("StockDetails_Itemwise", "Opening, inwards, outwards and closing stock by item.",
-              kStockTypes<StockTree::kItem>),
-    Statement("StockDetails_Categorywise", "The same under the tree of item categories.",
+              kItem, kStockTypes<StockTree::kItem>),
+    Statement("StockDetails_Categorywise", "The same under the tree of item categories.", kCategory,
               kStockTypes<StockTree::kCategory>),
-    Statement("StockDetails_Classwise", "The same under the tree of item classes.",
+    Statement("StockDetails_Classwise", "The same under the tree of item classes.", kClass,
               kStockTypes<StockTree::kClass>),
-    Statement("StockDetails_Godownwise", "The same under the tree of godowns.",
+    Statement("StockDetails_Godownwise", "The same under the tree of godowns.", kGodown,
               kStockTypes<StockTree::kGodown>),
 };
 

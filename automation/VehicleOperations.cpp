@@ -14,8 +14,9 @@ constexpr Argument kFilterNotUsed = Text("strVouchertypeFilter", kNotUsed);
 constexpr Argument kByModelOrItem =
     Byte("btTypeOfReport", "1 by vehicle model, anything else by labour item.");
 constexpr Argument kByPin = Byte("btTypeOfReport", "1 groups the financiers by pin code.");
-constexpr Argument kMechanic = Int32("Mechanic_id", "The mechanic, in detail; 0 is all.");
-constexpr Argument kHypo = Int32("Hypo_id", "The financier, in detail; 0 is all.");
+constexpr Argument kMechanic =
+    Int32("Mechanic_id", "The mechanic, in detail; 0 is all.").Of(kMechanics);
+constexpr Argument kHypo = Int32("Hypo_id", "The financier, in detail; 0 is all.").Of(kFinanciers);
 
 constexpr Argument kHistory[] = {
     kYear,
@@ -37,7 +38,7 @@ constexpr Argument kFreeService[] = {
     kScale,
     Text("strItemstate", kNotUsed),
     Text("strConsiderForSih", kNotUsed),
-    Int32("Cat_id", "The vehicle category, in detail; 0 and -1 are all."),
+    Int32("Cat_id", "The vehicle category, in detail; 0 and -1 are all.").Of(kCategories),
 };
 constexpr Argument kFreeServiceDaily[] = {
     kAnyType,
@@ -47,7 +48,7 @@ constexpr Argument kFreeServiceDaily[] = {
     kReport,
     Flag("blnDetailed", "Add the lines of each bill."),
     kScale,
-    Int32("Vehicle_id", "The vehicle model."),
+    Int32("Vehicle_id", "The vehicle model.").Of(kItems),
     Rows("rsItms", "Items with ItemNew_id and itemname.").ByReference(),
     Byte("OptNo", kNotUsed),
 };
@@ -73,8 +74,8 @@ constexpr Argument kLabourDaily[] = {
     kReport,
     Flag("blnDetailed", "Add the lines of each bill."),
     kScale,
-    Int32("Mechanic_id", "The mechanic; 0 is all."),
-    Int32("Item_id", "The vehicle model or labour item; 0 is all.").ByReference(),
+    Int32("Mechanic_id", "The mechanic; 0 is all.").Of(kMechanics),
+    Int32("Item_id", "The vehicle model or labour item; 0 is all.").Of(kItems).ByReference(),
     Byte("OptNo", kNotUsed),
     Rows("rsItm", "Items with ItemNew_id and itemname.").ByReference(),
     kByModelOrItem,
@@ -101,8 +102,8 @@ constexpr Argument kHypothecationDaily[] = {
     kReport,
     Flag("blnDetailed", kNotUsed),
     kScale,
-    Int32("Hypo_id", "The financier; 0 is all."),
-    Int32("Item_id", "The vehicle model; 0 is all.").ByReference(),
+    Int32("Hypo_id", "The financier; 0 is all.").Of(kFinanciers),
+    Int32("Item_id", "The vehicle model; 0 is all.").Of(kItems).ByReference(),
     Byte("OptNo", kNotUsed),
     Rows("rsItm", kNotUsed).ByReference(),
     kByPin,

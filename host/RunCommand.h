@@ -2,6 +2,7 @@
 #pragma once
 
 #include "automation/CallInWords.h"
+#include "host/BooksLookup.h"
 #include "host/Output.h"
 
 namespace pstolvane1::host {
@@ -9,10 +10,11 @@ namespace pstolvane1::host {
 struct RunOptions {
   automation::CallWords call;
   bool events = false;
+  bool quiet = false;  // no warnings
   OutputOptions output;
 };
 
-// Error of the report or the books, or WrongCall.
-void Run(const RunOptions& options);
+// Warnings go to standard error, before the result. Error of the report or the books, or WrongCall.
+void Run(const RunOptions& options, BooksLookup& books);
 
 }  // namespace pstolvane1::host

@@ -1,5 +1,12 @@
 #include "host/SqlCommand.h"
 
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <iterator>
+#include <memory>
+
+#include "host/Command.h"
+#include "host/OutputWords.h"
 #include "host/StopSignals.h"
 #include "session/CheckCondition.h"
 #include "session/data/ThreadWork.h"
@@ -9,6 +16,10 @@
 namespace pstolvane1::host {
 
 namespace {
+
+std::string StandardInput() {
+  return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
+}
 
 void ReadAndWrite(const SqlOptions& options, const std::shared_ptr<Connection>& books) {
   const RecordsetPtr rowset = Recordset::New();
@@ -38,6 +49,36 @@ void Sql(const SqlOptions& options) {
   DoUntilSignal(abandon, [&] {
     const WorkInHand in_hand;
     ReadAndWrite(options, books);
+  });
+}
+
+void AddSqlCommand(CLI::App& app, Asked& asked) {
+  const auto options = std::make_shared<SqlOptions>();
+  CLI::App* sql = app.add_subcommand("sql", "One SELECT of the reports' dialect on any database");
+  CLI::Option* const books =
+      sql->add_option("--books", options->books, "the database")->option_text("CONNECTION");
+  sql->add_option("TEXT", options->text, "the SELECT, or the condition; - reads the standard input")
+      ->required();
+  CLI::Option* const condition =
+      sql->add_option("--condition", options->condition_on,
+                      "check TEXT as a condition on these tables of the reports, without books")
+          ->option_text("TABLE,...")
+          ->excludes(books);
+  sql->add_flag("--translate", options->translate, "print the engine's text, do not run it");
+  AddOutput(*sql, options->output);
+  sql->footer(
+      "Examples:\n"
+      "  stolvane sql --books mine.db \"select top 5 * from Items1\"\n"
+      "  stolvane sql --books mine.db - < query.sql\n"
+      "  stolvane sql --condition Desr1,DesrDetails1 \"Desr1.Date > #03/31/2004#\"");
+  sql->callback([&asked, options, books, condition] {
+    if (books->empty() && condition->empty()) throw CLI::RequiredError(books->get_name());
+    options->output.books = options->books;
+    asked.command = [options] {
+      if (options->text == "-") options->text = StandardInput();
+      Sql(*options);
+      return kSuccess;
+    };
   });
 }
 

@@ -139,7 +139,8 @@ TEST(Binding, LeavesOutARowsetThatNobodyGave) {
 TEST(Binding, RefusesAnUnknownNameAndShowsTheArguments) {
   const NamedValue values[] = {{"bytYear", 3}};
   ExpectError(ErrorNumber::kArgumentOutOfRange,
-              "LedgersByCode: there is no argument \"bytYear\"; LedgersByCode bytYearno sCode "
+              "LedgersByCode: there is no argument \"bytYear\"; did you mean \"bytYearno\"?; "
+              "LedgersByCode bytYearno sCode "
               "blnReport",
               [&] { static_cast<void>(Bind(Ledgers(), values)); });
 }

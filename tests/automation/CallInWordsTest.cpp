@@ -36,7 +36,8 @@ TEST(CallInWords, IsReadWholeBeforeTheBooksAreOpened) {
   };
   const Wrong kWrong[] = {
       {[](CallWords& words) { words.operation = "Ledgers"; },
-       "there is no operation \"Ledgers\"; \"stolvane reports\" lists them"},
+       "there is no operation \"Ledgers\"; did you mean \"LedgersByCode\"?; \"stolvane reports\" "
+       "lists them"},
       {[](CallWords& words) { words.arguments.pop_back(); },
        "LedgersByCode: sCode is missing, a text"},
       {[](CallWords& words) { words.arguments.emplace_back("bytYearNo=2"); },
@@ -46,7 +47,7 @@ TEST(CallInWords, IsReadWholeBeforeTheBooksAreOpened) {
       {[](CallWords& words) { words.rowsets = {"sCode=select 1 as one"}; },
        "LedgersByCode: sCode is given twice"},
       {[](CallWords& words) { words.aliases = {"taItems=1"}; },
-       "SetAliases: there is no argument \"taItems\""},
+       "SetAliases: there is no argument \"taItems\"; did you mean \"taItem\"?"},
       {[](CallWords& words) { words.filters = {"OptNo=300"}; },
        "SetFilter: OptNo takes a whole number from 0 to 255, and 300 lies outside"},
       {[](CallWords& words) { words.books_to = "31.3.2004"; },

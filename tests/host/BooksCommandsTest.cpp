@@ -58,5 +58,35 @@ TEST_F(BooksCommands, CheckTellsWhatIsMissing) {
   EXPECT_NE(broken.out.find("Narration"), std::string::npos);
 }
 
+// Aliases and conditions of hosts may use what the reference schema does not have.
+TEST_F(BooksCommands, CopyNamesWhatItHasNoPlaceFor) {
+  folder.Write("books.db", books::test::Content(Books()));
+  const std::string to = folder.File("to.db");
+  {
+    books::test::Database books(File());
+    books.Execute("alter table Items1 add column Shelf text");
+    books.Execute("create table Notes (Note_id integer)");
+  }
+  const Finished refused = Stolvane({"books", "copy", File(), to});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.err,
+            "stolvane: error 3001: nothing is copied: the reference schema has no place for "
+            "Items1.Shelf, Notes; say leave-out to copy the rest\n");
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"books.db"});
+  const Finished copied = Stolvane({"books", "copy", File(), to, "--leave-out"});
+  EXPECT_EQ(copied.status, 0) << copied.err;
+  EXPECT_TRUE(copied.out.ends_with("left out: Items1.Shelf\nleft out: Notes\n")) << copied.out;
+  EXPECT_EQ(books::test::Database(to).Whole("select count(*) from GodownItem1"), 2000);
+}
+
+TEST_F(BooksCommands, CopyTellsTheRowWithATextInPlaceOfANumber) {
+  folder.Write("books.db", books::test::Content(Books()));
+  books::test::Database(File()).Execute("update Items1 set Uom_id = 'abc' where Item_id = 3");
+  const Finished copied = Stolvane({"books", "copy", File(), folder.File("to.db")});
+  EXPECT_EQ(copied.status, 1);
+  EXPECT_NE(copied.err.find("copying Items1 (Item_id 3: Uom_id)"), std::string::npos) << copied.err;
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"books.db"});
+}
+
 }  // namespace
 }  // namespace pstolvane1::host::test

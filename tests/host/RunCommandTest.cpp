@@ -203,15 +203,8 @@ TEST_F(Run, AWorkbookNeedsAFile) {
 }
 
 const std::string kLedgersByCode =
-    "stolvane run OPERATION --books CONNECTION [NAME=VALUE ...]\n"
-    "  LedgersByCode bytYearno sCode blnReport\n"
-    "      The ledgers of some subgroups.\n"
-    "      bytYearno                whole number from 0 to 255. The number of the accounting "
-    "year.\n"
-    "      sCode                    text. Subgroup codes with commas between, or nothing; comes "
-    "back as a condition.\n"
-    "      blnReport                flag, true or false. True returns the report; anything else "
-    "fetches it in the background and delivers it by FetchComplete.\n\n";
+    "usage: stolvane run LedgersByCode --books CONNECTION bytYearno=... sCode=...\n"
+    "\"stolvane reports LedgersByCode\" says what each of them is\n";
 
 TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
   struct Wrong {
@@ -222,7 +215,13 @@ TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
   const std::string parser = "Run with --help for more information.\n";
   const std::vector<Wrong> calls = {
       {{"bytYearno=1", "sCode="}, ""},
-      {{}, name + "bytYearno is missing, a whole number from 0 to 255\n"},
+      {{"sCode="}, name + "bytYearno is missing, a whole number from 0 to 255\n"},
+      {{},
+       name + "2 arguments are missing:\n  bytYearno, a whole number from 0 to 255\n"
+              "  sCode, a text\n"},
+      {{"Year=1", "sCode="}, name + "there is no argument \"Year\"\n"},
+      {{"bytYearnum=1", "sCode="},
+       name + "there is no argument \"bytYearnum\"; did you mean \"bytYearno\"?\n"},
       {{"bytYearno=abc"}, name + "bytYearno takes a whole number from 0 to 255, not \"abc\"\n"},
       {{"bytYearno=256"},
        name + "bytYearno takes a whole number from 0 to 255, and 256 lies "
@@ -242,7 +241,7 @@ TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
     const Finished finished = Stolvane(words);
     EXPECT_EQ(finished.status, told.empty() ? 0 : 2) << told;
     EXPECT_EQ(finished.out.empty(), !told.empty()) << told;
-    EXPECT_EQ(finished.err, told.empty() ? "" : told + "\n" + kLedgersByCode);
+    EXPECT_EQ(finished.err, told.empty() ? "" : kLedgersByCode + told);
   }
 }
 
@@ -250,7 +249,7 @@ TEST_F(Run, WithoutBooksItShowsTheOperationsArguments) {
   const Finished finished = Stolvane({"run", "LedgersByCode", "bytYearno=1", "sCode="});
   EXPECT_EQ(finished.status, 2);
   EXPECT_EQ(finished.err,
-            "--books is required\nRun with --help for more information.\n\n" + kLedgersByCode);
+            kLedgersByCode + "--books is required\nRun with --help for more information.\n");
 }
 
 TEST_F(Run, AWrongSettingShowsTheArgumentsOfItsMember) {
@@ -262,16 +261,17 @@ TEST_F(Run, AWrongSettingShowsTheArgumentsOfItsMember) {
     return finished.err;
   };
   const std::string filter = told("--filter", "OptNo=some");
-  EXPECT_TRUE(filter.starts_with("stolvane: SetFilter: OptNo takes a whole number")) << filter;
-  EXPECT_NE(filter.find("\n  SetFilter strVouchertypeFilter strSubgroupFilter"), std::string::npos);
+  EXPECT_NE(filter.find("\nstolvane: SetFilter: OptNo takes a whole number"), std::string::npos);
+  EXPECT_TRUE(filter.starts_with("usage: stolvane run SetFilter ")) << filter;
   const std::string unnamed = told("--filter", "OptNo");
-  EXPECT_TRUE(unnamed.starts_with("stolvane: \"OptNo\" is no filter: write NAME=VALUE\n\n"));
-  EXPECT_NE(unnamed.find("\n  SetFilter strVouchertypeFilter"), std::string::npos) << unnamed;
+  EXPECT_TRUE(unnamed.ends_with("\nstolvane: \"OptNo\" is no filter: write NAME=VALUE\n"))
+      << unnamed;
   const std::string alias = told("--alias", "taNothing=1");
-  EXPECT_TRUE(alias.starts_with("stolvane: SetAliases: there is no argument \"taNothing\"\n\n"));
-  EXPECT_NE(alias.find("\n  SetAliases [taItem]"), std::string::npos) << alias;
+  EXPECT_TRUE(alias.ends_with("\nstolvane: SetAliases: there is no argument \"taNothing\"\n"))
+      << alias;
   const std::string from = told("--books-from", "31/03/2004");
-  EXPECT_TRUE(from.starts_with("stolvane: SetConnection: dtFromDate takes a date as 2004-03-31"))
+  EXPECT_NE(from.find("stolvane: SetConnection: dtFromDate takes a date as 2004-03-31"),
+            std::string::npos)
       << from;
 }
 
@@ -298,12 +298,19 @@ TEST_F(Run, UnknownAndUnbuiltOperationsAreTold) {
   EXPECT_EQ(Stolvane({"--help"}).status, 0);
 }
 
-TEST_F(Run, ReportsListsEveryOperation) {
+TEST_F(Run, ReportsListsWhatIsBuiltAndDescribesOne) {
   const Finished listed = Stolvane({"reports"});
   EXPECT_EQ(listed.status, 0);
-  EXPECT_NE(listed.out.find("\n  Doc_Initial bytYearno lngVouchertype_id dtFromDate dtToDate"),
+  EXPECT_NE(listed.out.find("\n  Doc_Initial                            Amounts of one kind of "
+                            "document per ledger.\n"),
             std::string::npos);
-  EXPECT_NE(listed.out.find("(not in this version)"), std::string::npos);
+  EXPECT_EQ(listed.out.find("(not in this version)"), std::string::npos);
+  const Finished one = Stolvane({"reports", "doc_initial"});
+  EXPECT_EQ(one.status, 0);
+  EXPECT_TRUE(one.out.starts_with("  Doc_Initial bytYearno lngVouchertype_id dtFromDate dtToDate"));
+  EXPECT_EQ(Stolvane({"reports", "DocInitial"}).err,
+            "stolvane: there is no operation \"DocInitial\"; did you mean \"Doc_Initial\"?; "
+            "\"stolvane reports\" lists them\n");
   const Finished as_json = Stolvane({"reports", "--json"});
   EXPECT_EQ(as_json.status, 0);
   EXPECT_TRUE(json::parse(as_json.out).is_array() || json::parse(as_json.out).is_object());

@@ -43,7 +43,8 @@ TEST_F(StopSignals, AbandonWhatRunsAndLeaveNoFile) {
       file,
       "select a.qty as a, b.qty as b, c.qty as c from godownitem1 as a inner join godownitem1 as b "
       "on a.qty <> b.rate inner join godownitem1 as c on c.qty <> b.rate"};
-  for (const Words& words : {report, in_background, query, many_lines}) {
+  const Words sample = {"books", "sample", folder.File("never.db"), "--movements", "10000000"};
+  for (const Words& words : {report, in_background, query, many_lines, sample}) {
     for (const int signal : {SIGINT, SIGTERM}) {
       const auto begin = std::chrono::steady_clock::now();
       const Finished finished = StolvaneWithSignal(words, signal, 500);

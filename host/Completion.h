@@ -1,0 +1,16 @@
+// Completing what somebody types in a shell.
+#pragma once
+
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace pstolvane1::host {
+
+// A script that bash reads: commands and their options, the operations of "run" and their
+// arguments. It is made of the program's commands and the operations' data.
+[[nodiscard]] std::string BashCompletion(const CLI::App& app);
+
+}  // namespace pstolvane1::host
