@@ -32,8 +32,9 @@ void Write(const Recordset& rowset, std::string_view title, const OutputOptions&
   switch (options.format) {
     case Format::kTable: {
       std::ostringstream table;
-      WriteTable(ReportView(rowset, locale), options.path.empty() && StandardOutputIsTerminal(),
-                 table);
+      const bool terminal = options.path.empty() && StandardOutputIsTerminal();
+      WriteTable(ReportView(rowset, locale), terminal, table, terminal ? TerminalWidth() : 0,
+                 options.columns);
       WriteText(table.str(), options);
       return;
     }

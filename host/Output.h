@@ -13,9 +13,10 @@ enum class Format { kTable, kCsv, kJson, kHtml, kXlsx };
 
 struct OutputOptions {
   Format format = Format::kTable;
-  std::string path;    // empty: standard output
-  std::string locale;  // of the table's, page's and sheet's own texts
-  std::string books;   // that are read; nothing is written to them
+  std::string path;     // empty: standard output
+  std::string locale;   // of the table's, page's and sheet's own texts
+  std::string columns;  // of a table: those that are wanted; "" is what has room
+  std::string books;    // that are read; nothing is written to them
 };
 
 // Writes a rowset; json gives the JSON text where that form is asked for. A file takes its name

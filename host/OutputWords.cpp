@@ -75,6 +75,11 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
           "write into this file")
       ->option_text("PATH");
   command
+      .add_option("--columns", output.columns,
+                  "of a table: these columns, with commas between, or all; without it those that "
+                  "have room")
+      ->option_text("NAME,...");
+  command
       .add_option("--locale", output.locale,
                   "whose separators, dates and symbol's place, as en_IN; without it the user's own")
       ->option_text("LOCALE");

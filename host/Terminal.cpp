@@ -51,6 +51,11 @@ bool Fits(const std::string& text) {
 bool StandardOutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
 bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
 
+std::size_t TerminalWidth() {
+  winsize size{};
+  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
 void Show(const std::string& text) {
   if (StandardOutputIsTerminal() && !Fits(text)) {
     const char* chosen = std::getenv("PAGER");

@@ -7,6 +7,7 @@
 #include <unicode/utf8.h>
 #include <vector>
 
+#include "host/ColumnChoice.h"
 #include "session/data/ThreadWork.h"
 
 namespace pstolvane1::host {
@@ -17,17 +18,37 @@ constexpr std::string_view kBold = "\x1b[1m";
 constexpr std::string_view kDim = "\x1b[2m";
 constexpr std::string_view kPlain = "\x1b[0m";
 
+// In lines of at most so many columns, ended by a line end; a longer word has a line of its own.
+std::string Wrapped(std::string_view text, std::size_t room) {
+  std::string lines;
+  std::size_t used = 0;
+  while (!text.empty()) {
+    const std::string_view word = text.substr(0, std::min(text.find(' '), text.size()));
+    const std::size_t width = DisplayWidth(word);
+    const bool new_line = used > 0 && room > 0 && used + 1 + width > room;
+    if (used > 0) lines += new_line ? '\n' : ' ';
+    lines += word;
+    used = new_line ? width : used + width + (used > 0 ? 1 : 0);
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+  }
+  return lines + '\n';
+}
+
 class TableWriter {
  public:
-  TableWriter(const ReportView& view, bool colour, std::ostream& out)
-      : view_(view), colour_(colour), out_(out) {
+  TableWriter(const ReportView& view, bool colour, std::ostream& out, std::size_t room,
+              const std::string& columns)
+      : view_(view), colour_(colour), out_(out), room_(room) {
     for (std::size_t i = 0; i < view.Columns().size(); ++i) {
       std::size_t width = DisplayWidth(view.Columns()[i].name);
       for (const ReportView::Line& line : view.Lines()) {
         width = std::max(width, DisplayWidth(line.cells[i]));
       }
       widths_.push_back(width);
-      full_width_ += width + (i > 0 ? kGap.size() : 0);
+    }
+    chosen_ = columns.empty() ? ColumnsThatFit(view, widths_, room) : ColumnsNamed(view, columns);
+    for (const std::size_t i : chosen_.shown) {
+      full_width_ += widths_[i] + (full_width_ > 0 ? kGap.size() : 0);
     }
   }
 
@@ -56,13 +77,14 @@ class TableWriter {
       }
     }
     for (const std::string& note : view_.Notes()) out_ << note << '\n';
+    WriteLeftOut();
   }
 
  private:
   void Cells(const std::vector<std::string>& cells, bool bold) {
     std::string text;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      if (i > 0) text += kGap;
+    for (const std::size_t i : chosen_.shown) {
+      if (i != chosen_.shown.front()) text += kGap;
       const std::string blanks(widths_[i] - DisplayWidth(cells[i]), ' ');
       text += view_.Columns()[i].numeric ? blanks + cells[i] : cells[i] + blanks;
     }
@@ -72,6 +94,13 @@ class TableWriter {
     } else {
       out_ << text << '\n';
     }
+  }
+
+  void WriteLeftOut() {
+    if (chosen_.left_out.empty()) return;
+    std::string names;
+    for (const std::string& name : chosen_.left_out) names += (names.empty() ? "" : ", ") + name;
+    out_ << Wrapped("No room for: " + names + ". --columns chooses, \"all\" shows all.", room_);
   }
 
   void Rule(std::string_view stroke) {
@@ -85,7 +114,9 @@ class TableWriter {
   const ReportView& view_;
   bool colour_;
   std::ostream& out_;
+  std::size_t room_;
   std::vector<std::size_t> widths_;
+  ChosenColumns chosen_;
   std::size_t full_width_ = 0;
 };
 
@@ -110,12 +141,13 @@ std::size_t DisplayWidth(std::string_view text) {
   return width;
 }
 
-void WriteTable(const ReportView& view, bool colour, std::ostream& out) {
+void WriteTable(const ReportView& view, bool colour, std::ostream& out, std::size_t room,
+                const std::string& columns) {
   if (view.Columns().empty()) {
     out << "(no lines)\n";
     return;
   }
-  TableWriter(view, colour, out).Write();
+  TableWriter(view, colour, out, room, columns).Write();
 }
 
 }  // namespace pstolvane1::host

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <string>
 #include <string_view>
 
 #include "session/rowset/ReportView.h"
@@ -11,7 +12,10 @@ namespace pstolvane1::host {
 
 // Columns that have content, two blanks apart, numbers to the right; a line under the header, the
 // report's own rule and total lines drawn. With colour, header and totals are bold and lines dim.
-void WriteTable(const ReportView& view, bool colour, std::ostream& out);
+// Columns that do not fit into room, columns of a terminal, are named in a line below; room 0 is
+// no limit. columns names those that are wanted, and then all of them are shown.
+void WriteTable(const ReportView& view, bool colour, std::ostream& out, std::size_t room = 0,
+                const std::string& columns = {});
 
 // The columns of a terminal that a UTF-8 text takes: wide characters two, combining ones none.
 [[nodiscard]] std::size_t DisplayWidth(std::string_view text);

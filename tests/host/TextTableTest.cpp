@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "host/TextTable.h"
+#include "session/data/Error.h"
 #include "session/data/Recordset.h"
 #include "session/rowset/Locale.h"
 #include "session/rowset/ReportView.h"
@@ -48,6 +49,51 @@ TEST(TextTable, ShowsColumnsWithContentNumbersToTheRightAndRulesDrawn) {
             "────────────────\n"
             "Total  ₹1,243.50\n"
             "════════════════\n");
+}
+
+// Item 4 wide, then with the gap 2 before each: QtyOp 7, UomOp 7, Balance 9, Uom 5, Value 7.
+std::string Statement(std::size_t room, const std::string& columns = {}) {
+  const RecordsetPtr rowset = Recordset::New();
+  for (const char* const name : {"Item", "QtyOp", "UomOp", "Balance", "Uom", "Value"}) {
+    rowset->Fields().Append(name, adBSTR);
+  }
+  rowset->Open();
+  rowset->AddNew();
+  const char* const cells[] = {"Bolt", "1.00", "Nos", "2.00", "Nos", "₹9.00"};
+  for (int i = 0; i < 6; ++i)
+    rowset->Collect(rowset->Columns()[static_cast<std::size_t>(i)].name, Variant(cells[i]));
+  rowset->Update();
+  std::ostringstream out;
+  WriteTable(ReportView(*rowset, Locale::Get("en_IN")), false, out, room, columns);
+  return out.str();
+}
+
+TEST(TextTable, TheMostTellingColumnsStandWhereThereIsNoRoomForAll) {
+  EXPECT_EQ(Statement(0), Statement(39));
+  EXPECT_EQ(Statement(38),
+            "Item  Balance  Uom  Value\n"
+            "─────────────────────────\n"
+            "Bolt     2.00  Nos  ₹9.00\n"
+            "No room for: QtyOp, UomOp. --columns\n"
+            "chooses, \"all\" shows all.\n");
+  EXPECT_TRUE(Statement(25).starts_with("Item  Balance  Uom  Value\n"));
+  EXPECT_EQ(Statement(24),
+            "Item  Balance  Uom\n"
+            "──────────────────\n"
+            "Bolt     2.00  Nos\n"
+            "No room for: QtyOp,\n"
+            "UomOp, Value. --columns\n"
+            "chooses, \"all\" shows\n"
+            "all.\n");
+}
+
+TEST(TextTable, ColumnsAreChosenByName) {
+  EXPECT_EQ(Statement(10, "value,ITEM"),
+            "Value  Item\n"
+            "───────────\n"
+            "₹9.00  Bolt\n");
+  EXPECT_EQ(Statement(10, "all"), Statement(0));
+  EXPECT_THROW((void)Statement(0, "Price"), Error);
 }
 
 TEST(TextTable, ColoursOnlyWhereItIsAsked) {

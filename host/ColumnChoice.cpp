@@ -1,0 +1,115 @@
+#include "host/ColumnChoice.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <numeric>
+#include <optional>
+#include <set>
+#include <string_view>
+
+#include "session/data/Error.h"
+#include "session/data/TextFold.h"
+
+namespace pstolvane1::host {
+namespace {
+
+constexpr std::size_t kGap = 2;
+constexpr std::string_view kTelling[] = {"Balance", "QtyClosing",      "Closing",     "Rate",
+                                         "Value",   "QtyClosingValue", "GrossProfit", "ProfitPerc"};
+// A quantity's column and that of its unit.
+constexpr std::string_view kUnits[][2] = {
+    {"Balance", "Uom"},       {"QtyOp", "UomOp"},         {"QtyIn", "UomIn"},
+    {"QtyOut", "UomOut"},     {"AltQty", "AltUom"},       {"AltQtyOp", "AltUomOp"},
+    {"AltQtyIn", "AltUomIn"}, {"AltQtyOut", "AltUomOut"}, {"QtyClosing", "UomClosing"}};
+
+std::optional<std::size_t> PlaceOf(const ReportView& view, std::string_view name) {
+  for (std::size_t i = 0; i < view.Columns().size(); ++i) {
+    if (EqualFolded(view.Columns()[i].name, name)) return i;
+  }
+  return std::nullopt;
+}
+
+// The column with the unit that belongs to it, or that it is the unit of.
+std::vector<std::size_t> Together(const ReportView& view, std::size_t place) {
+  const std::string& name = view.Columns()[place].name;
+  for (const auto& [quantity, unit] : kUnits) {
+    if (!EqualFolded(name, quantity) && !EqualFolded(name, unit)) continue;
+    const auto first = PlaceOf(view, quantity), second = PlaceOf(view, unit);
+    if (first && second) return {*first, *second};
+  }
+  return {place};
+}
+
+// The first column, and the first that holds names.
+std::set<std::size_t> AlwaysShown(const ReportView& view) {
+  std::set<std::size_t> shown = {0};
+  const auto named = std::ranges::find_if(
+      view.Columns(), [](const ReportView::Column& column) { return !column.numeric; });
+  if (named != view.Columns().end()) {
+    shown.insert(static_cast<std::size_t>(named - view.Columns().begin()));
+  }
+  return shown;
+}
+
+std::vector<std::size_t> MostTellingFirst(const ReportView& view,
+                                          const std::set<std::size_t>& always) {
+  std::vector<std::size_t> order(always.begin(), always.end());
+  for (const std::string_view name : kTelling) {
+    if (const auto place = PlaceOf(view, name)) order.push_back(*place);
+  }
+  for (std::size_t place = 1; place < view.Columns().size(); ++place) order.push_back(place);
+  return order;
+}
+
+}  // namespace
+
+ChosenColumns ColumnsThatFit(const ReportView& view, const std::vector<std::size_t>& widths,
+                             std::size_t room) {
+  const std::set<std::size_t> always = AlwaysShown(view);
+  std::set<std::size_t> shown;
+  std::size_t used = 0;
+  for (const std::size_t place : MostTellingFirst(view, always)) {
+    if (shown.contains(place)) continue;
+    const std::vector<std::size_t> together = Together(view, place);
+    const std::size_t needed =
+        std::accumulate(together.begin(), together.end(), std::size_t{0},
+                        [&](std::size_t sum, std::size_t one) { return sum + widths[one] + kGap; });
+    const bool fits = room == 0 || always.contains(place) || used + needed <= room + kGap;
+    if (!fits) continue;
+    used += needed;
+    shown.insert(together.begin(), together.end());
+  }
+  ChosenColumns chosen{{shown.begin(), shown.end()}, {}};
+  for (std::size_t place = 0; place < view.Columns().size(); ++place) {
+    if (!shown.contains(place)) chosen.left_out.push_back(view.Columns()[place].name);
+  }
+  return chosen;
+}
+
+ChosenColumns ColumnsNamed(const ReportView& view, const std::string& names) {
+  ChosenColumns chosen;
+  if (EqualFolded(names, "all")) {
+    for (std::size_t place = 0; place < view.Columns().size(); ++place) {
+      chosen.shown.push_back(place);
+    }
+    return chosen;
+  }
+  for (std::string_view rest = names; !rest.empty();) {
+    const std::size_t comma = std::min(rest.find(','), rest.size());
+    const std::string_view name = rest.substr(0, comma);
+    const auto place = PlaceOf(view, name);
+    if (!place) {
+      std::string known;
+      for (const ReportView::Column& column : view.Columns()) {
+        known += (known.empty() ? "" : ", ") + column.name;
+      }
+      throw Error(ErrorNumber::kArgumentOutOfRange,
+                  fmt::format("the report shows no column \"{}\"; it shows {}", name, known));
+    }
+    chosen.shown.push_back(*place);
+    rest.remove_prefix(std::min(comma + 1, rest.size()));
+  }
+  return chosen;
+}
+
+}  // namespace pstolvane1::host
