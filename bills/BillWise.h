@@ -20,9 +20,9 @@ struct BillWiseArguments {
   RowBuilder builder = nullptr;
 };
 
-// One row a line of the period's sale bills, in no order. Amounts of bills are divided by the scale. Detailed, a shape command whose
-// chapters chsalereceiptbill and, in it, chreceiptbills hold the bill's entries and the receipts
-// against them.
+// One row a line of the period's sale bills, in no order. Amounts of bills are divided by the
+// scale. Detailed, a shape command whose chapters chsalereceiptbill and, in it, chreceiptbills hold
+// the bill's entries and the receipts against them.
 [[nodiscard]] std::string ComposeBillWiseQuery(const BillWiseArguments& arguments,
                                                const DocumentFilter& filter);
 // One row an entry of the period, by date, number and party. Detailed with the lines of the entry's

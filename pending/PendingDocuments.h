@@ -25,9 +25,10 @@ struct PendingArguments {
   std::string strRefSeperator = "/";
 };
 
-// One row a movement of the period, in no order: quantities without a sign, Sum1 what later movements have executed of it, and the type of the document that it
-// executes itself, 0 for none. A movement comes once for each movement of that document in its own
-// place. What is deleted is neither listed nor counted.
+// One row a movement of the period, in no order: quantities without a sign, Sum1 what later
+// movements have executed of it, and the type of the document that it executes itself, 0 for none.
+// A movement comes once for each movement of that document in its own place. What is deleted is
+// neither listed nor counted.
 [[nodiscard]] std::string ComposePending(const PendingArguments& arguments);
 
 // The lines of rsReport that have something pending, each kind under its heading; a heading stays
