@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <ctime>
 #include <optional>
 #include <sqlite3.h>
 #include <string>
@@ -28,6 +29,19 @@ class BareEngine {
   sqlite3* database_ = nullptr;
   std::optional<Error> failure_;
 };
+
+// What this process has used of the processors, all its threads together.
+[[nodiscard]] inline double ProcessorSeconds() {
+  timespec now{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
+template <typename Work>
+double ProcessorSecondsOf(Work&& work) {
+  const double begin = ProcessorSeconds();
+  work();
+  return ProcessorSeconds() - begin;
+}
 
 template <typename Work>
 double SecondsOf(Work&& work) {

@@ -1,9 +1,11 @@
 #include "Contenders.h"
 
 #include <algorithm>
-#include <chrono>
 #include <fstream>
 #include <iterator>
+#include <string_view>
+
+#include "../BareEngine.h"
 
 namespace pstolvane1::bench {
 namespace {
@@ -42,6 +44,16 @@ std::string TextOf(const std::string& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
+// The windows name the column by a shorter name.
+std::string WantedOf(const WindowQuery& query) {
+  std::string wanted = query.wanted;
+  constexpr std::string_view kShort = "Type";
+  if (const auto at = wanted.find(kShort); at != std::string::npos) {
+    wanted.replace(at, kShort.size(), "GOriginalVouchertype_id");
+  }
+  return wanted;
+}
+
 std::string ComposeWindows(const std::string& method) {
   const auto* const query = std::ranges::find(kQueries, method, &WindowQuery::method);
   const std::string text = TextOf(fmt::format("{}.sql", query->file));
@@ -54,13 +66,27 @@ std::string ComposeWindows(const std::string& method) {
 
 }  // namespace
 
+std::vector<std::string> FloorOf(const std::string& method) {
+  const auto* const query = std::ranges::find(kQueries, method, &WindowQuery::method);
+  const std::string text = TextOf(fmt::format("floor/{}.sql", query->file));
+  std::string all = fmt::format(fmt::runtime(text), fmt::arg("direction", query->direction),
+                                fmt::arg("wanted", WantedOf(*query)), fmt::arg("year", kYear),
+                                fmt::arg("from", kFrom), fmt::arg("to", kTo));
+  std::vector<std::string> statements;
+  for (std::size_t end = all.find(';'); end != std::string::npos; end = all.find(';')) {
+    statements.push_back(all.substr(0, end));
+    all.erase(0, end + 1);
+  }
+  return statements;
+}
+
 void Check(int code, sqlite3* database) {
   if (code != SQLITE_OK && code != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database));
 }
 
 Answer InSql(sqlite3* database, const std::string& method) {
   const std::string text = ComposeWindows(method);
-  const auto begin = std::chrono::steady_clock::now();
+  const double begin = ProcessorSeconds();
   sqlite3_stmt* statement = nullptr;
   Check(sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr), database);
   const auto place = [&](const char* name) {
@@ -72,7 +98,7 @@ Answer InSql(sqlite3* database, const std::string& method) {
   if (sqlite3_step(statement) != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(database));
   Answer answer{.value = sqlite3_column_double(statement, 0)};
   Check(sqlite3_finalize(statement), database);
-  answer.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  answer.seconds = ProcessorSeconds() - begin;
   return answer;
 }
 

@@ -193,6 +193,6 @@ def main(path, method, year, begin, to):
     return sum(rate_of(method, items[key[0]], lines, to) * sum(map(signed, lines)) for key, lines in keys.items())
 
 
-started = time.perf_counter()
+started = time.process_time()
 closing = main(*sys.argv[1:6])
-print(f"{time.perf_counter() - started:.4f} {closing:.2f}")
+print(f"{time.process_time() - started:.4f} {closing:.2f}")
