@@ -10,6 +10,7 @@
 
 #include "session/data/Error.h"
 #include "session/data/Provider.h"
+#include "session/data/WaitingFor.h"
 
 namespace pstolvane1 {
 
@@ -22,14 +23,17 @@ class BooksState {
       : provider_(std::move(provider)), time_limit_(time_limit) {}
 
   // The first call takes the state; those that come meanwhile wait for it. When it fails, it fails
-  // for all with the same error: each would only wait as long again.
-  [[nodiscard]] std::shared_ptr<Snapshot> Take() {
+  // for all with the same error: each would only wait as long again. Where the first one's fetch
+  // was stopped, the next takes it.
+  [[nodiscard]] std::shared_ptr<Snapshot> Take(const FetchStop& fetch) {
     const std::lock_guard lock(mutex_);
     if (failure_) throw Error(*failure_);
     if (!snapshot_) {
       try {
+        const WaitingFor waiting(fetch);
         snapshot_ = provider_->TakeSnapshot(time_limit_);
       } catch (const Error& failure) {
+        if (fetch.Stopped()) throw;
         failure_ = failure;
         failed_ = true;
         throw;

@@ -35,7 +35,7 @@ void QueryReader::Read(const shape::QueryPlan& query, const std::vector<ColumnIn
 void QueryReader::ReadChunks(const shape::QueryPlan& query, const std::vector<ColumnInfo>& columns,
                              std::size_t first_rows, const std::function<void(Chunk)>& take) const {
   stop_->Check();
-  const std::shared_ptr<Snapshot> snapshot = state_->Take();
+  const std::shared_ptr<Snapshot> snapshot = state_->Take(*stop_);
   stop_->Check();
   const std::shared_ptr<Cursor> cursor = snapshot->Run(query.select, time_limit_);
   const FetchStop::Running running(*stop_, cursor);

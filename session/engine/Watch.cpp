@@ -1,5 +1,7 @@
 #include "session/engine/Watch.h"
 
+#include "session/data/WaitingFor.h"
+
 namespace pstolvane1 {
 
 Watch::Watch(std::chrono::milliseconds limit,
@@ -11,6 +13,7 @@ Watch::Watch(std::chrono::milliseconds limit,
 }
 
 Stop Watch::Check() const noexcept {
+  if (WaitingFor::Over()) return Stop::kCancelled;
   for (const Seen& seen : seen_) {
     if (seen.signal != nullptr && seen.signal->Count() != seen.count) return Stop::kCancelled;
   }

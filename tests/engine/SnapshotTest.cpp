@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <thread>
 
+#include "session/data/BooksState.h"
+#include "session/data/FetchStop.h"
 #include "tests/engine/TestBooks.h"
 #include "tests/engine/TwinTables.h"
 
@@ -115,6 +117,21 @@ TEST(Snapshots, CancelEndsTheWaitForALock) {
   other.join();
   writer.Run("COMMIT");
   EXPECT_EQ(OneValue(Lines(*provider, kReadA)), "0") << "what starts later is not touched";
+}
+
+TEST(Snapshots, AFetchThatWasStoppedBeforeTheWaitForALockDoesNotWait) {
+  const TestBooks books(TwinTables("DELETE", 10));
+  const auto provider = OpenPlain(books.Path());
+  Writer writer(books.Path());
+  writer.Run("BEGIN EXCLUSIVE");
+  FetchStop stopped;
+  stopped.Stop();
+  BooksState state(provider, kNoLimit);
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(state.Take(stopped)); }),
+            "-2147217900 while waiting for the books: it was cancelled");
+  EXPECT_FALSE(state.Failed());
+  writer.Run("COMMIT");
+  EXPECT_EQ(OneValue(Lines(*state.Take(FetchStop()), kReadA)), "0") << "the next fetch takes it";
 }
 
 TEST(Snapshots, OutliveTheirProvider) {

@@ -115,7 +115,7 @@ Outcome Fetched(Connection& connection, const std::string& text,
   Outcome outcome;
   try {
     const std::shared_ptr<Cursor> cursor = ConnectionAccess::StateToRead(connection)
-                                               ->Take()
+                                               ->Take(FetchStop())
                                                ->Run(text, ConnectionAccess::TimeLimit(connection));
     for (const ColumnInfo& info : cursor->Columns()) outcome.types.push_back(info.type);
     for (const Column& column : columns) {
