@@ -12,6 +12,7 @@
 #include "session/engine/postgres/PostgresProvider.h"
 #include "session/engine/postgres/Schema.h"
 #include "tests/engine/CountedTranslator.h"
+#include "tests/engine/Pause.h"
 #include "tests/engine/Reading.h"
 #include "tests/server/Server.h"
 
@@ -391,7 +392,7 @@ TEST(PostgresCursors, EndAtTheirTimeLimitAndTheServerEndsThem) {
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(ErrorOf([&] { Lines(*snapshot->Run(kEndless, milliseconds(150))); }),
             "-2147217900 while preparing a statement: the time limit of 0.15 s was reached");
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, milliseconds(5000));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, milliseconds(60000));
   EXPECT_THAT(Lines(*snapshot, kCount), ElementsAre("1000"));
   ServerSession server(ServerConnection());
   std::string running;
@@ -407,12 +408,7 @@ TEST(PostgresCursors, EndAtTheirTimeLimitAndTheServerEndsThem) {
 TEST(PostgresCursors, TimeInWhichNobodyReadsDoesNotCount) {
   const Scratch scratch(kThousandRows);
   const auto books = OpenPlain(scratch.ConnectionString());
-  const auto cursor = books->TakeSnapshot(kNoLimit)->Run(
-      "whole N: SELECT a.id FROM @t a, @t b LIMIT 200000", milliseconds(1500));
-  Chunk one(cursor->Columns(), 1);
-  cursor->Read(one);
-  std::this_thread::sleep_for(milliseconds(1600));
-  EXPECT_EQ(Lines(*cursor).size(), 199999U);
+  EXPECT_EQ(RowsBehindAPause(*books, "whole N: SELECT a.id FROM @t a, @t b LIMIT 200000"), 199999U);
 }
 
 TEST(PostgresCursors, CancelFromAnotherThreadAtAnyMoment) {

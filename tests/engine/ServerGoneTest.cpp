@@ -129,15 +129,20 @@ TEST_P(ServerGone, WhileItDoesNotAnswer) {
 
 TEST_P(ServerGone, WhileItDoesNotTakeInALongText) {
   const auto connection = Opened(server_);
+  const std::string text = "select id from t where '" + std::string(400'000, 'a') + "' = 'a'";
+  EXPECT_NE(connection->Translate(text), "") << "read beforehand, because it takes a while";
   const std::optional<Connection::OneState> state(connection);
   EXPECT_EQ(Cell(connection, kCount, GetParam()), "1000");
   connection->CommandTimeout(1);
-  const std::string text = "select id from t where '" + std::string(400'000, 'a') + "' = 'a'";
   server_.Freeze();
   const auto begin = std::chrono::steady_clock::now();
-  const std::string error = FetchError(connection, text, GetParam());
-  EXPECT_EQ(error, "-2147217900 while preparing a statement: the time limit of 1 s was reached");
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+  // Where the machine was so slow that the session has rested for more than a second, it is asked
+  // first whether it is still there.
+  EXPECT_THAT(FetchError(connection, text, GetParam()),
+              AllOf(StartsWith("-2147217900 "),
+                    AnyOf(HasSubstr(" while preparing a statement: the time limit of 1 s"),
+                          HasSubstr(" cannot be opened: the time limit of 1 s"))));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, kHangs);
   server_.Thaw();
 }
 

@@ -103,6 +103,7 @@ TEST_F(StockDispatchTest, TheSimpleAverageOfGodownsIsTheWeightedOne) {
 TEST_F(StockDispatchTest, AMethodWithoutAStatementChangesNothing) {
   Ask(StockTree::kItem, FifoRate);
   const std::string query = MainQuery();
+  EXPECT_FALSE(Opened().empty());  // once all of its queries have been run
   const std::size_t ran = books->Queries().size();
   for (const StockTree tree : kTrees) {
     for (const std::int32_t method : kNoMethods) EXPECT_EQ(Ask(tree, method, "x = 1"), nullptr);
