@@ -5,6 +5,7 @@
 #include <new>
 
 #include "automation/pstolvane1_c.h"
+#include "session/data/OutOfMemory.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -38,8 +39,9 @@ std::int32_t KeepError() noexcept {
       last.number = static_cast<std::int32_t>(error.Number());
       last.text = Visible(Sentence(error));
     } catch (const std::bad_alloc&) {
-      last.number = pst_e_out_of_memory;
-      last.text = "there is not enough memory";
+      const Error error = OutOfMemory();
+      last.number = static_cast<std::int32_t>(error.Number());
+      last.text = error.Description();
     } catch (const std::exception& error) {
       last.text = Visible(error.what());
     } catch (...) {

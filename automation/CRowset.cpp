@@ -141,6 +141,7 @@ int32_t pst_rowset_csv(const pst_rowset* rowset, char** csv) {
   return Guarded([&] {
     char*& result = Given(csv, "place for the CSV");
     std::ostringstream out;
+    out.exceptions(std::ios::badbit);  // else a text for which there is no room would be cut
     pstolvane1::ExportCsv(*Mine(rowset).rows, out);
     result = CopyText(out.str());
   });

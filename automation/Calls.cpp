@@ -7,6 +7,7 @@
 #include "automation/MemberCall.h"
 #include "automation/Operations.h"
 #include "session/data/Error.h"
+#include "session/data/OutOfMemory.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -125,12 +126,15 @@ bool IsBuilt(const Operation& operation) { return FindBuilt(operation) != nullpt
 
 Outcome Call(clsStolvane1& session, const Operation& operation,
              std::span<const NamedValue> values) {
-  const Built& built = GetBuilt(operation);
-  return built.call(session, operation, Bind(operation, values));
+  return TellingWhatRanOut("reading the arguments", [&] {
+    const Built& built = GetBuilt(operation);
+    return built.call(session, operation, Bind(operation, values));
+  });
 }
 
 Outcome Call(clsStolvane1& session, const Operation& operation, const BoundValues& values) {
-  return GetBuilt(operation).call(session, operation, values);
+  return TellingWhatRanOut("reading the arguments",
+                           [&] { return GetBuilt(operation).call(session, operation, values); });
 }
 
 RecordsetPtr OpenSelect(clsStolvane1& session, std::string_view select) {

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@
 #include "host/OutputStream.h"
 #include "host/StopSignals.h"
 #include "session/data/Error.h"
+#include "session/data/OutOfMemory.h"
 
 namespace pstolvane1::host {
 namespace {
@@ -103,6 +105,8 @@ int RunCommandLine(int argc, char** argv) {
     EndBy(stopped.signal);
   } catch (const Error& error) {
     Tell(error);
+  } catch (const std::bad_alloc&) {
+    Tell(OutOfMemory());
   } catch (const std::exception& error) {
     std::cerr << "stolvane: " << error.what() << '\n';
   }

@@ -32,6 +32,7 @@ void Write(const Recordset& rowset, std::string_view title, const OutputOptions&
   switch (options.format) {
     case Format::kTable: {
       std::ostringstream table;
+      table.exceptions(std::ios::badbit);
       const bool terminal = options.path.empty() && StandardOutputIsTerminal();
       WriteTable(ReportView(rowset, locale), terminal, table, terminal ? TerminalWidth() : 0,
                  options.columns);

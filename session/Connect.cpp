@@ -1,9 +1,11 @@
 // SetConnection and the event of its connection.
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "session/ReportFrame.h"
 #include "session/data/ConnectionAccess.h"
+#include "session/data/OutOfMemory.h"
 
 namespace pstolvane1 {
 namespace {
@@ -13,6 +15,8 @@ constexpr int kCommandTimeout = 120;  // seconds
 std::string DescriptionOf(const std::exception_ptr& failure) {
   try {
     std::rethrow_exception(failure);
+  } catch (const std::bad_alloc&) {
+    return OutOfMemory("opening the books").Description();
   } catch (const std::exception& error) {
     return error.what();
   } catch (...) {
@@ -40,14 +44,14 @@ void ReportFrame::SetConnection(std::string_view saved_connection,
     module.strCurrencyPrefix = prefix;
     module.strCurrencySuffix = suffix.empty() ? "Paise" : suffix;
   } catch (...) {
-    const std::string cause = DescriptionOf(std::current_exception());
+    const std::exception_ptr failure = std::current_exception();
     try {
       if (MainCn && MainCn->State() == adStateOpen) MainCn->Close();
-    } catch (const Error&) {  // the failure to tell is the first one
+    } catch (...) {  // the failure to tell is the first one
     }
     MainCn.reset();
     module.blnConnected = false;
-    throw Error(ErrorNumber::kConnection, "Unable to Connect to Database", cause);
+    throw Error(ErrorNumber::kConnection, "Unable to Connect to Database", DescriptionOf(failure));
   }
 }
 

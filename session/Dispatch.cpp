@@ -4,6 +4,7 @@
 
 #include "session/ReportFrame.h"
 #include "session/data/MessageLoop.h"
+#include "session/data/OutOfMemory.h"
 
 namespace pstolvane1 {
 namespace {
@@ -105,8 +106,10 @@ RecordsetPtr ReportFrame::Build(const ReportRow& row) {
                                                         ReportTypeText(lngReportType)));
   }
   cut_short = false;
-  const RecordsetPtr report = row.builder(*this);
-  return row.delivery == Delivery::kAsBuilt ? report : report->Clone(adLockUnspecified);
+  return TellingWhatRanOut("writing the lines of the report", [&] {
+    const RecordsetPtr report = row.builder(*this);
+    return row.delivery == Delivery::kAsBuilt ? report : report->Clone(adLockUnspecified);
+  });
 }
 
 void ReportFrame::BeginManipulating() {

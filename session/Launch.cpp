@@ -5,12 +5,13 @@
 
 #include "session/QueryText.h"
 #include "session/data/OpenTogether.h"
+#include "session/data/OutOfMemory.h"
 #include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 namespace {
 
-void OpenAll(ReportFrame& frame, const SourceQueries& queries, int options) {
+void OpenAllNow(ReportFrame& frame, const SourceQueries& queries, int options) {
   std::optional<Connection::OneState> one_state;
   if (frame.MainCn) one_state.emplace(frame.MainCn);
   if (options == adOptionUnspecified) {
@@ -25,6 +26,10 @@ void OpenAll(ReportFrame& frame, const SourceQueries& queries, int options) {
     const RecordsetPtr rowset = frame.Rowset(query.source);
     rowset->Open(query.text, frame.MainCn, adOpenStatic, adLockReadOnly, options);
   }
+}
+
+void OpenAll(ReportFrame& frame, const SourceQueries& queries, int options) {
+  TellingWhatRanOut("reading the rows of the report", [&] { OpenAllNow(frame, queries, options); });
 }
 
 void Prepare(ReportFrame& frame, const SourceQueries& queries) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "session/OnFrame.h"
 #include "session/POrderTextQuery.h"
 #include "session/ReportFrame.h"
 #include "session/ReportTable.h"
@@ -20,31 +21,40 @@ bool clsStolvane1::SetConnection(std::string_view /*strProvider*/,
                                  std::string_view strConnectionString1, Boolean AsyncConnect,
                                  Date dtFromDate, Date dtToDate, std::string_view strCurrencyPrefix,
                                  std::string_view strCurrencySuffix) {
-  const std::shared_ptr<ReportFrame> frame = frame_;
-  frame->SetConnection(strConnectionString, strConnectionString1, AsyncConnect, dtFromDate,
-                       dtToDate, strCurrencyPrefix, strCurrencySuffix);
-  return true;
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    frame.SetConnection(strConnectionString, strConnectionString1, AsyncConnect, dtFromDate,
+                        dtToDate, strCurrencyPrefix, strCurrencySuffix);
+    return true;
+  });
 }
 
 std::shared_ptr<Connection> clsStolvane1::GetConnectionObject() const { return frame_->MainCn; }
 
-void clsStolvane1::SetLocale(std::string_view name) { frame_->SetLocale(name); }
+void clsStolvane1::SetLocale(std::string_view name) {
+  OnFrame(frame_, [&](ReportFrame& frame) { frame.SetLocale(name); });
+}
 
-void clsStolvane1::SetAliases(const typAliases& pAlias) { frame_->Aliases = pAlias; }
+void clsStolvane1::SetAliases(const typAliases& pAlias) {
+  OnFrame(frame_, [&](ReportFrame& frame) { frame.Aliases = typAliases(pAlias); });
+}
 
 Variant clsStolvane1::SetFilter(std::string_view strVouchertypeFilter,
                                 std::string_view strSubgroupFilter, std::uint8_t btTypeOfentry,
                                 std::uint8_t OptNo) {
-  frame_->module.filter = {std::string(strVouchertypeFilter), std::string(strSubgroupFilter),
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    frame.module.filter = {std::string(strVouchertypeFilter), std::string(strSubgroupFilter),
                            btTypeOfentry, OptNo};
-  return {};
+    return Variant();
+  });
 }
 
 void clsStolvane1::CancelFetching(Boolean cancel) { frame_->blnCancelFetching = cancel; }
 
 bool clsStolvane1::ReportIsWhole() const { return !frame_->cut_short; }
 
-void clsStolvane1::Abandon() { frame_->Abandon(); }
+void clsStolvane1::Abandon() {
+  OnFrame(frame_, [](ReportFrame& frame) { frame.Abandon(); });
+}
 
 bool clsStolvane1::Fetching() const { return frame_->Fetching(); }
 
@@ -54,8 +64,8 @@ Variant clsStolvane1::UserPressedCancel() {
 }
 
 RecordsetPtr clsStolvane1::POrderTextQuery(std::string_view strFilter) {
-  const std::shared_ptr<ReportFrame> frame = frame_;
-  return pstolvane1::POrderTextQuery(*frame, strFilter);
+  return OnFrame(frame_,
+                 [&](ReportFrame& frame) { return pstolvane1::POrderTextQuery(frame, strFilter); });
 }
 
 }  // namespace pstolvane1

@@ -1,5 +1,4 @@
-// The lists and analyses of the public class. Each call keeps its frame to its end: a handler may
-// destroy the session inside it.
+// The lists and analyses of the public class.
 #include "analysis/CategoryWise_Initial.h"
 #include "analysis/Colorwise.h"
 #include "analysis/Commission.h"
@@ -8,11 +7,10 @@
 #include "analysis/ItemWise_DlyBkup.h"
 #include "analysis/LedgersByCode.h"
 #include "analysis/MovementAnalysis.h"
+#include "session/OnFrame.h"
 #include "session/clsStolvane1.h"
 
 namespace pstolvane1 {
-
-using FramePtr = std::shared_ptr<ReportFrame>;
 
 namespace {
 
@@ -46,8 +44,8 @@ DailyArguments Days(MovementSide side, std::int32_t lngId, std::int32_t lngId2, 
 }
 
 // The lines of a report from what was fetched last.
-RecordsetPtr BuildAgain(const FramePtr& frame, ReportType report_type) {
-  return frame->Build(*frame->RowOf(report_type));
+RecordsetPtr BuildAgain(const std::shared_ptr<ReportFrame>& kept, ReportType report_type) {
+  return OnFrame(kept, [&](ReportFrame& frame) { return frame.Build(*frame.RowOf(report_type)); });
 }
 
 }  // namespace
@@ -57,40 +55,49 @@ RecordsetPtr clsStolvane1::Doc_Initial(std::uint8_t bytYearno, std::int32_t lngV
                                        float gScale, Boolean blnNoRel,
                                        std::int32_t /*vhtypeId_NotInc*/,
                                        std::string_view strBillFilter) {
-  return pstolvane1::Doc_Initial(*FramePtr(frame_),
-                                 {.bytYearno = bytYearno,
-                                  .lngVouchertype_id = lngVouchertype_id,
-                                  .dtFromDate = dtFromDate,
-                                  .dtToDate = dtToDate,
-                                  .gScale = gScale,
-                                  .blnNoRel = blnNoRel.IsSet(),
-                                  .strBillFilter = std::string(strBillFilter)},
-                                 blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::Doc_Initial(frame,
+                                   {.bytYearno = bytYearno,
+                                    .lngVouchertype_id = lngVouchertype_id,
+                                    .dtFromDate = dtFromDate,
+                                    .dtToDate = dtToDate,
+                                    .gScale = gScale,
+                                    .blnNoRel = blnNoRel.IsSet(),
+                                    .strBillFilter = std::string(strBillFilter)},
+                                   blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::LedgersByCode(std::uint8_t bytYearno, std::string& sCode,
                                          Boolean blnReport) {
-  return pstolvane1::LedgersByCode(*FramePtr(frame_), bytYearno, sCode, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::LedgersByCode(frame, bytYearno, sCode, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::CustomerItemwise_Analysis(
     ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, Date dtFromDate,
     const Variant& dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
     std::string_view strConsiderForSih, std::string_view strItemstate, RecordsetPtr rsItems) {
-  return MovementAnalysis(*FramePtr(frame_),
-                          Movements(MovementSide::kSales, lngId, dtFromDate, dtToDate.ToDate(),
-                                    blnDetailed, sngScale, strConsiderForSih, strItemstate),
-                          reptype, blnReport, rsItems);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return MovementAnalysis(frame,
+                            Movements(MovementSide::kSales, lngId, dtFromDate, dtToDate.ToDate(),
+                                      blnDetailed, sngScale, strConsiderForSih, strItemstate),
+                            reptype, blnReport, rsItems);
+  });
 }
 
 RecordsetPtr clsStolvane1::Movement_PurchaseReturns_Analysis(
     ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, Date dtFromDate,
     const Variant& dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
     std::string_view strConsiderForSih, std::string_view strItemstate) {
-  return MovementAnalysis(*FramePtr(frame_),
-                          Movements(MovementSide::kPurchases, lngId, dtFromDate, dtToDate.ToDate(),
-                                    blnDetailed, sngScale, strConsiderForSih, strItemstate),
-                          reptype, blnReport, nullptr);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return MovementAnalysis(
+        frame,
+        Movements(MovementSide::kPurchases, lngId, dtFromDate, dtToDate.ToDate(), blnDetailed,
+                  sngScale, strConsiderForSih, strItemstate),
+        reptype, blnReport, nullptr);
+  });
 }
 
 RecordsetPtr clsStolvane1::CustomerItemDaily_Analysis(
@@ -98,10 +105,12 @@ RecordsetPtr clsStolvane1::CustomerItemDaily_Analysis(
     Date dtFromDate, Date dtToDate, Boolean blnReport, Boolean LongDate, float sngScale,
     std::string_view RefSeperator, std::uint8_t /*bytOptional*/, std::string_view strConsiderForSih,
     std::string_view strItemstate) {
-  return DailyAnalysis(*FramePtr(frame_),
-                       Days(MovementSide::kSales, lngId, lngId2, dtFromDate, dtToDate, LongDate,
-                            sngScale, RefSeperator, strConsiderForSih, strItemstate),
-                       reptype, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return DailyAnalysis(frame,
+                         Days(MovementSide::kSales, lngId, lngId2, dtFromDate, dtToDate, LongDate,
+                              sngScale, RefSeperator, strConsiderForSih, strItemstate),
+                         reptype, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::Movement_PurchaseReturns_DailyAnalysis(
@@ -109,24 +118,28 @@ RecordsetPtr clsStolvane1::Movement_PurchaseReturns_DailyAnalysis(
     Date dtFromDate, Date dtToDate, Boolean blnReport, Boolean LongDate, float sngScale,
     std::string_view RefSeperator, std::uint8_t /*bytOptional*/, std::string_view strConsiderForSih,
     std::string_view strItemstate) {
-  return DailyAnalysis(*FramePtr(frame_),
-                       Days(MovementSide::kPurchases, lngId, lngId2, dtFromDate, dtToDate, LongDate,
-                            sngScale, RefSeperator, strConsiderForSih, strItemstate),
-                       reptype, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return DailyAnalysis(frame,
+                         Days(MovementSide::kPurchases, lngId, lngId2, dtFromDate, dtToDate,
+                              LongDate, sngScale, RefSeperator, strConsiderForSih, strItemstate),
+                         reptype, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::Commission_Initial(ReportType& reptype, std::uint8_t /*bytYearno*/,
                                               Date dtFromDate, Date dtToDate, Boolean blnDetailed,
                                               std::int32_t lngId1, Boolean blnReport,
                                               float sngScale, const RecordsetPtr& recitem) {
-  return pstolvane1::Commission_Initial(*FramePtr(frame_),
-                                        {.reptype = reptype,
-                                         .dtFromDate = dtFromDate,
-                                         .dtToDate = dtToDate,
-                                         .blnDetailed = blnDetailed.IsSet(),
-                                         .lngId1 = lngId1,
-                                         .sngScale = sngScale},
-                                        blnReport, recitem);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::Commission_Initial(frame,
+                                          {.reptype = reptype,
+                                           .dtFromDate = dtFromDate,
+                                           .dtToDate = dtToDate,
+                                           .blnDetailed = blnDetailed.IsSet(),
+                                           .lngId1 = lngId1,
+                                           .sngScale = sngScale},
+                                          blnReport, recitem);
+  });
 }
 
 RecordsetPtr clsStolvane1::Commission_Daily(std::uint8_t /*bytYearno*/, Date dtFromDate,
@@ -134,69 +147,71 @@ RecordsetPtr clsStolvane1::Commission_Daily(std::uint8_t /*bytYearno*/, Date dtF
                                             std::int32_t lngItem_id, Boolean blnReport,
                                             float sngScale, Boolean blnLongDate,
                                             std::uint8_t /*bytOpt*/, std::string_view sRefSep) {
-  return pstolvane1::Commission_Daily(*FramePtr(frame_),
-                                      {.dtFromDate = dtFromDate,
-                                       .dtToDate = dtToDate,
-                                       .lngEmployee_Id = lngEmployee_Id,
-                                       .lngItem_id = lngItem_id,
-                                       .sngScale = sngScale,
-                                       .blnUseLongDate = blnLongDate.IsSet(),
-                                       .strRefSeperator = std::string(sRefSep)},
-                                      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::Commission_Daily(frame,
+                                        {.dtFromDate = dtFromDate,
+                                         .dtToDate = dtToDate,
+                                         .lngEmployee_Id = lngEmployee_Id,
+                                         .lngItem_id = lngItem_id,
+                                         .sngScale = sngScale,
+                                         .blnUseLongDate = blnLongDate.IsSet(),
+                                         .strRefSeperator = std::string(sRefSep)},
+                                        blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::Colorwise_Initial(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                              std::int32_t lngItem_id, Boolean blnReport,
                                              Boolean /*blnDetailed*/, std::string_view strItemstate,
                                              std::string_view strConsiderForSih) {
-  return pstolvane1::Colorwise_Initial(*FramePtr(frame_),
-                                       {.bytYearno = bytYearno,
-                                        .dtFromDate = dtFromDate,
-                                        .dtToDate = dtToDate,
-                                        .lngItem_id = lngItem_id,
-                                        .strItemstate = std::string(strItemstate),
-                                        .strConsiderForSih = std::string(strConsiderForSih)},
-                                       blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::Colorwise_Initial(frame,
+                                         {.bytYearno = bytYearno,
+                                          .dtFromDate = dtFromDate,
+                                          .dtToDate = dtToDate,
+                                          .lngItem_id = lngItem_id,
+                                          .strItemstate = std::string(strItemstate),
+                                          .strConsiderForSih = std::string(strConsiderForSih)},
+                                         blnReport);
+  });
 }
 
-RecordsetPtr clsStolvane1::mColorwise_Initial() {
-  return BuildAgain(FramePtr(frame_), rtColorwise_Initial);
-}
+RecordsetPtr clsStolvane1::mColorwise_Initial() { return BuildAgain(frame_, rtColorwise_Initial); }
 
 RecordsetPtr clsStolvane1::Colorwise_Monthly(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                              std::int32_t lngItem_id, std::string_view lngColor_Id,
                                              Boolean blnReport) {
-  return pstolvane1::Colorwise_Monthly(*FramePtr(frame_),
-                                       {.bytYearno = bytYearno,
-                                        .dtFromDate = dtFromDate,
-                                        .dtToDate = dtToDate,
-                                        .lngItem_id = lngItem_id,
-                                        .lngColor_Id = std::string(lngColor_Id)},
-                                       blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::Colorwise_Monthly(frame,
+                                         {.bytYearno = bytYearno,
+                                          .dtFromDate = dtFromDate,
+                                          .dtToDate = dtToDate,
+                                          .lngItem_id = lngItem_id,
+                                          .lngColor_Id = std::string(lngColor_Id)},
+                                         blnReport);
+  });
 }
 
-RecordsetPtr clsStolvane1::mColorwise_Monthly() {
-  return BuildAgain(FramePtr(frame_), rtColorwise_Monthly);
-}
+RecordsetPtr clsStolvane1::mColorwise_Monthly() { return BuildAgain(frame_, rtColorwise_Monthly); }
 
 RecordsetPtr clsStolvane1::Colorwise_Daily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                            std::int32_t lngItem_id, std::string_view lngColor_Id,
                                            Boolean blnReport, std::string_view sRefSep,
                                            std::uint8_t /*bytOpt*/, Boolean blnLongDate) {
-  return pstolvane1::Colorwise_Daily(*FramePtr(frame_),
-                                     {.bytYearno = bytYearno,
-                                      .dtFromDate = dtFromDate,
-                                      .dtToDate = dtToDate,
-                                      .lngItem_id = lngItem_id,
-                                      .lngColor_Id = std::string(lngColor_Id),
-                                      .strRefSeperator = std::string(sRefSep),
-                                      .blnUseLongDate = blnLongDate.IsSet()},
-                                     blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::Colorwise_Daily(frame,
+                                       {.bytYearno = bytYearno,
+                                        .dtFromDate = dtFromDate,
+                                        .dtToDate = dtToDate,
+                                        .lngItem_id = lngItem_id,
+                                        .lngColor_Id = std::string(lngColor_Id),
+                                        .strRefSeperator = std::string(sRefSep),
+                                        .blnUseLongDate = blnLongDate.IsSet()},
+                                       blnReport);
+  });
 }
 
-RecordsetPtr clsStolvane1::mColorwise_Daily() {
-  return BuildAgain(FramePtr(frame_), rtColorwise_Daily);
-}
+RecordsetPtr clsStolvane1::mColorwise_Daily() { return BuildAgain(frame_, rtColorwise_Daily); }
 
 RecordsetPtr clsStolvane1::CategoryWise_Initial(Boolean blnIsclass, std::uint8_t bytYearno,
                                                 Date dtFromDate, Date dtToDate, std::int32_t lngId,
@@ -204,18 +219,20 @@ RecordsetPtr clsStolvane1::CategoryWise_Initial(Boolean blnIsclass, std::uint8_t
                                                 Boolean blnDetailed, float sngScale,
                                                 std::string_view strConsiderForSih,
                                                 std::string_view strItemstate) {
-  return pstolvane1::CategoryWise_Initial(*FramePtr(frame_),
-                                          {.blnIsclass = blnIsclass.IsSet(),
-                                           .bytYearno = bytYearno,
-                                           .dtFromDate = dtFromDate,
-                                           .dtToDate = dtToDate,
-                                           .lngId = lngId,
-                                           .lngVouchertype_id = lngVouchertype_id,
-                                           .blnDetailed = blnDetailed.IsSet(),
-                                           .sngScale = sngScale,
-                                           .strConsiderForSih = std::string(strConsiderForSih),
-                                           .strItemstate = std::string(strItemstate)},
-                                          blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::CategoryWise_Initial(frame,
+                                            {.blnIsclass = blnIsclass.IsSet(),
+                                             .bytYearno = bytYearno,
+                                             .dtFromDate = dtFromDate,
+                                             .dtToDate = dtToDate,
+                                             .lngId = lngId,
+                                             .lngVouchertype_id = lngVouchertype_id,
+                                             .blnDetailed = blnDetailed.IsSet(),
+                                             .sngScale = sngScale,
+                                             .strConsiderForSih = std::string(strConsiderForSih),
+                                             .strItemstate = std::string(strItemstate)},
+                                            blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::ItemWise_DlyBkup(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
@@ -224,23 +241,23 @@ RecordsetPtr clsStolvane1::ItemWise_DlyBkup(std::uint8_t bytYearno, Date dtFromD
                                             float sngScale, std::string_view strConsiderForSih,
                                             std::string_view strItemstate, std::int32_t Cat_id,
                                             Boolean blnIsclass) {
-  return pstolvane1::ItemWise_DlyBkup(*FramePtr(frame_),
-                                      {.bytYearno = bytYearno,
-                                       .dtFromDate = dtFromDate,
-                                       .dtToDate = dtToDate,
-                                       .Item_id = Item_id,
-                                       .Ledger_id = Ledger_id,
-                                       .strVouchertype = std::string(strVouchertype),
-                                       .sngScale = sngScale,
-                                       .strConsiderForSih = std::string(strConsiderForSih),
-                                       .strItemstate = std::string(strItemstate),
-                                       .Cat_id = Cat_id,
-                                       .blnIsclass = blnIsclass.IsSet()},
-                                      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::ItemWise_DlyBkup(frame,
+                                        {.bytYearno = bytYearno,
+                                         .dtFromDate = dtFromDate,
+                                         .dtToDate = dtToDate,
+                                         .Item_id = Item_id,
+                                         .Ledger_id = Ledger_id,
+                                         .strVouchertype = std::string(strVouchertype),
+                                         .sngScale = sngScale,
+                                         .strConsiderForSih = std::string(strConsiderForSih),
+                                         .strItemstate = std::string(strItemstate),
+                                         .Cat_id = Cat_id,
+                                         .blnIsclass = blnIsclass.IsSet()},
+                                        blnReport);
+  });
 }
 
-RecordsetPtr clsStolvane1::mItemwise_DlyBreakup() {
-  return BuildAgain(FramePtr(frame_), rtItemwise_DlyBkup);
-}
+RecordsetPtr clsStolvane1::mItemwise_DlyBreakup() { return BuildAgain(frame_, rtItemwise_DlyBkup); }
 
 }  // namespace pstolvane1

@@ -1,11 +1,10 @@
 // The bill and price reports of the public class.
 #include "bills/BillWise.h"
 #include "bills/MultiplePriceList.h"
+#include "session/OnFrame.h"
 #include "session/clsStolvane1.h"
 
 namespace pstolvane1 {
-
-using FramePtr = std::shared_ptr<ReportFrame>;
 
 namespace {
 
@@ -29,10 +28,11 @@ RecordsetPtr clsStolvane1::BillWiseQuery(std::uint8_t bytYearno, Date dtFromDate
                                          Boolean blnDetailed, Boolean /*blnShowNarration*/,
                                          float sngScale, Boolean /*Detailed*/,
                                          Date /*lastVoucherDate*/, const RecordsetPtr& recitem) {
-  return pstolvane1::BillWiseQuery(
-      *FramePtr(frame_),
-      Asked(bytYearno, dtFromDate, dtToDate, blnUseLongDate, blnDetailed, sngScale), recitem,
-      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::BillWiseQuery(
+        frame, Asked(bytYearno, dtFromDate, dtToDate, blnUseLongDate, blnDetailed, sngScale),
+        recitem, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::BillWiseQuery1(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
@@ -43,10 +43,11 @@ RecordsetPtr clsStolvane1::BillWiseQuery1(std::uint8_t bytYearno, Date dtFromDat
                                           Boolean blnDetailed, Boolean /*blnShowNarration*/,
                                           float sngScale, Boolean /*Detailed*/,
                                           Date /*lastVoucherDate*/, const RecordsetPtr& recitem) {
-  return pstolvane1::BillWiseQuery1(
-      *FramePtr(frame_),
-      Asked(bytYearno, dtFromDate, dtToDate, blnUseLongDate, blnDetailed, sngScale), recitem,
-      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::BillWiseQuery1(
+        frame, Asked(bytYearno, dtFromDate, dtToDate, blnUseLongDate, blnDetailed, sngScale),
+        recitem, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::MultiplePriceList(std::uint8_t /*bytYearno*/, Date /*dtFromDate*/,
@@ -54,8 +55,10 @@ RecordsetPtr clsStolvane1::MultiplePriceList(std::uint8_t /*bytYearno*/, Date /*
                                              std::int32_t lngCategory_Id, std::int32_t lngClass_Id,
                                              Boolean blnReport, std::string_view itemstate,
                                              std::string_view cosiderforsih) {
-  return pstolvane1::MultiplePriceList(*FramePtr(frame_), lngCategory_Id, lngClass_Id, blnReport,
-                                       itemstate, cosiderforsih);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::MultiplePriceList(frame, lngCategory_Id, lngClass_Id, blnReport, itemstate,
+                                         cosiderforsih);
+  });
 }
 
 }  // namespace pstolvane1

@@ -1,10 +1,9 @@
 // The month ledgers of the public class: one, of an item or of a group.
 #include "monthly/Monthly.h"
+#include "session/OnFrame.h"
 #include "session/clsStolvane1.h"
 
 namespace pstolvane1 {
-
-using FramePtr = std::shared_ptr<ReportFrame>;
 
 namespace {
 
@@ -34,10 +33,12 @@ RecordsetPtr clsStolvane1::Monthly_Itemwise(std::uint8_t bytYearno, Date dtFromD
                                             Boolean blnAltUom, float sngScale, Boolean blnOnlyItems,
                                             Boolean /*blnShowOpening*/, Boolean /*blnShowInwards*/,
                                             Boolean /*blnShowOutwards*/) {
-  return Monthly(*FramePtr(frame_),
-                 Asked(MonthlyTree::kItem, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                       lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
-                 blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return Monthly(frame,
+                   Asked(MonthlyTree::kItem, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                         lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
+                   blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::Monthly_Categorywise(
@@ -45,10 +46,12 @@ RecordsetPtr clsStolvane1::Monthly_Categorywise(
     std::int32_t lngAny_Id1, std::int32_t lngAny_Id2, Boolean blnReport, Boolean /*blnDetailed*/,
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/) {
-  return Monthly(*FramePtr(frame_),
-                 Asked(MonthlyTree::kCategory, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                       lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
-                 blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return Monthly(frame,
+                   Asked(MonthlyTree::kCategory, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                         lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
+                   blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::Monthly_Classwise(
@@ -56,10 +59,12 @@ RecordsetPtr clsStolvane1::Monthly_Classwise(
     std::int32_t lngAny_Id1, std::int32_t lngAny_Id2, Boolean blnReport, Boolean /*blnDetailed*/,
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/) {
-  return Monthly(*FramePtr(frame_),
-                 Asked(MonthlyTree::kClass, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                       lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
-                 blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return Monthly(frame,
+                   Asked(MonthlyTree::kClass, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                         lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
+                   blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::Monthly_Godownwise(
@@ -67,10 +72,12 @@ RecordsetPtr clsStolvane1::Monthly_Godownwise(
     std::int32_t lngAny_Id1, std::int32_t lngAny_Id2, Boolean blnReport, Boolean /*blnDetailed*/,
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/) {
-  return Monthly(*FramePtr(frame_),
-                 Asked(MonthlyTree::kGodown, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                       lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
-                 blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return Monthly(frame,
+                   Asked(MonthlyTree::kGodown, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                         lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems),
+                   blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::Monthly_GodownItemwise(
@@ -78,10 +85,12 @@ RecordsetPtr clsStolvane1::Monthly_GodownItemwise(
     std::int32_t lngAny_Id1, std::int32_t lngAny_Id2, Boolean blnReport, Boolean /*blnDetailed*/,
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::int32_t lngBatch_id) {
-  return Monthly(*FramePtr(frame_),
-                 Asked(MonthlyTree::kGodownItem, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                       lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems, lngBatch_id),
-                 blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return Monthly(frame,
+                   Asked(MonthlyTree::kGodownItem, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                         lngAny_Id1, lngAny_Id2, blnAltUom, sngScale, blnOnlyItems, lngBatch_id),
+                   blnReport);
+  });
 }
 
 }  // namespace pstolvane1

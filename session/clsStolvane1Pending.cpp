@@ -2,11 +2,10 @@
 #include "pending/FreeQuantity.h"
 #include "pending/FreeQuantity_Initial.h"
 #include "pending/PendingDocuments.h"
+#include "session/OnFrame.h"
 #include "session/clsStolvane1.h"
 
 namespace pstolvane1 {
-
-using FramePtr = std::shared_ptr<ReportFrame>;
 
 namespace {
 
@@ -62,11 +61,13 @@ RecordsetPtr clsStolvane1::FreeQuantity_Itemwise(std::uint8_t bytYearno, Date dt
                                                  std::uint8_t bytOptional, Boolean blnReport,
                                                  Boolean blnDetailed, Boolean blnShowNarration,
                                                  float sngScale) {
-  return FreeQuantity(*FramePtr(frame_),
-                      AskedLines(FreeQuantityOf::kItem, bytYearno, dtFromDate, dtToDate, lngItem_id,
-                                 lngLedger_Id, blnUseLongDate, strRefSeperator, bytOptional,
-                                 blnDetailed, blnShowNarration, sngScale),
-                      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return FreeQuantity(frame,
+                        AskedLines(FreeQuantityOf::kItem, bytYearno, dtFromDate, dtToDate,
+                                   lngItem_id, lngLedger_Id, blnUseLongDate, strRefSeperator,
+                                   bytOptional, blnDetailed, blnShowNarration, sngScale),
+                        blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::FreeQuantity_Partywise(std::uint8_t bytYearno, Date dtFromDate,
@@ -76,29 +77,35 @@ RecordsetPtr clsStolvane1::FreeQuantity_Partywise(std::uint8_t bytYearno, Date d
                                                   std::uint8_t bytOptional, Boolean blnReport,
                                                   Boolean blnDetailed, Boolean blnShowNarration,
                                                   float sngScale) {
-  return FreeQuantity(*FramePtr(frame_),
-                      AskedLines(FreeQuantityOf::kParty, bytYearno, dtFromDate, dtToDate,
-                                 lngItem_id, lngLedger_Id, blnUseLongDate, strRefSeperator,
-                                 bytOptional, blnDetailed, blnShowNarration, sngScale),
-                      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return FreeQuantity(frame,
+                        AskedLines(FreeQuantityOf::kParty, bytYearno, dtFromDate, dtToDate,
+                                   lngItem_id, lngLedger_Id, blnUseLongDate, strRefSeperator,
+                                   bytOptional, blnDetailed, blnShowNarration, sngScale),
+                        blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::FreeQuantity_Itemwise_Initial(std::uint8_t bytYearno, Date dtFromDate,
                                                          Date dtToDate, Boolean blnReport,
                                                          Boolean blnDetailed, float sngScale) {
-  return FreeQuantity_Initial(
-      *FramePtr(frame_),
-      AskedSums(FreeQuantityOf::kItem, bytYearno, dtFromDate, dtToDate, blnDetailed, sngScale),
-      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return FreeQuantity_Initial(
+        frame,
+        AskedSums(FreeQuantityOf::kItem, bytYearno, dtFromDate, dtToDate, blnDetailed, sngScale),
+        blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::FreeQuantity_Partywise_Initial(std::uint8_t bytYearno, Date dtFromDate,
                                                           Date dtToDate, Boolean blnReport,
                                                           Boolean blnDetailed, float sngScale) {
-  return FreeQuantity_Initial(
-      *FramePtr(frame_),
-      AskedSums(FreeQuantityOf::kParty, bytYearno, dtFromDate, dtToDate, blnDetailed, sngScale),
-      blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return FreeQuantity_Initial(
+        frame,
+        AskedSums(FreeQuantityOf::kParty, bytYearno, dtFromDate, dtToDate, blnDetailed, sngScale),
+        blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::PendingByItem(std::uint8_t bytYearno, std::int32_t lngItem_id,
@@ -108,12 +115,14 @@ RecordsetPtr clsStolvane1::PendingByItem(std::uint8_t bytYearno, std::int32_t ln
                                          Boolean LongDate, Boolean blnShowNarr,
                                          std::string_view strRefSep,
                                          Boolean /*blnIncludeRelatedVoucherTypes*/) {
-  PendingArguments arguments =
-      AskedPending(PendingOf::kItem, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
-                   LongDate, blnShowNarr, strRefSep);
-  arguments.lngItem_id = lngItem_id;
-  arguments.lngLedger_Id = lngLedger_Id;
-  return Pending(*FramePtr(frame_), arguments, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    PendingArguments arguments =
+        AskedPending(PendingOf::kItem, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
+                     LongDate, blnShowNarr, strRefSep);
+    arguments.lngItem_id = lngItem_id;
+    arguments.lngLedger_Id = lngLedger_Id;
+    return Pending(frame, arguments, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::PendingByLedger(std::uint8_t bytYearno, std::int32_t lngLedger_Id,
@@ -123,12 +132,14 @@ RecordsetPtr clsStolvane1::PendingByLedger(std::uint8_t bytYearno, std::int32_t 
                                            Boolean LongDate, Boolean blnShowNarr,
                                            std::string_view strRefSep,
                                            Boolean /*blnIncludeRelatedVoucherTypes*/) {
-  PendingArguments arguments =
-      AskedPending(PendingOf::kLedger, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
-                   LongDate, blnShowNarr, strRefSep);
-  arguments.lngLedger_Id = lngLedger_Id;
-  arguments.lngItem_id = lngItem_id;
-  return Pending(*FramePtr(frame_), arguments, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    PendingArguments arguments =
+        AskedPending(PendingOf::kLedger, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
+                     LongDate, blnShowNarr, strRefSep);
+    arguments.lngLedger_Id = lngLedger_Id;
+    arguments.lngItem_id = lngItem_id;
+    return Pending(frame, arguments, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::PendingByEmployee(std::uint8_t bytYearno, std::int32_t lngEmployee_Id,
@@ -138,12 +149,14 @@ RecordsetPtr clsStolvane1::PendingByEmployee(std::uint8_t bytYearno, std::int32_
                                              Boolean LongDate, Boolean blnShowNarr,
                                              std::string_view strRefSep,
                                              Boolean /*blnIncludeRelatedVoucherTypes*/) {
-  PendingArguments arguments =
-      AskedPending(PendingOf::kEmployee, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
-                   LongDate, blnShowNarr, strRefSep);
-  arguments.lngEmployee_Id = lngEmployee_Id;
-  arguments.lngVouchertype_id = lngVouchertype_id;
-  return Pending(*FramePtr(frame_), arguments, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    PendingArguments arguments =
+        AskedPending(PendingOf::kEmployee, bytYearno, dtFromDate, dtToDate, sngScale, blnDetailed,
+                     LongDate, blnShowNarr, strRefSep);
+    arguments.lngEmployee_Id = lngEmployee_Id;
+    arguments.lngVouchertype_id = lngVouchertype_id;
+    return Pending(frame, arguments, blnReport);
+  });
 }
 
 }  // namespace pstolvane1

@@ -1,10 +1,9 @@
 // The stock statements of the public class: one, under four trees.
+#include "session/OnFrame.h"
 #include "session/clsStolvane1.h"
 #include "stock/StockDetails.h"
 
 namespace pstolvane1 {
-
-using FramePtr = std::shared_ptr<ReportFrame>;
 
 namespace {
 
@@ -31,10 +30,12 @@ RecordsetPtr clsStolvane1::StockDetails_Itemwise(
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
     std::string_view strItemstate) {
-  return StockDetails(*FramePtr(frame_),
-                      Asked(StockTree::kItem, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                            lngAny_Id1, blnDetailed, blnAltUom, sngScale, blnOnlyItems),
-                      blnReport, strConsiderForSih, strItemstate);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return StockDetails(frame,
+                        Asked(StockTree::kItem, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                              lngAny_Id1, blnDetailed, blnAltUom, sngScale, blnOnlyItems),
+                        blnReport, strConsiderForSih, strItemstate);
+  });
 }
 
 RecordsetPtr clsStolvane1::StockDetails_Categorywise(
@@ -43,10 +44,13 @@ RecordsetPtr clsStolvane1::StockDetails_Categorywise(
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
     std::string_view strItemstate) {
-  return StockDetails(*FramePtr(frame_),
-                      Asked(StockTree::kCategory, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                            lngAny_Id1, blnDetailed, blnAltUom, sngScale, blnOnlyItems),
-                      blnReport, strConsiderForSih, strItemstate);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return StockDetails(
+        frame,
+        Asked(StockTree::kCategory, bytYearno, dtFromDate, dtToDate, ValuationMethod, lngAny_Id1,
+              blnDetailed, blnAltUom, sngScale, blnOnlyItems),
+        blnReport, strConsiderForSih, strItemstate);
+  });
 }
 
 RecordsetPtr clsStolvane1::StockDetails_Classwise(
@@ -55,10 +59,12 @@ RecordsetPtr clsStolvane1::StockDetails_Classwise(
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
     std::string_view strItemstate) {
-  return StockDetails(*FramePtr(frame_),
-                      Asked(StockTree::kClass, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                            lngAny_Id1, blnDetailed, blnAltUom, sngScale, blnOnlyItems),
-                      blnReport, strConsiderForSih, strItemstate);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return StockDetails(frame,
+                        Asked(StockTree::kClass, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                              lngAny_Id1, blnDetailed, blnAltUom, sngScale, blnOnlyItems),
+                        blnReport, strConsiderForSih, strItemstate);
+  });
 }
 
 RecordsetPtr clsStolvane1::StockDetails_Godownwise(
@@ -67,10 +73,12 @@ RecordsetPtr clsStolvane1::StockDetails_Godownwise(
     Boolean blnAltUom, float sngScale, Boolean blnOnlyItems, Boolean /*blnShowOpening*/,
     Boolean /*blnShowInwards*/, Boolean /*blnShowOutwards*/, std::string_view strConsiderForSih,
     std::string_view strItemstate) {
-  return StockDetails(*FramePtr(frame_),
-                      Asked(StockTree::kGodown, bytYearno, dtFromDate, dtToDate, ValuationMethod,
-                            lngAny_Id1, blnDetailed, blnAltUom, sngScale, blnOnlyItems),
-                      blnReport, strConsiderForSih, strItemstate);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return StockDetails(frame,
+                        Asked(StockTree::kGodown, bytYearno, dtFromDate, dtToDate, ValuationMethod,
+                              lngAny_Id1, blnDetailed, blnAltUom, sngScale, blnOnlyItems),
+                        blnReport, strConsiderForSih, strItemstate);
+  });
 }
 
 }  // namespace pstolvane1

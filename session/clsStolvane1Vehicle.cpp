@@ -1,5 +1,5 @@
-// The vehicle and workshop reports of the public class. Each call keeps its frame to its end: a
-// handler may destroy the session inside it.
+// The vehicle and workshop reports of the public class.
+#include "session/OnFrame.h"
 #include "session/clsStolvane1.h"
 #include "vehicle/BuyerReport.h"
 #include "vehicle/ClaimReport.h"
@@ -15,8 +15,6 @@
 #include "vehicle/VehicleSearch.h"
 
 namespace pstolvane1 {
-
-using FramePtr = std::shared_ptr<ReportFrame>;
 
 namespace {
 
@@ -46,14 +44,16 @@ RecordsetPtr clsStolvane1::ServiceReportRegno(std::uint8_t bytYearno, Date dtFro
                                               Date dtToDate, Boolean blnReport, Boolean blnDetailed,
                                               float sngScale, std::string_view strFilter,
                                               const RecordsetPtr& rsItm) {
-  return pstolvane1::ServiceReportRegno(*FramePtr(frame_),
-                                        {.bytYearno = bytYearno,
-                                         .dtFromDate = dtFromDate,
-                                         .dtToDate = dtToDate,
-                                         .blnDetailed = blnDetailed.IsSet(),
-                                         .sngScale = sngScale,
-                                         .strFilter = std::string(strFilter)},
-                                        rsItm, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::ServiceReportRegno(frame,
+                                          {.bytYearno = bytYearno,
+                                           .dtFromDate = dtFromDate,
+                                           .dtToDate = dtToDate,
+                                           .blnDetailed = blnDetailed.IsSet(),
+                                           .sngScale = sngScale,
+                                           .strFilter = std::string(strFilter)},
+                                          rsItm, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::FreeServiceReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
@@ -61,14 +61,16 @@ RecordsetPtr clsStolvane1::FreeServiceReport(std::uint8_t bytYearno, Date dtFrom
                                              std::string_view /*strItemstate*/,
                                              std::string_view /*strConsiderForSih*/,
                                              std::int32_t Cat_id) {
-  return pstolvane1::FreeServiceReport(*FramePtr(frame_),
-                                       {.bytYearno = bytYearno,
-                                        .dtFromDate = dtFromDate,
-                                        .dtToDate = dtToDate,
-                                        .blnDetailed = blnDetailed.IsSet(),
-                                        .sngScale = sngScale,
-                                        .Cat_id = Cat_id},
-                                       blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::FreeServiceReport(frame,
+                                         {.bytYearno = bytYearno,
+                                          .dtFromDate = dtFromDate,
+                                          .dtToDate = dtToDate,
+                                          .blnDetailed = blnDetailed.IsSet(),
+                                          .sngScale = sngScale,
+                                          .Cat_id = Cat_id},
+                                         blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::FreeServiceReportDaily(ReportType reptype, std::uint8_t bytYearno,
@@ -77,14 +79,16 @@ RecordsetPtr clsStolvane1::FreeServiceReportDaily(ReportType reptype, std::uint8
                                                   std::int32_t Vehicle_id,
                                                   const RecordsetPtr& rsItms,
                                                   std::uint8_t /*OptNo*/) {
-  return pstolvane1::FreeServiceReportDaily(*FramePtr(frame_), reptype,
-                                            {.bytYearno = bytYearno,
-                                             .dtFromDate = dtFromDate,
-                                             .dtToDate = dtToDate,
-                                             .blnDetailed = blnDetailed.IsSet(),
-                                             .sngScale = sngScale,
-                                             .Vehicle_id = Vehicle_id},
-                                            rsItms, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::FreeServiceReportDaily(frame, reptype,
+                                              {.bytYearno = bytYearno,
+                                               .dtFromDate = dtFromDate,
+                                               .dtToDate = dtToDate,
+                                               .blnDetailed = blnDetailed.IsSet(),
+                                               .sngScale = sngScale,
+                                               .Vehicle_id = Vehicle_id},
+                                              rsItms, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::MechanicLabourReport(
@@ -92,15 +96,17 @@ RecordsetPtr clsStolvane1::MechanicLabourReport(
     float sngScale, std::string_view /*strItemstate*/, std::string_view /*strConsiderForSih*/,
     std::int32_t Mechanic_id, std::uint8_t btTypeOfReport,
     std::string_view /*strVouchertypeFilter*/) {
-  return pstolvane1::MechanicLabourReport(*FramePtr(frame_),
-                                          {.bytYearno = bytYearno,
-                                           .dtFromDate = dtFromDate,
-                                           .dtToDate = dtToDate,
-                                           .blnDetailed = blnDetailed.IsSet(),
-                                           .sngScale = sngScale,
-                                           .Mechanic_id = Mechanic_id,
-                                           .btTypeOfReport = btTypeOfReport},
-                                          blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::MechanicLabourReport(frame,
+                                            {.bytYearno = bytYearno,
+                                             .dtFromDate = dtFromDate,
+                                             .dtToDate = dtToDate,
+                                             .blnDetailed = blnDetailed.IsSet(),
+                                             .sngScale = sngScale,
+                                             .Mechanic_id = Mechanic_id,
+                                             .btTypeOfReport = btTypeOfReport},
+                                            blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::MechanicLabourReportDaily(
@@ -108,16 +114,18 @@ RecordsetPtr clsStolvane1::MechanicLabourReportDaily(
     Boolean blnDetailed, float sngScale, std::int32_t Mechanic_id, std::int32_t Item_id,
     std::uint8_t /*OptNo*/, const RecordsetPtr& rsItm, std::uint8_t btTypeOfReport,
     std::string_view /*strVouchertypeFilter*/) {
-  return pstolvane1::MechanicLabourReportDaily(*FramePtr(frame_), reptype,
-                                               {.bytYearno = bytYearno,
-                                                .dtFromDate = dtFromDate,
-                                                .dtToDate = dtToDate,
-                                                .blnDetailed = blnDetailed.IsSet(),
-                                                .sngScale = sngScale,
-                                                .Mechanic_id = Mechanic_id,
-                                                .Item_id = Item_id,
-                                                .btTypeOfReport = btTypeOfReport},
-                                               rsItm, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::MechanicLabourReportDaily(frame, reptype,
+                                                 {.bytYearno = bytYearno,
+                                                  .dtFromDate = dtFromDate,
+                                                  .dtToDate = dtToDate,
+                                                  .blnDetailed = blnDetailed.IsSet(),
+                                                  .sngScale = sngScale,
+                                                  .Mechanic_id = Mechanic_id,
+                                                  .Item_id = Item_id,
+                                                  .btTypeOfReport = btTypeOfReport},
+                                                 rsItm, blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::HypoReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
@@ -126,15 +134,17 @@ RecordsetPtr clsStolvane1::HypoReport(std::uint8_t bytYearno, Date dtFromDate, D
                                       std::string_view /*strConsiderForSih*/, std::int32_t Hypo_id,
                                       std::uint8_t btTypeOfReport,
                                       std::string_view /*strVouchertypeFilter*/) {
-  return pstolvane1::HypoReport(*FramePtr(frame_),
-                                {.bytYearno = bytYearno,
-                                 .dtFromDate = dtFromDate,
-                                 .dtToDate = dtToDate,
-                                 .blnDetailed = blnDetailed.IsSet(),
-                                 .sngScale = sngScale,
-                                 .Hypo_id = Hypo_id,
-                                 .btTypeOfReport = btTypeOfReport},
-                                blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::HypoReport(frame,
+                                  {.bytYearno = bytYearno,
+                                   .dtFromDate = dtFromDate,
+                                   .dtToDate = dtToDate,
+                                   .blnDetailed = blnDetailed.IsSet(),
+                                   .sngScale = sngScale,
+                                   .Hypo_id = Hypo_id,
+                                   .btTypeOfReport = btTypeOfReport},
+                                  blnReport);
+  });
 }
 
 RecordsetPtr clsStolvane1::HypoReportDaily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
@@ -143,15 +153,17 @@ RecordsetPtr clsStolvane1::HypoReportDaily(std::uint8_t bytYearno, Date dtFromDa
                                            std::uint8_t /*OptNo*/, const RecordsetPtr& /*rsItm*/,
                                            std::uint8_t /*btTypeOfReport*/,
                                            std::string_view /*strVouchertypeFilter*/) {
-  return pstolvane1::HypoReportDaily(*FramePtr(frame_),
-                                     {.bytYearno = bytYearno,
-                                      .dtFromDate = dtFromDate,
-                                      .dtToDate = dtToDate,
-                                      .blnDetailed = blnDetailed.IsSet(),
-                                      .sngScale = sngScale,
-                                      .Hypo_id = Hypo_id,
-                                      .Item_id = Item_id},
-                                     blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::HypoReportDaily(frame,
+                                       {.bytYearno = bytYearno,
+                                        .dtFromDate = dtFromDate,
+                                        .dtToDate = dtToDate,
+                                        .blnDetailed = blnDetailed.IsSet(),
+                                        .sngScale = sngScale,
+                                        .Hypo_id = Hypo_id,
+                                        .Item_id = Item_id},
+                                       blnReport);
+  });
 }
 
 Variant clsStolvane1::ClaimReport(std::uint8_t /*bytYearno*/, Date dtFromDate, Date dtToDate,
@@ -160,12 +172,14 @@ Variant clsStolvane1::ClaimReport(std::uint8_t /*bytYearno*/, Date dtFromDate, D
                                   std::uint8_t /*bytOptional*/, Boolean blnReport,
                                   Boolean /*blnDetailed*/, Boolean /*blnShowNarration*/,
                                   float sngScale, const RecordsetPtr& recitem) {
-  return InVariant(pstolvane1::ClaimReport(*FramePtr(frame_),
-                                           {.dtFromDate = dtFromDate,
-                                            .dtToDate = dtToDate,
-                                            .strRefSeperator = std::string(strRefSeperator),
-                                            .sngScale = sngScale},
-                                           recitem, blnReport));
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return InVariant(pstolvane1::ClaimReport(frame,
+                                             {.dtFromDate = dtFromDate,
+                                              .dtToDate = dtToDate,
+                                              .strRefSeperator = std::string(strRefSeperator),
+                                              .sngScale = sngScale},
+                                             recitem, blnReport));
+  });
 }
 
 RecordsetPtr clsStolvane1::AutoSearch(ReportType reptype, std::uint8_t bytYearno, Date dtFromDate,
@@ -175,10 +189,11 @@ RecordsetPtr clsStolvane1::AutoSearch(ReportType reptype, std::uint8_t bytYearno
                                       std::string_view strBillFilter,
                                       std::string_view strVouchertype,
                                       std::int32_t lngSubRelatedTo) {
-  return pstolvane1::AutoSearch(
-      *FramePtr(frame_),
-      Asked(reptype, bytYearno, dtFromDate, dtToDate, strCriteria, sngScale, strBuyerFilter,
-            billbybill_id, strBillFilter, strVouchertype, lngSubRelatedTo));
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::AutoSearch(frame, Asked(reptype, bytYearno, dtFromDate, dtToDate,
+                                               strCriteria, sngScale, strBuyerFilter, billbybill_id,
+                                               strBillFilter, strVouchertype, lngSubRelatedTo));
+  });
 }
 
 RecordsetPtr clsStolvane1::RTOInsSearch(ReportType reptype, std::uint8_t bytYearno, Date dtFromDate,
@@ -188,10 +203,12 @@ RecordsetPtr clsStolvane1::RTOInsSearch(ReportType reptype, std::uint8_t bytYear
                                         std::string_view strBillFilter,
                                         std::string_view strVouchertype,
                                         std::int32_t lngSubRelatedTo) {
-  return pstolvane1::RTOInsSearch(
-      *FramePtr(frame_),
-      Asked(reptype, bytYearno, dtFromDate, dtToDate, strCriteria, sngScale, strBuyerFilter,
-            billbybill_id, strBillFilter, strVouchertype, lngSubRelatedTo));
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::RTOInsSearch(
+        frame,
+        Asked(reptype, bytYearno, dtFromDate, dtToDate, strCriteria, sngScale, strBuyerFilter,
+              billbybill_id, strBillFilter, strVouchertype, lngSubRelatedTo));
+  });
 }
 
 RecordsetPtr clsStolvane1::AutoSearchServices(ReportType reptype, std::uint8_t bytYearno,
@@ -201,24 +218,27 @@ RecordsetPtr clsStolvane1::AutoSearchServices(ReportType reptype, std::uint8_t b
                                               std::int32_t billbybill_id,
                                               std::string_view strVouchertypeFilter,
                                               std::int32_t lngSubRelatedTo) {
-  return pstolvane1::AutoSearchServices(
-      *FramePtr(frame_),
-      Asked(reptype, bytYearno, dtFromDate, dtToDate, strCriteria, sngScale, {}, billbybill_id,
-            strBillFilter, strVouchertypeFilter, lngSubRelatedTo));
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::AutoSearchServices(
+        frame, Asked(reptype, bytYearno, dtFromDate, dtToDate, strCriteria, sngScale, {},
+                     billbybill_id, strBillFilter, strVouchertypeFilter, lngSubRelatedTo));
+  });
 }
 
 RecordsetPtr clsStolvane1::BuyerReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                        Boolean blnReport, Boolean blnDetailed, float sngScale,
                                        std::uint8_t /*btTypeOfBuyerReport*/, RecordsetPtr rsItms,
                                        std::string_view sVouchertype_id) {
-  return pstolvane1::BuyerReport(*FramePtr(frame_),
-                                 {.bytYearno = bytYearno,
-                                  .dtFromDate = dtFromDate,
-                                  .dtToDate = dtToDate,
-                                  .blnDetailed = blnDetailed.IsSet(),
-                                  .sngScale = sngScale,
-                                  .sVouchertype_id = std::string(sVouchertype_id)},
-                                 rsItms, blnReport);
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return pstolvane1::BuyerReport(frame,
+                                   {.bytYearno = bytYearno,
+                                    .dtFromDate = dtFromDate,
+                                    .dtToDate = dtToDate,
+                                    .blnDetailed = blnDetailed.IsSet(),
+                                    .sngScale = sngScale,
+                                    .sVouchertype_id = std::string(sVouchertype_id)},
+                                   rsItms, blnReport);
+  });
 }
 
 Variant clsStolvane1::RtoSalesDetails(std::uint8_t /*bytYearno*/, Date dtFromDate, Date dtToDate,
@@ -227,9 +247,11 @@ Variant clsStolvane1::RtoSalesDetails(std::uint8_t /*bytYearno*/, Date dtFromDat
                                       std::uint8_t /*bytOptional*/, Boolean blnReport,
                                       Boolean /*blnDetailed*/, float /*sngScale*/,
                                       RecordsetPtr recitem, std::int32_t Desr_Id) {
-  return InVariant(pstolvane1::RtoSalesDetails(
-      *FramePtr(frame_), {.dtFromDate = dtFromDate, .dtToDate = dtToDate, .Desr_Id = Desr_Id},
-      recitem, blnReport));
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return InVariant(pstolvane1::RtoSalesDetails(
+        frame, {.dtFromDate = dtFromDate, .dtToDate = dtToDate, .Desr_Id = Desr_Id}, recitem,
+        blnReport));
+  });
 }
 
 Variant clsStolvane1::RtoSalesDetails1(std::uint8_t /*bytYearno*/, Date dtFromDate, Date dtToDate,
@@ -238,8 +260,10 @@ Variant clsStolvane1::RtoSalesDetails1(std::uint8_t /*bytYearno*/, Date dtFromDa
                                        std::uint8_t /*bytOptional*/, Boolean blnReport,
                                        Boolean /*blnDetailed*/, float /*sngScale*/,
                                        RecordsetPtr recitem) {
-  return InVariant(pstolvane1::RtoSalesDetails1(
-      *FramePtr(frame_), {.dtFromDate = dtFromDate, .dtToDate = dtToDate}, recitem, blnReport));
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return InVariant(pstolvane1::RtoSalesDetails1(
+        frame, {.dtFromDate = dtFromDate, .dtToDate = dtToDate}, recitem, blnReport));
+  });
 }
 
 Variant clsStolvane1::ServiceTax(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
@@ -248,17 +272,19 @@ Variant clsStolvane1::ServiceTax(std::uint8_t bytYearno, Date dtFromDate, Date d
                                  std::uint8_t /*bytOptional*/, Boolean blnReport,
                                  Boolean blnDetailed, Boolean /*blnShowNarration*/, float sngScale,
                                  RecordsetPtr recitem, RecordsetPtr recLedger) {
-  return InVariant(pstolvane1::ServiceTax(*FramePtr(frame_),
-                                          {.bytYearno = bytYearno,
-                                           .dtFromDate = dtFromDate,
-                                           .dtToDate = dtToDate,
-                                           .blnUseLongDate = blnUseLongDate.IsSet(),
-                                           .strRefSeperator = std::string(strRefSeperator),
-                                           .blnDetailed = blnDetailed.IsSet(),
-                                           .sngScale = sngScale,
-                                           .recitem = std::move(recitem),
-                                           .recLedger = std::move(recLedger)},
-                                          blnReport));
+  return OnFrame(frame_, [&](ReportFrame& frame) {
+    return InVariant(pstolvane1::ServiceTax(frame,
+                                            {.bytYearno = bytYearno,
+                                             .dtFromDate = dtFromDate,
+                                             .dtToDate = dtToDate,
+                                             .blnUseLongDate = blnUseLongDate.IsSet(),
+                                             .strRefSeperator = std::string(strRefSeperator),
+                                             .blnDetailed = blnDetailed.IsSet(),
+                                             .sngScale = sngScale,
+                                             .recitem = std::move(recitem),
+                                             .recLedger = std::move(recLedger)},
+                                            blnReport));
+  });
 }
 
 }  // namespace pstolvane1

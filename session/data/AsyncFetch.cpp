@@ -3,13 +3,33 @@
 #include <algorithm>
 #include <limits>
 #include <new>
+#include <string_view>
 
 #include "session/data/Background.h"
+#include "session/data/OutOfMemory.h"
 #include "session/data/QueryReader.h"
 #include "session/data/RecordsetAccess.h"
 #include "session/data/ShapeJoiner.h"
 
 namespace pstolvane1 {
+namespace {
+
+constexpr std::string_view kDoing = "fetching the rows";
+
+std::optional<Error> ErrorOf(const std::exception_ptr& failure) {
+  try {
+    if (failure) std::rethrow_exception(failure);
+    return std::nullopt;
+  } catch (const Error& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return OutOfMemory(kDoing);
+  } catch (const std::exception& error) {
+    return Error(ErrorNumber::kQueryRefused, error.what());
+  }
+}
+
+}  // namespace
 
 class AsyncFetch::Handle final : public RunningFetch {
  public:
@@ -33,31 +53,29 @@ std::shared_ptr<RunningFetch> AsyncFetch::Start(const RecordsetPtr& rowset, shap
   const std::shared_ptr<AsyncFetch> fetch(new AsyncFetch(rowset, std::move(stop)));
   auto handle = std::make_shared<Handle>(fetch);
   RunBeside([fetch, plan = std::make_shared<const shape::Plan>(std::move(plan)),
-             state = std::move(state), time_limit, first_rows]() mutable {
-    fetch->Run(*plan, std::move(state), time_limit, first_rows);
+             state = std::move(state), time_limit, first_rows,
+             completed = MessageQueue::Message([fetch] { fetch->Complete(); })]() mutable {
+    fetch->Run(*plan, std::move(state), time_limit, first_rows, completed);
   });
   return handle;
 }
 
 void AsyncFetch::Run(const shape::Plan& plan, std::shared_ptr<BooksState> state,
-                     std::chrono::milliseconds time_limit, std::size_t first_rows) noexcept {
-  std::optional<Error> error;
+                     std::chrono::milliseconds time_limit, std::size_t first_rows,
+                     const MessageQueue::Message& completed) noexcept {
+  std::exception_ptr failure;
   try {
     Fetch(plan, std::move(state), time_limit, first_rows);
-  } catch (const Error& failed) {
-    error = failed;
-  } catch (const std::bad_alloc&) {
-    error.emplace(ErrorNumber::kQueryRefused, "there is not enough memory for the rows");
-  } catch (const std::exception& failed) {
-    error.emplace(ErrorNumber::kQueryRefused, failed.what());
+  } catch (...) {
+    failure = std::current_exception();
   }
   {
     const std::lock_guard lock(mutex_);
     ended_ = true;
-    error_ = error;
+    failure_ = std::move(failure);
   }
   changed_.notify_one();
-  queue_->Post([self = shared_from_this()] { self->Complete(); });
+  PostOnceThereIsRoom(*queue_, completed);
 }
 
 void AsyncFetch::Fetch(const shape::Plan& plan, std::shared_ptr<BooksState> state,
@@ -91,7 +109,7 @@ void AsyncFetch::HandOver(Chunk chunk) {
 void AsyncFetch::Cancel() noexcept {
   live_ = false;
   stop_->Stop();
-  std::deque<Chunk> dropped;
+  std::list<Chunk> dropped;
   const std::lock_guard lock(mutex_);
   dropped.swap(on_their_way_);
 }
@@ -108,8 +126,14 @@ std::optional<Error> AsyncFetch::TakeAll() {
       if (on_their_way_.empty()) break;
     }
     TakeChunk(*rowset);
+    if (lost_) break;
   }
-  return error_;  // nobody writes it any more
+  return Failure();
+}
+
+std::optional<Error> AsyncFetch::Failure() const {
+  if (lost_) return OutOfMemory(kDoing);
+  return ErrorOf(failure_);  // nobody writes it any more
 }
 
 void AsyncFetch::TakeChapters(Recordset& rowset) {
@@ -133,13 +157,19 @@ void AsyncFetch::TakeChunk(Recordset& rowset) {
     on_their_way_.pop_front();
   }
   handed_over_ += static_cast<std::uint32_t>(chunk->Rows());
-  RecordsetAccess::Store(rowset)->Append(std::move(*chunk));
+  try {
+    RecordsetAccess::Store(rowset)->Append(std::move(*chunk));
+  } catch (const std::bad_alloc&) {
+    lost_ = true;
+    stop_->Stop();
+  }
 }
 
 void AsyncFetch::TellChunk() {
   const RecordsetPtr rowset = LiveRowset();  // stays while its handler runs
   if (!rowset) return;
   TakeChunk(*rowset);  // unless the rowset has waited for it
+  if (lost_) return;
   constexpr std::uint32_t kMost = std::numeric_limits<std::int32_t>::max();
   const auto rows = static_cast<std::int32_t>(std::min(handed_over_, kMost));
   if (const auto handler = rowset->FetchProgress) handler(rows, rows, adStatusOK, *rowset);
@@ -150,8 +180,9 @@ void AsyncFetch::Complete() {
   if (!rowset) return;
   TakeChapters(*rowset);
   RecordsetAccess::ImplOf(*rowset).fetch.reset();
+  const std::optional<Error> error = Failure();
   if (const auto handler = rowset->FetchComplete) {
-    handler(error_ ? &*error_ : nullptr, error_ ? adStatusErrorsOccurred : adStatusOK, *rowset);
+    handler(error ? &*error : nullptr, error ? adStatusErrorsOccurred : adStatusOK, *rowset);
   }
 }
 

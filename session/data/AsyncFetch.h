@@ -5,7 +5,8 @@
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <exception>
+#include <list>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -51,7 +52,8 @@ class AsyncFetch : public std::enable_shared_from_this<AsyncFetch> {
 
   // On the reading thread.
   void Run(const shape::Plan& plan, std::shared_ptr<BooksState> state,
-           std::chrono::milliseconds time_limit, std::size_t first_rows) noexcept;
+           std::chrono::milliseconds time_limit, std::size_t first_rows,
+           const MessageQueue::Message& completed) noexcept;
   void Fetch(const shape::Plan& plan, std::shared_ptr<BooksState> state,
              std::chrono::milliseconds time_limit, std::size_t first_rows);
   void HandOver(Chunk chunk);
@@ -60,8 +62,10 @@ class AsyncFetch : public std::enable_shared_from_this<AsyncFetch> {
   void Cancel() noexcept;
   [[nodiscard]] RecordsetPtr LiveRowset() const;
   std::optional<Error> TakeAll();
+  [[nodiscard]] std::optional<Error> Failure() const;
   void TakeChapters(Recordset& rowset);
-  void TakeChunk(Recordset& rowset);  // the next that is on its way, if any
+  // The next that is on its way, if any. The fetch has failed where there is no room for it.
+  void TakeChunk(Recordset& rowset);
   void TellChunk();
   void Complete();
 
@@ -72,12 +76,13 @@ class AsyncFetch : public std::enable_shared_from_this<AsyncFetch> {
   std::mutex mutex_;
   std::condition_variable changed_;
   JoinedChapters chapters_;  // before the rows that they belong to
-  std::deque<Chunk> on_their_way_;
+  std::list<Chunk> on_their_way_;
   bool ended_ = false;
-  std::optional<Error> error_;  // that it ended with
+  std::exception_ptr failure_;  // that it ended with
 
   // Of the rowset's thread.
   bool live_ = true;
+  bool lost_ = false;  // rows for which there was no room
   std::uint32_t handed_over_ = 0;
 };
 

@@ -3,6 +3,8 @@
 
 #include <functional>
 
+#include "session/data/MessageLoop.h"
+
 namespace pstolvane1 {
 
 // Runs the work on a thread of its own and does not wait for it, here or later: an engine may be
@@ -10,5 +12,9 @@ namespace pstolvane1 {
 // therefore owns all that it touches and leaves its result with a message. It must not throw.
 // Error -2147217900 when the system has no thread left.
 void RunBeside(std::function<void()> work);
+
+// Tells that such work is at its end: who waits for it would wait for ever otherwise. Where there
+// is no memory for the message, it goes when there is some again.
+void PostOnceThereIsRoom(MessageQueue& queue, const MessageQueue::Message& message) noexcept;
 
 }  // namespace pstolvane1

@@ -1,30 +1,44 @@
 #include "session/data/Connection.h"
 
+#include <exception>
+#include <new>
 #include <optional>
 #include <utility>
 
 #include "session/data/Background.h"
 #include "session/data/ConnectionAccess.h"
 #include "session/data/MessageLoop.h"
+#include "session/data/OutOfMemory.h"
 
 namespace pstolvane1 {
 namespace {
 
 struct Opened {
   std::shared_ptr<Provider> provider;
-  std::optional<Error> error;
+  std::exception_ptr failure;
 };
 
 Opened OpenProvider(const ProviderFactory& factory, const std::string& connection_string,
                     std::chrono::milliseconds time_limit) noexcept {
   try {
-    Opened opened{factory(connection_string, time_limit), std::nullopt};
-    if (!opened.provider) opened.error.emplace(ErrorNumber::kConnection, "no database was opened");
+    Opened opened{factory(connection_string, time_limit), nullptr};
+    if (!opened.provider) throw Error(ErrorNumber::kConnection, "no database was opened");
     return opened;
+  } catch (...) {
+    return {nullptr, std::current_exception()};
+  }
+}
+
+std::optional<Error> ErrorOf(const Opened& opened) {
+  try {
+    if (opened.failure) std::rethrow_exception(opened.failure);
+    return std::nullopt;
   } catch (const Error& error) {
-    return {nullptr, error};
+    return error;
+  } catch (const std::bad_alloc&) {
+    return OutOfMemory("opening the books");
   } catch (const std::exception& error) {
-    return {nullptr, Error(ErrorNumber::kConnection, error.what())};
+    return Error(ErrorNumber::kConnection, error.what());
   }
 }
 
@@ -87,16 +101,21 @@ void Connection::Open(std::string_view connection_string, std::string_view user,
     const auto attempt = std::make_shared<const int>();
     impl_->attempt = attempt;
     try {
-      RunBeside([attempt, weak = weak_from_this(), factory = impl_->factory, time_limit,
-                 text = impl_->connection_string, queue = MessageQueue::OfThisThread()] {
-        Opened opened = OpenProvider(factory, text, time_limit);
-        queue->Post([attempt, weak, opened = std::move(opened)] {
-          const std::shared_ptr<Connection> self = weak.lock();
-          if (!self || self->impl_->attempt != attempt) return;  // cancelled
-          self->impl_->attempt.reset();
-          self->impl_->provider = opened.provider;
-          self->RaiseConnectComplete(opened.error ? &*opened.error : nullptr);
-        });
+      auto opened = std::make_shared<Opened>();  // written before the message is posted
+      MessageQueue::Message told = [attempt, weak = weak_from_this(), opened] {
+        const std::shared_ptr<Connection> self = weak.lock();
+        if (!self || self->impl_->attempt != attempt) return;  // cancelled
+        self->impl_->attempt.reset();
+        self->impl_->provider = opened->provider;
+        const std::optional<Error> error = ErrorOf(*opened);
+        self->RaiseConnectComplete(error ? &*error : nullptr);
+      };
+      RunBeside([opened = std::move(opened), told = std::move(told), factory = impl_->factory,
+                 time_limit, text = impl_->connection_string,
+                 queue = MessageQueue::OfThisThread()]() mutable {
+        *opened = OpenProvider(factory, text, time_limit);
+        opened.reset();
+        PostOnceThereIsRoom(*queue, told);
       });
     } catch (...) {
       impl_->attempt.reset();
@@ -108,8 +127,9 @@ void Connection::Open(std::string_view connection_string, std::string_view user,
   const std::shared_ptr<Connection> self = shared_from_this();  // a handler may drop the last other
   const Opened opened = OpenProvider(impl_->factory, impl_->connection_string, time_limit);
   impl_->provider = opened.provider;
-  RaiseConnectComplete(opened.error ? &*opened.error : nullptr);
-  if (opened.error) throw *opened.error;
+  const std::optional<Error> error = ErrorOf(opened);
+  RaiseConnectComplete(error ? &*error : nullptr);
+  if (error) throw *error;
 }
 
 void Connection::RaiseConnectComplete(const Error* error) {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "session/data/Error.h"
+#include "session/data/OutOfMemory.h"
 
 namespace pstolvane1 {
 namespace {
@@ -41,7 +42,7 @@ class ThreadQueue final : public MessageQueue {
     bool any = false;
     while (Message message = Take(last)) {
       any = true;
-      message();
+      TellingWhatRanOut("delivering what came in the background", message);
     }
     return any;
   }

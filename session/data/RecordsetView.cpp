@@ -1,15 +1,18 @@
 // Which rows a rowset shows, in which order, and reading them one after another.
 #include <limits>
 
+#include "session/data/OutOfMemory.h"
 #include "session/data/RecordsetImpl.h"
 #include "session/data/RowGroups.h"
 
 namespace pstolvane1 {
 
 void Recordset::Filter(std::string_view criteria) {
-  RowView& view = impl_->Open();
-  impl_->Commit();
-  view.Filter(criteria);
+  TellingWhatRanOut("filtering a rowset", [&] {
+    RowView& view = impl_->Open();
+    impl_->Commit();
+    view.Filter(criteria);
+  });
 }
 
 void Recordset::Filter(int zero) {
@@ -23,15 +26,19 @@ void Recordset::Filter(int zero) {
 const std::string& Recordset::Filter() const { return impl_->Open().FilterText(); }
 
 void Recordset::Find(std::string_view criterion) {
-  RowView& view = impl_->Open();
-  impl_->Commit();
-  view.Find(criterion);
+  TellingWhatRanOut("searching a rowset", [&] {
+    RowView& view = impl_->Open();
+    impl_->Commit();
+    view.Find(criterion);
+  });
 }
 
 void Recordset::Sort(std::string_view columns) {
-  RowView& view = impl_->Open();
-  impl_->Commit();
-  view.Sort(columns);
+  TellingWhatRanOut("sorting a rowset", [&] {
+    RowView& view = impl_->Open();
+    impl_->Commit();
+    view.Sort(columns);
+  });
 }
 
 const std::string& Recordset::Sort() const { return impl_->Open().SortText(); }

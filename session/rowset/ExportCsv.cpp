@@ -2,6 +2,7 @@
 #include <ostream>
 #include <string>
 
+#include "session/data/OutOfMemory.h"
 #include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 
@@ -45,9 +46,7 @@ std::string CsvField(const Recordset::Row& row, ColumnHandle column, DataType ty
   }
 }
 
-}  // namespace
-
-void ExportCsv(const Recordset& rowset, std::ostream& out) {
+void WriteLines(const Recordset& rowset, std::ostream& out) {
   std::string line;
   for (const ColumnInfo& column : rowset.Columns()) {
     if (column.type == adChapter) continue;
@@ -70,6 +69,12 @@ void ExportCsv(const Recordset& rowset, std::ostream& out) {
     }
     out << line << "\r\n";
   }
+}
+
+}  // namespace
+
+void ExportCsv(const Recordset& rowset, std::ostream& out) {
+  TellingWhatRanOut("exporting the rowset", [&] { WriteLines(rowset, out); });
 }
 
 }  // namespace pstolvane1

@@ -1,6 +1,7 @@
 #include <ostream>
 #include <string>
 
+#include "session/data/OutOfMemory.h"
 #include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 #include "session/rowset/ReportView.h"
@@ -59,10 +60,8 @@ std::string_view ClassOf(ReportView::LineKind kind) {
   return "line";
 }
 
-}  // namespace
-
-void ExportHtml(const Recordset& rowset, std::string_view title,
-                const std::shared_ptr<const Locale>& locale, std::ostream& out) {
+void WritePage(const Recordset& rowset, std::string_view title,
+               const std::shared_ptr<const Locale>& locale, std::ostream& out) {
   const WorkInHand in_hand;
   const ReportView view(rowset, locale);
   const auto alignment = [&view](std::size_t i) {
@@ -88,6 +87,13 @@ void ExportHtml(const Recordset& rowset, std::string_view title,
     out << "<p class=\"note\">" << Escaped(note) << "</p>\n";
   }
   out << "</body></html>\n";
+}
+
+}  // namespace
+
+void ExportHtml(const Recordset& rowset, std::string_view title,
+                const std::shared_ptr<const Locale>& locale, std::ostream& out) {
+  TellingWhatRanOut("exporting the rowset", [&] { WritePage(rowset, title, locale, out); });
 }
 
 }  // namespace pstolvane1

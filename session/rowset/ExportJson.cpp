@@ -1,12 +1,16 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
 
+#include "session/data/OutOfMemory.h"
 #include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 
 namespace pstolvane1 {
 namespace {
+
+constexpr std::string_view kDoing = "exporting the rowset";
 
 // What is not UTF-8 becomes the replacement character: books made elsewhere may hold any bytes.
 std::string JsonText(std::string_view text) {
@@ -37,9 +41,7 @@ std::string JsonCell(const Recordset::Row& row, ColumnHandle column, DataType ty
   }
 }
 
-}  // namespace
-
-std::string ColumnsAsJson(const Recordset& rowset) {
+std::string ColumnsOf(const Recordset& rowset) {
   std::string json = "[";
   for (const ColumnInfo& column : rowset.Columns()) {
     if (json.size() > 1) json += ',';
@@ -49,7 +51,7 @@ std::string ColumnsAsJson(const Recordset& rowset) {
   return json += ']';
 }
 
-std::string RowsAsJson(const Recordset& rowset) {
+std::string RowsOf(const Recordset& rowset) {
   std::string json = "[";
   const WorkInHand in_hand;
   for (const Recordset::Row row : rowset.Rows()) {
@@ -65,8 +67,20 @@ std::string RowsAsJson(const Recordset& rowset) {
   return json += ']';
 }
 
+}  // namespace
+
+std::string ColumnsAsJson(const Recordset& rowset) {
+  return TellingWhatRanOut(kDoing, [&] { return ColumnsOf(rowset); });
+}
+
+std::string RowsAsJson(const Recordset& rowset) {
+  return TellingWhatRanOut(kDoing, [&] { return RowsOf(rowset); });
+}
+
 std::string ExportJson(const Recordset& rowset) {
-  return R"({"columns":)" + ColumnsAsJson(rowset) + R"(,"rows":)" + RowsAsJson(rowset) + "}";
+  return TellingWhatRanOut(kDoing, [&] {
+    return R"({"columns":)" + ColumnsOf(rowset) + R"(,"rows":)" + RowsOf(rowset) + "}";
+  });
 }
 
 }  // namespace pstolvane1

@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <fstream>
+#include <new>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -9,6 +10,7 @@
 #include <xlsxwriter.h>
 
 #include "session/data/Error.h"
+#include "session/data/OutOfMemory.h"
 #include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
 #include "session/rowset/ReportView.h"
@@ -101,10 +103,24 @@ class Sheet {
     worksheet_fit_to_pages(sheet_, 1, 0);
     const lxw_error error = workbook_close(book_);
     book_ = nullptr;
-    if (error != LXW_NO_ERROR) throw Failure(lxw_strerror(error));
+    Require(error);
   }
 
  private:
+  void Require(lxw_error error) const {
+    if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) throw std::bad_alloc();
+    if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {
+      throw Failure("a cell holds 32,767 characters, and a text of the report is longer");
+    }
+    if (error != LXW_NO_ERROR) throw Failure(lxw_strerror(error));
+  }
+
+  [[nodiscard]] lxw_format* NewFormat() const {
+    lxw_format* const format = workbook_add_format(book_);
+    if (format == nullptr) throw std::bad_alloc();
+    return format;
+  }
+
   // The writer of workbooks would tell a wrong path on standard error as well.
   void CheckWritable() const {
     errno = 0;
@@ -118,12 +134,12 @@ class Sheet {
 
   void WriteHeader() {
     for (std::size_t column = 0; column < view_.Columns().size(); ++column) {
-      lxw_format* format = workbook_add_format(book_);
+      lxw_format* const format = NewFormat();
       format_set_bold(format);
       format_set_bottom(format, LXW_BORDER_MEDIUM);
       if (view_.Columns()[column].numeric) format_set_align(format, LXW_ALIGN_RIGHT);
-      worksheet_write_string(sheet_, 0, static_cast<lxw_col_t>(column),
-                             view_.Columns()[column].name.c_str(), format);
+      Require(worksheet_write_string(sheet_, 0, static_cast<lxw_col_t>(column),
+                                     view_.Columns()[column].name.c_str(), format));
     }
   }
 
@@ -136,7 +152,7 @@ class Sheet {
   }
 
   lxw_format* CellFormat(CellKind kind, bool numeric, ReportView::LineKind line) {
-    lxw_format* format = workbook_add_format(book_);
+    lxw_format* const format = NewFormat();
     format_set_num_format(format, NumberFormat(view_, kind).c_str());
     if (numeric) format_set_align(format, LXW_ALIGN_RIGHT);
     if (line == ReportView::LineKind::kRule) format_set_top(format, LXW_BORDER_THIN);
@@ -163,11 +179,11 @@ class Sheet {
       const std::string& text = line.cells[column];
       lxw_format* const format = line.kind == kRule ? rule : line.kind == kTotal ? total : plain;
       if (const auto value = ValueOf(view_, kind, text); value && !text.empty()) {
-        worksheet_write_number(sheet_, row, place, *value, format);
+        Require(worksheet_write_number(sheet_, row, place, *value, format));
       } else if (!text.empty()) {
-        worksheet_write_string(sheet_, row, place, text.c_str(), format);
+        Require(worksheet_write_string(sheet_, row, place, text.c_str(), format));
       } else if (line.kind != kLine) {
-        worksheet_write_blank(sheet_, row, place, format);
+        Require(worksheet_write_blank(sheet_, row, place, format));
       }
       width = std::max(width, WidthOf(text) + 2);
     }
@@ -185,8 +201,10 @@ class Sheet {
 
 void ExportXlsx(const Recordset& rowset, std::string_view title,
                 const std::shared_ptr<const Locale>& locale, const std::string& path) {
-  const ReportView view(rowset, locale);
-  Sheet(view, title, path).Write();
+  TellingWhatRanOut("exporting the rowset", [&] {
+    const ReportView view(rowset, locale);
+    Sheet(view, title, path).Write();
+  });
 }
 
 }  // namespace pstolvane1

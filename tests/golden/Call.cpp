@@ -11,11 +11,13 @@ namespace {
 
 using automation::NamedValue;
 
+RecordsetPtr RowsetOf(const automation::Outcome& outcome) {
+  return outcome.value.IsEmpty() ? nullptr : outcome.value.ToRowset();
+}
+
 RecordsetPtr CallByName(clsStolvane1& session, const std::string& name,
                         const std::vector<NamedValue>& values) {
-  const automation::Outcome outcome =
-      automation::Call(session, automation::GetOperation(name), values);
-  return outcome.value.IsEmpty() ? nullptr : outcome.value.ToRowset();
+  return RowsetOf(automation::Call(session, automation::GetOperation(name), values));
 }
 
 // open makes the rowset of an argument that is one.
@@ -36,9 +38,19 @@ std::vector<NamedValue> ValuesOf(const TextCall& call, Boolean blnReport, Open o
 }  // namespace
 
 RecordsetPtr Call(clsStolvane1& session, const TextCall& call, Boolean blnReport) {
-  return CallByName(session, call.operation, ValuesOf(call, blnReport, [&](const auto& argument) {
-                      return automation::OpenSelect(session, argument.value);
-                    }));
+  return Call(session, call.operation, ValuesOf(session, call, blnReport));
+}
+
+automation::BoundValues ValuesOf(clsStolvane1& session, const TextCall& call, Boolean blnReport) {
+  return automation::Bind(automation::GetOperation(call.operation),
+                          ValuesOf(call, blnReport, [&](const auto& argument) {
+                            return automation::OpenSelect(session, argument.value);
+                          }));
+}
+
+RecordsetPtr Call(clsStolvane1& session, const std::string& operation,
+                  const automation::BoundValues& values) {
+  return RowsetOf(automation::Call(session, automation::GetOperation(operation), values));
 }
 
 std::optional<std::int32_t> ReportTypeOf(const TextCall& call) {

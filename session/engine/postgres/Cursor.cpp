@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "session/data/OutOfMemory.h"
+
 namespace pstolvane1::postgres {
 namespace {
 
@@ -23,6 +25,7 @@ PostgresCursor::PostgresCursor(std::shared_ptr<HeldState> state,
   try {
     database_ = state_->pool->Take(watch_);
   } catch (const Error& error) {
+    if (error.Number() == kOutOfMemory) throw;
     throw Error(ErrorNumber::kQueryRefused, error.Description());
   }
   if (!state_->AreSound(doubtful_)) return;

@@ -7,6 +7,7 @@
 #include <poll.h>
 #include <vector>
 
+#include "session/data/OutOfMemory.h"
 #include "session/engine/postgres/Errors.h"
 #include "session/engine/postgres/Schema.h"
 
@@ -78,6 +79,7 @@ Database::Database(const Settings& settings, Watch& watch) {
     Connect(settings, connecting);
     CheckServer(connecting);
   } catch (const Error& error) {
+    if (error.Number() == kOutOfMemory) throw error.While("opening the books");
     throw Error(ErrorNumber::kConnection, error.Description());
   }
 }
@@ -92,12 +94,12 @@ void Database::Connect(const Settings& settings, Watch& watch) {
   keywords.push_back(nullptr);
   values.push_back(nullptr);
   native_.reset(PQconnectStartParams(keywords.data(), values.data(), 0));
-  if (!native_) throw Refused("there is not enough memory");
-  if (PQstatus(native_.get()) == CONNECTION_BAD) throw Refused(WordsOf(native_.get()));
+  if (!native_) throw OutOfMemory();
+  if (PQstatus(native_.get()) == CONNECTION_BAD) throw FailureOf(native_.get());
   PQsetNoticeReceiver(
       native_.get(), [](void*, const PGresult*) {}, nullptr);
   for (PostgresPollingStatusType step = PGRES_POLLING_WRITING; step != PGRES_POLLING_OK;) {
-    if (step == PGRES_POLLING_FAILED) throw Refused(WordsOf(native_.get()));
+    if (step == PGRES_POLLING_FAILED) throw FailureOf(native_.get());
     WaitFor(step == PGRES_POLLING_READING ? POLLIN : POLLOUT, watch);
     step = PQconnectPoll(native_.get());
   }
@@ -246,7 +248,7 @@ bool Database::TakeUp(Watch& watch) noexcept {
     const bool rested = Watch::Clock::now() - rests_since_ > kShortRest;
     if (rested && !IsLost()) static_cast<void>(Run("", answering));
     return !IsLost() && PQtransactionStatus(native_.get()) == PQTRANS_IDLE;
-  } catch (const Error&) {
+  } catch (...) {
     return false;
   }
 }
@@ -258,7 +260,9 @@ bool Database::Failed() const noexcept {
 }
 
 Error Database::Lost() const {
-  return Refused("the connection to the server was lost (" + WordsOf(native_.get()) + ")");
+  const Error failure = FailureOf(native_.get());
+  if (failure.Number() == kOutOfMemory) return failure.While("asking the server");
+  return Refused("the connection to the server was lost (" + failure.Description() + ")");
 }
 
 }  // namespace pstolvane1::postgres

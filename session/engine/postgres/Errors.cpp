@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "session/data/OutOfMemory.h"
 #include "session/sql/PostgresEmitter.h"
 
 namespace pstolvane1::postgres {
@@ -84,6 +85,9 @@ std::string Sentence(std::string words) {
 }
 
 Error ErrorOf(const pg_result* result) {
+  if (result != nullptr && Field(result, PG_DIAG_MESSAGE_PRIMARY).empty()) {
+    return FailureIn(PQresultErrorMessage(result));  // the client library's own
+  }
   return ErrorOf(Field(result, PG_DIAG_SQLSTATE), Field(result, PG_DIAG_MESSAGE_PRIMARY),
                  Field(result, PG_DIAG_MESSAGE_DETAIL));
 }
@@ -95,6 +99,7 @@ Error ErrorOf(std::string_view state, std::string_view message, std::string_view
   if (state == "22P02" || state == "22007" || state == "22008") {
     return Error(ErrorNumber::kTypeMismatch, OneLine(message));
   }
+  if (state == "53200") return Error(kOutOfMemory, "the server is out of memory");
   if (state == "21000") {
     return Error(ErrorNumber::kQueryRefused,
                  "a subquery that stands for a value gave more than one row");
@@ -105,5 +110,12 @@ Error ErrorOf(std::string_view state, std::string_view message, std::string_view
 }
 
 std::string WordsOf(const pg_conn* connection) { return OneLine(PQerrorMessage(connection)); }
+
+Error FailureIn(std::string_view words) {
+  if (words.starts_with("out of memory")) return OutOfMemory();
+  return Error(ErrorNumber::kQueryRefused, OneLine(words));
+}
+
+Error FailureOf(const pg_conn* connection) { return FailureIn(PQerrorMessage(connection)); }
 
 }  // namespace pstolvane1::postgres

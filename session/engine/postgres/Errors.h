@@ -28,5 +28,8 @@ namespace pstolvane1::postgres {
 
 // What libpq says of a connection that failed.
 [[nodiscard]] std::string WordsOf(const pg_conn* connection);
+// As an error: 7 where it had no memory, else -2147217900.
+[[nodiscard]] Error FailureOf(const pg_conn* connection);
+[[nodiscard]] Error FailureIn(std::string_view words);
 
 }  // namespace pstolvane1::postgres

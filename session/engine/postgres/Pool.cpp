@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "session/data/OutOfMemory.h"
 #include "session/engine/postgres/Errors.h"
 
 namespace pstolvane1::postgres {
@@ -30,6 +31,7 @@ std::unique_ptr<Database> Pool::Take(Watch& watch) {
   try {
     return std::make_unique<Database>(settings_, watch);
   } catch (const Error& error) {
+    if (error.Number() == kOutOfMemory) throw;
     throw Error(ErrorNumber::kConnection, "The books " + settings_.Name() + " cannot be opened: " +
                                               Sentence(error.Description()));
   }

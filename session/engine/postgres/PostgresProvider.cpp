@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "session/data/OutOfMemory.h"
 #include "session/engine/postgres/Cells.h"
 
 namespace pstolvane1::postgres {
@@ -14,6 +15,7 @@ PostgresProvider::PostgresProvider(std::string_view connection_string,
   try {
     static_cast<void>(TakeState(time_limit));
   } catch (const Error& error) {
+    if (error.Number() == kOutOfMemory) throw;
     throw Error(ErrorNumber::kConnection, error.Description());
   }
 }

@@ -63,7 +63,7 @@ auto HeldState::Here(Watch& watch, const Work& work) {
   }
   try {
     return work();
-  } catch (const Error&) {
+  } catch (...) {
     // What the server refused leaves the state as it was; what was broken off ends it.
     if (holder_->Failed()) {
       static_cast<void>(holder_->Run("ROLLBACK TO before", watch));

@@ -3,12 +3,12 @@
 #include <cmath>
 #include <fmt/format.h>
 #include <limits>
+#include <new>
 #include <sqlite3.h>
 #include <string_view>
 
 #include "session/data/Error.h"
 #include "session/data/Number.h"
-#include "session/engine/sqlite/Errors.h"
 #include "session/engine/sqlite/Utf8.h"
 
 namespace pstolvane1::sqlite {
@@ -24,9 +24,7 @@ using Value = sqlite3_value*;
 std::string_view TextOf(Value value) {
   const unsigned char* text = sqlite3_value_text(value);
   const int size = sqlite3_value_bytes(value);
-  if (text == nullptr) {
-    throw Error(ErrorNumber::kQueryRefused, std::string(Meaning(Failure::kNoMemory)));
-  }
+  if (text == nullptr) throw std::bad_alloc();
   return {static_cast<const char*>(static_cast<const void*>(text)), static_cast<std::size_t>(size)};
 }
 

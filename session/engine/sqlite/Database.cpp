@@ -7,6 +7,7 @@
 #include <system_error>
 #include <thread>
 
+#include "session/data/OutOfMemory.h"
 #include "session/engine/sqlite/Errors.h"
 #include "session/engine/sqlite/Functions.h"
 
@@ -134,7 +135,7 @@ void Database::Execute(const char* text) {
 Error Database::CannotOpen(int code) const {
   sqlite3* native = native_.get();
   const auto say = [](std::string why) { return Error(ErrorNumber::kConnection, std::move(why)); };
-  if (native == nullptr) return say(Explain(code, nullptr));
+  if (native == nullptr || Classify(code) == Failure::kNoMemory) return OutOfMemory();
   const Header header(native);
   switch (Classify(code)) {
     case Failure::kLocked:
@@ -251,6 +252,7 @@ Error Database::Failed(int code, std::string_view doing) const {
   };
   if (function_error_) return told(*function_error_);
   const Failure failure = Classify(code);
+  if (failure == Failure::kNoMemory || guard_.RanOut()) return told(OutOfMemory());
   const Stop stop = watch_ != nullptr ? watch_->Check() : Stop::kNone;
   if (failure == Failure::kInterrupted || failure == Failure::kLocked) {
     if (stop == Stop::kCancelled) return refused("it was cancelled");

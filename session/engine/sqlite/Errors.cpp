@@ -84,7 +84,7 @@ std::string_view Meaning(Failure failure) noexcept {
     case Failure::kNoRoom:
       return "there is no room for temporary files";
     case Failure::kNoMemory:
-      return "there is not enough memory";
+      return "out of memory";
     case Failure::kInterrupted:
       return "it was interrupted";
     case Failure::kTooLarge:

@@ -48,4 +48,13 @@ void ThrowNot(std::string_view value, std::string_view what) {
 
 void ThrowDivisionByZero() { throw Error(ErrorNumber::kDivisionByZero, "division by zero"); }
 
+void KeepError(sqlite3_context* context, const Error& error) noexcept {
+  try {
+    *static_cast<std::optional<Error>*>(sqlite3_user_data(context)) = error;
+    sqlite3_result_error(context, error.what(), -1);
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
+  }
+}
+
 }  // namespace pstolvane1::sqlite

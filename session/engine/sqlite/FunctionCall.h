@@ -49,6 +49,9 @@ class Call {
 [[noreturn]] void ThrowNot(std::string_view value, std::string_view what);
 [[noreturn]] void ThrowDivisionByZero();
 
+// The statement fails with the error.
+void KeepError(sqlite3_context* context, const Error& error) noexcept;
+
 // Runs the body of a step of the engine; an exception becomes the statement's failure, and the
 // error is kept where the connection told RegisterFunctions to keep it.
 template <typename Body>
@@ -56,8 +59,7 @@ void Guarded(sqlite3_context* context, Body&& body) noexcept {
   try {
     body();
   } catch (const Error& error) {
-    *static_cast<std::optional<Error>*>(sqlite3_user_data(context)) = error;
-    sqlite3_result_error(context, error.what(), -1);
+    KeepError(context, error);
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {

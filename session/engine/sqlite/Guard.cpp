@@ -52,6 +52,7 @@ Guard::Permission::Permission(Guard& guard, const sql::Catalog* catalog) : guard
   guard_.catalog_ = catalog;
   guard_.own_ = catalog == nullptr;
   guard_.refusal_.clear();
+  guard_.ran_out_ = false;
 }
 
 Guard::Permission::~Permission() {
@@ -65,7 +66,8 @@ int Guard::Ask(void* guard, int action, const char* first, const char* second,
     const bool allowed =
         static_cast<Guard*>(guard)->Allows(action, View(first), View(second), View(view));
     return allowed ? SQLITE_OK : SQLITE_DENY;
-  } catch (...) {
+  } catch (...) {  // nothing but memory
+    static_cast<Guard*>(guard)->ran_out_ = true;
     return SQLITE_DENY;
   }
 }

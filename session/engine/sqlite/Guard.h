@@ -41,6 +41,8 @@ class Guard {
 
   // Why the last statement was refused; empty if it was not.
   [[nodiscard]] const std::string& Refusal() const { return refusal_; }
+  // Whether it had no memory to answer, and therefore refused.
+  [[nodiscard]] bool RanOut() const { return ran_out_; }
 
  private:
   static int Ask(void* guard, int action, const char* first, const char* second,
@@ -51,6 +53,7 @@ class Guard {
   const sql::Catalog* catalog_ = nullptr;
   bool own_ = false;
   std::string refusal_;
+  bool ran_out_ = false;
   std::vector<TableColumn> touched_;
 };
 

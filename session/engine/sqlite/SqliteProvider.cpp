@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "session/data/OutOfMemory.h"
 #include "session/engine/sqlite/Cells.h"
 #include "session/engine/sqlite/Schema.h"
 
@@ -47,6 +48,7 @@ std::unique_ptr<Database> Open(const std::string& path, Watch& watch) {
   try {
     return std::make_unique<Database>(path, watch);
   } catch (const Error& error) {
+    if (error.Number() == kOutOfMemory) throw error.While("opening the books");
     throw cannot(error.Description());
   }
 }
@@ -119,6 +121,7 @@ SqliteProvider::SqliteProvider(const std::string& path, std::chrono::millisecond
         std::make_shared<sql::Catalog>(ReadCatalog(*database, translations_->Translate(), watch)),
         version);
   } catch (const Error& error) {
+    if (error.Number() == kOutOfMemory) throw;
     throw Error(ErrorNumber::kConnection,
                 fmt::format("The books \"{}\" cannot be opened: {}.", path_, error.Description()));
   }
