@@ -85,7 +85,7 @@ constexpr Index kGodownItem1Indexes[] = {
     {"GodownItem1_DesrDetails", "DesrDetails_id"},
     {"GodownItem1_RelatedDesr",
      "GRelatedDesr_id, Item_id, Godown_id, Batch_id, GSrNo, GRelatedYearNo, GDesrOptional, Qty"},
-    {"GodownItem1_Batch", "Batch_id, GOriginalVouchertype_id"},
+    {"GodownItem1_Batch", "Batch_id, GOriginalVouchertype_id, YearNo, GDesr_id"},
     {"GodownItem1_Ledger", "GLedger_id, Date"},
     {"GodownItem1_Order",
      "YearNo, Date, DesrDetails_id, GodownItem_id, Item_id, Godown_id, Batch_id, IsAdded, "
