@@ -165,6 +165,7 @@ void EndPasses(ReportFrame& frame, std::int32_t progress_total, std::size_t pass
   frame.lngFetchTotal = progress_total;
   for (; passes > 0; --passes) {
     const bool session_is_gone = !frame.EndPass() && !frame.blnCancelFetching.IsTrue();
+    frame.cut_short = false;
     if (session_is_gone) return;
   }
 }

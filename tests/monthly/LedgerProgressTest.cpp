@@ -84,9 +84,10 @@ class LedgerProgress : public testing::Test {
     return StepsOf(&clsStolvane1::Monthly_Categorywise, method);
   }
 
- private:
   golden::SmallBooks books_{Books()};
   clsStolvane1 session_;
+
+ private:
   Percents steps_;
   bool complete_ = false;
 };
@@ -117,6 +118,14 @@ TEST_F(LedgerProgress, TheSimpleAverageStepsByRowOfAMonth) {
 
 TEST_F(LedgerProgress, TheSimpleAverageOfAGroupStepsByItem) {
   EXPECT_EQ(OfCategory(SimpleAvg), (Percents{50, 60}));
+}
+
+TEST_F(LedgerProgress, OnlyTheAverageIsCutByACancel) {
+  session_.CancelFetching(True);
+  EXPECT_EQ(OfItem(AverageRate), (Percents{40}));
+  EXPECT_FALSE(session_.ReportIsWhole());
+  EXPECT_EQ(OfItem(FifoRate), (Percents{50, 60}));
+  EXPECT_TRUE(session_.ReportIsWhole());
 }
 
 }  // namespace
