@@ -135,7 +135,7 @@ TEST_F(StockDispatchTest, WithoutAConditionNothingIsAdded) {
   EXPECT_NE(MainQuery().find("on batches1.batch_id = aaa.batch_id  order by  items1.itemname,"),
             std::string::npos);
   Ask(StockTree::kItem, LifoRate);
-  EXPECT_NE(MainQuery().find("and godown1.deleted = 0  group by"), std::string::npos);
+  EXPECT_NE(MainQuery().find("and godown1.deleted = 0  order by"), std::string::npos);
   Ask(StockTree::kItem, LastSaleRate);
   EXPECT_EQ(MainQuery().find("itemstate"), std::string::npos);
 }
