@@ -51,10 +51,11 @@ constexpr std::array<Argument, 10> Analysis(const Argument& to) {
           kStates.Optional()};
 }
 
-constexpr auto kSales = And(
-    Analysis(kToAsVariant),
-    Rows("rsItems", "Items with Item_id, itemname, ITemDesc and ITemPartno, for item relations.")
-        .Optional());
+constexpr auto kSales =
+    And(Analysis(kToAsVariant),
+        HostRowset("rsItems",
+                   "Items with Item_id, itemname, ITemDesc and ITemPartno, for item relations.")
+            .Optional());
 constexpr auto kPurchases = Analysis(kToAsVariant);
 
 constexpr Argument kDaily[] = {
@@ -82,7 +83,7 @@ constexpr Argument kCommission[] = {
     Int32("lngId1", "The one employee or item to show, in detail; -1 is all.").Optional("-1"),
     kReportOrNot,
     kScaleOrOne,
-    Rows("recitem", "Items with itemnew_id and itemname.").Optional(),
+    HostRowset("recitem", "Items with itemnew_id and itemname.").Optional(),
 };
 constexpr Argument kCommissionDaily[] = {
     kYearNotUsed,

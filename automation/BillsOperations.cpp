@@ -20,7 +20,7 @@ constexpr Argument kBills[] = {
     kScale.Optional("1"),
     Flag("Detailed", kNotUsed).Optional(),
     Day("lastVoucherDate", kNotUsed).Optional(),
-    Rows("recitem", "Items with Itemnew_id and itemname.").Optional(),
+    HostRowset("recitem", "Items with Itemnew_id and itemname.").Optional(),
 };
 
 constexpr Argument kPriceList[] = {

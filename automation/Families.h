@@ -41,7 +41,7 @@ constexpr Argument Flag(std::string_view name, std::string_view help) {
 constexpr Argument Text(std::string_view name, std::string_view help) {
   return {.name = name, .type = ArgumentType::kText, .help = help};
 }
-constexpr Argument Rows(std::string_view name, std::string_view help) {
+constexpr Argument HostRowset(std::string_view name, std::string_view help) {
   return {.name = name, .type = ArgumentType::kRowset, .help = help};
 }
 constexpr Argument OneOf(std::string_view name, const Enumeration& enumeration,

@@ -26,7 +26,7 @@ constexpr Argument kHistory[] = {
     Flag("blnDetailed", "Add the lines and the complaints of each bill."),
     kScale,
     Text("strFilter", "A whole clause on Terms1 with its own Where, or nothing."),
-    Rows("rsItm", "Items with Itemnew_id, itemname and UOMNAME."),
+    HostRowset("rsItm", "Items with Itemnew_id, itemname and UOMNAME."),
 };
 
 constexpr Argument kFreeService[] = {
@@ -49,7 +49,7 @@ constexpr Argument kFreeServiceDaily[] = {
     Flag("blnDetailed", "Add the lines of each bill."),
     kScale,
     Int32("Vehicle_id", "The vehicle model.").Of(kItems),
-    Rows("rsItms", "Items with ItemNew_id and itemname.").ByReference(),
+    HostRowset("rsItms", "Items with ItemNew_id and itemname.").ByReference(),
     Byte("OptNo", kNotUsed),
 };
 
@@ -77,7 +77,7 @@ constexpr Argument kLabourDaily[] = {
     Int32("Mechanic_id", "The mechanic; 0 is all.").Of(kMechanics),
     Int32("Item_id", "The vehicle model or labour item; 0 is all.").Of(kItems).ByReference(),
     Byte("OptNo", kNotUsed),
-    Rows("rsItm", "Items with ItemNew_id and itemname.").ByReference(),
+    HostRowset("rsItm", "Items with ItemNew_id and itemname.").ByReference(),
     kByModelOrItem,
     kFilterNotUsed,
 };
@@ -105,7 +105,7 @@ constexpr Argument kHypothecationDaily[] = {
     Int32("Hypo_id", "The financier; 0 is all.").Of(kFinanciers),
     Int32("Item_id", "The vehicle model; 0 is all.").Of(kItems).ByReference(),
     Byte("OptNo", kNotUsed),
-    Rows("rsItm", kNotUsed).ByReference(),
+    HostRowset("rsItm", kNotUsed).ByReference(),
     kByPin,
     kFilterNotUsed,
 };
@@ -123,7 +123,7 @@ constexpr Argument kClaims[] = {
     Flag("blnDetailed", kNotUsed).Optional(),
     Flag("blnShowNarration", kNotUsed).Optional(),
     kScaleOrOne,
-    Rows("recitem", "Items with itemnew_id, ITemPartno and itemname.").Optional(),
+    HostRowset("recitem", "Items with itemnew_id, ITemPartno and itemname.").Optional(),
 };
 
 constexpr Argument kBillOfReceipts =
@@ -168,7 +168,7 @@ constexpr Argument kBuyers[] = {
     Flag("blnDetailed", kNotUsed).Optional(),
     kScaleOrOne,
     Byte("btTypeOfBuyerReport", kNotUsed).Optional(),
-    Rows("rsItms", "Items with Itemnew_id and itemname.").Optional(),
+    HostRowset("rsItms", "Items with Itemnew_id and itemname.").Optional(),
     Text("sVouchertype_id", "SubRelatedTo codes with commas between, or nothing.").Optional(),
 };
 
@@ -182,7 +182,7 @@ constexpr std::array<Argument, 10> kTransportOffice = {
     kReportOrNot,
     Flag("blnDetailed", kNotUsed).Optional(),
     Single("sngScale", kNotUsed).Optional("1"),
-    Rows("recitem", "Kept for the reports that follow.").Optional(),
+    HostRowset("recitem", "Kept for the reports that follow.").Optional(),
 };
 constexpr auto kTransportDocument =
     And(kTransportOffice, Int32("Desr_Id", "The one document; 0 is all.").Optional());
@@ -200,8 +200,8 @@ constexpr Argument kServiceTax[] = {
     Flag("blnDetailed", "A line for each taxed line as well.").Optional(),
     Flag("blnShowNarration", kNotUsed).Optional(),
     kScaleOrOne,
-    Rows("recitem", "Items with itemnew_id and itemname.").Optional(),
-    Rows("recLedger", "Ledgers with Ledger_id and Ledgername.").Optional().ByReference(),
+    HostRowset("recitem", "Items with itemnew_id and itemname.").Optional(),
+    HostRowset("recLedger", "Ledgers with Ledger_id and Ledgername.").Optional().ByReference(),
 };
 
 constexpr ReportTypeRule kSearchTypes[] = {

@@ -189,7 +189,7 @@ void ReadChapter(benchmark::State& state) {
   columns.push_back({"Chap", adChapter});
   auto store = std::make_shared<RowStore>(columns, RowStore::Kind::kQuery);
   Chunk chunk(columns);
-  while (!chunk.Full()) FillRow(chunk, static_cast<std::int64_t>(chunk.Rows()));
+  while (!chunk.Full()) FillRow(chunk, static_cast<std::int64_t>(chunk.RowCount()));
   store->Append(std::move(chunk));
   store->SetChapters(static_cast<int>(columns.size()) - 1, chapters);
   const RecordsetPtr parent = RecordsetAccess::Over(store);

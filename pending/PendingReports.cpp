@@ -8,10 +8,10 @@ namespace pstolvane1 {
 
 std::span<const ReportRow> PendingReports() {
   static constexpr ReportRow kRows[] = {
-      Rows(rtFreeQuantity_Itemwise, rtFreeQuantity_Partywise, 1, &mFreeQuantity, kLinesCounted),
-      Rows(rtFreeQuantity_Itemwise_Initial, rtFreeQuantity_Partywise_Initial, 1,
-           &mFreeQuantity_Initial),
-      Rows(rtPendingByItem, rtPendingByEmployee, 1, &mPending, kLinesCounted),
+      Row(rtFreeQuantity_Itemwise, rtFreeQuantity_Partywise, 1, &mFreeQuantity, kLinesCounted),
+      Row(rtFreeQuantity_Itemwise_Initial, rtFreeQuantity_Partywise_Initial, 1,
+          &mFreeQuantity_Initial),
+      Row(rtPendingByItem, rtPendingByEmployee, 1, &mPending, kLinesCounted),
   };
   return kRows;
 }

@@ -64,9 +64,9 @@ struct ReportRow {
   return {
       .first = type, .last = type, .awaits = awaits, .builder = builder, .any_count = any_count};
 }
-// One for the types from first to last.
-[[nodiscard]] constexpr ReportRow Rows(ReportType first, ReportType last, std::uint8_t awaits,
-                                       RowBuilder builder = nullptr, std::int32_t any_count = 0) {
+// A row for the types from first to last.
+[[nodiscard]] constexpr ReportRow Row(ReportType first, ReportType last, std::uint8_t awaits,
+                                      RowBuilder builder = nullptr, std::int32_t any_count = 0) {
   return {
       .first = first, .last = last, .awaits = awaits, .builder = builder, .any_count = any_count};
 }

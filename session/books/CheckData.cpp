@@ -211,7 +211,7 @@ void CheckColumns(Reader& books, bool complete, const Table& table, Findings& fi
     }
   }
   if (tests.empty()) return;
-  const auto row = books.Rows(select + from).front();
+  const auto row = books.Select(select + from).front();
   for (std::size_t i = 0; i < tests.size(); ++i) {
     const std::string of =
         " in " + std::string(table.name) + "." + std::string(tests[i].column->name);
@@ -226,7 +226,7 @@ void CheckRows(Reader& books, bool complete, Severity severity, const std::strin
                Findings& findings) {
   const std::string select = "SELECT count(*), min(" + key + ") FROM " + from;
   if (!complete && !books.Understands(select)) return;
-  const auto row = books.Rows(select).front();
+  const auto row = books.Select(select).front();
   Tell(severity, row[0], row[1], key.substr(key.find('.') + 1), one, many, findings);
 }
 

@@ -82,7 +82,7 @@ void CheckYears(Reader& books, bool complete, Findings& findings) {
         " WHERE Date IS NOT NULL AND YearNo IS NOT NULL GROUP BY YearNo, " + month;
     if (!complete && !books.Understands(select)) continue;
     std::vector<MonthGroup> groups;
-    for (const auto& row : books.Rows(select)) {
+    for (const auto& row : books.Select(select)) {
       groups.push_back(
           {std::stoi(*row[0]), std::stoi(*row[1]), std::stoll(*row[2]), std::stoll(*row[3])});
     }
@@ -107,7 +107,7 @@ void CheckTrees(Reader& books, bool complete, Findings& findings) {
                                name + " WHERE RelatedTo IS NOT NULL";
     if (!complete && !books.Understands(select)) continue;
     std::map<long long, long long> parents;
-    for (const auto& row : books.Rows(select)) {
+    for (const auto& row : books.Select(select)) {
       parents.emplace(std::stoll(*row[0]), std::stoll(*row[1]));
     }
     for (const std::string& loop : LoopsIn(parents)) {

@@ -124,7 +124,7 @@ std::int64_t CopyTable(Snapshot& state, const Source& source, Writer& writer,
                        const CopyProgress& progress) {
   Statement insert(writer, source.table->name, Names(source, false));
   return ReadRows(state, source, progress, [&](const Chunk& chunk) {
-    for (std::size_t row = 0; row < chunk.Rows(); ++row) {
+    for (std::size_t row = 0; row < chunk.RowCount(); ++row) {
       for (std::size_t at = 0; at < source.columns.size(); ++at) {
         BindCell(chunk, at, row, source.columns[at]->kind, insert);
       }
@@ -202,7 +202,7 @@ std::int64_t CopyTable(Snapshot& state, const Source& source, ServerWriter& writ
   writer.BeginRows(source.table->name, Names(source, true));
   const std::int64_t rows = ReadRows(state, source, progress, [&](const Chunk& chunk) {
     std::string lines;
-    for (std::size_t row = 0; row < chunk.Rows(); ++row) {
+    for (std::size_t row = 0; row < chunk.RowCount(); ++row) {
       for (std::size_t at = 0; at < source.columns.size(); ++at) {
         if (at > 0) lines += '\t';
         AppendCell(lines, chunk, at, row, *source.columns[at]);

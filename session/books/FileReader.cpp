@@ -30,7 +30,7 @@ class FileReader final : public Reader {
   FileReader(const FileReader&) = delete;
   FileReader& operator=(const FileReader&) = delete;
 
-  [[nodiscard]] std::vector<Row> Rows(const std::string& select) override;
+  [[nodiscard]] std::vector<Row> Select(const std::string& select) override;
   [[nodiscard]] bool Understands(const std::string& select) override;
   [[nodiscard]] std::vector<std::string> TableNames() override;
   [[nodiscard]] std::vector<DeclaredColumn> ColumnsIn(const Table& table) override;
@@ -90,7 +90,7 @@ void FileReader::Fail() {
               "cannot read the books \"" + path_ + "\": " + sqlite3_errmsg(database_));
 }
 
-std::vector<Reader::Row> FileReader::Rows(const std::string& select) {
+std::vector<Reader::Row> FileReader::Select(const std::string& select) {
   const Prepared statement = Prepare(database_, select);
   if (!statement) Fail();
   std::vector<Row> rows;
@@ -128,7 +128,7 @@ bool FileReader::Understands(const std::string& select) {
 std::vector<DeclaredColumn> FileReader::ColumnsIn(const Table& table) {
   std::vector<DeclaredColumn> columns;
   for (const auto& row :
-       Rows("SELECT name, type FROM pragma_table_info('" + std::string(table.name) + "')")) {
+       Select("SELECT name, type FROM pragma_table_info('" + std::string(table.name) + "')")) {
     DeclaredColumn column{row[0].value_or(""), row[1].value_or(""), std::nullopt};
     const auto read = sql::ColumnOfDeclaration(column.name, column.declared);
     if (read) column.type = read->type;
@@ -139,7 +139,7 @@ std::vector<DeclaredColumn> FileReader::ColumnsIn(const Table& table) {
 
 std::vector<std::string> FileReader::TableNames() {
   std::vector<std::string> names;
-  for (const auto& row : Rows("SELECT name FROM sqlite_master WHERE type = 'table' AND "
+  for (const auto& row : Select("SELECT name FROM sqlite_master WHERE type = 'table' AND "
                               "substr(name, 1, 7) <> 'sqlite_' ORDER BY name")) {
     names.push_back(row[0].value_or(""));
   }
@@ -147,8 +147,8 @@ std::vector<std::string> FileReader::TableNames() {
 }
 
 bool FileReader::IsTable(const Table& table) {
-  return !Rows("SELECT 1 FROM sqlite_master WHERE type = 'table' AND lower(name) = '" +
-               InSmallLetters(table.name) + "'")
+  return !Select("SELECT 1 FROM sqlite_master WHERE type = 'table' AND lower(name) = '" +
+                 InSmallLetters(table.name) + "'")
               .empty();
 }
 
@@ -156,9 +156,9 @@ bool FileReader::IsTable(const Table& table) {
 std::vector<std::string> FileReader::IndexesIn(const Table& table) {
   std::vector<std::string> indexes;
   for (const auto& row :
-       Rows("SELECT (SELECT group_concat(name) FROM (SELECT coalesce(name, '()') AS name FROM "
-            "pragma_index_info(l.name) ORDER BY seqno)) FROM pragma_index_list('" +
-            std::string(table.name) + "') l WHERE partial = 0")) {
+       Select("SELECT (SELECT group_concat(name) FROM (SELECT coalesce(name, '()') AS name FROM "
+              "pragma_index_info(l.name) ORDER BY seqno)) FROM pragma_index_list('" +
+              std::string(table.name) + "') l WHERE partial = 0")) {
     indexes.push_back(InSmallLetters(row[0].value_or("")));
   }
   return indexes;

@@ -30,7 +30,7 @@ class Reader {
   virtual ~Reader() = default;
 
   // What both the dialect and SQLite understand.
-  [[nodiscard]] virtual std::vector<Row> Rows(const std::string& select) = 0;
+  [[nodiscard]] virtual std::vector<Row> Select(const std::string& select) = 0;
   // Whether the query names only what is there.
   [[nodiscard]] virtual bool Understands(const std::string& select) = 0;
   // Every table whose rows lie here, by name; views and the engine's own are none.

@@ -48,7 +48,7 @@ class ServerReader final : public Reader {
         watch_(kNoLimit),
         catalog_(settings_, opening_) {}
 
-  [[nodiscard]] std::vector<Row> Rows(const std::string& select) override {
+  [[nodiscard]] std::vector<Row> Select(const std::string& select) override {
     const std::shared_ptr<Cursor> cursor = state_->Run(select, kNoLimit);
     std::vector<Row> rows;
     while (true) {

@@ -156,7 +156,7 @@ void AsyncFetch::TakeChunk(Recordset& rowset) {
     chunk.emplace(std::move(on_their_way_.front()));
     on_their_way_.pop_front();
   }
-  handed_over_ += static_cast<std::uint32_t>(chunk->Rows());
+  handed_over_ += static_cast<std::uint32_t>(chunk->RowCount());
   try {
     RecordsetAccess::Store(rowset)->Append(std::move(*chunk));
   } catch (const std::bad_alloc&) {

@@ -31,7 +31,7 @@ class Chunk {
 
   explicit Chunk(const std::vector<ColumnInfo>& columns, std::size_t capacity = kRows);
 
-  [[nodiscard]] std::size_t Rows() const { return rows_; }
+  [[nodiscard]] std::size_t RowCount() const { return rows_; }
   [[nodiscard]] std::size_t Capacity() const { return capacity_; }
   [[nodiscard]] bool Full() const { return rows_ == capacity_; }
   [[nodiscard]] std::size_t Columns() const { return columns_.size(); }

@@ -7,8 +7,8 @@
 namespace pstolvane1 {
 
 ColumnIndex::ColumnIndex(const RowStore& store, int column) : keys_(store, {column}) {
-  std::vector<std::uint32_t> key_of_row(store.Rows(), KeyTable::kNone);
-  for (std::uint32_t row = 0; row < store.Rows(); ++row) {
+  std::vector<std::uint32_t> key_of_row(store.RowCount(), KeyTable::kNone);
+  for (std::uint32_t row = 0; row < store.RowCount(); ++row) {
     if (!store.Hidden(row)) key_of_row[row] = keys_.Add(row);
   }
   starts_.assign(keys_.Count() + std::size_t{1}, 0);
@@ -18,7 +18,7 @@ ColumnIndex::ColumnIndex(const RowStore& store, int column) : keys_(store, {colu
   for (std::size_t key = 1; key < starts_.size(); ++key) starts_[key] += starts_[key - 1];
   rows_.resize(starts_.back());
   std::vector<std::uint32_t> next(starts_.begin(), starts_.end() - 1);
-  for (std::uint32_t row = 0; row < store.Rows(); ++row) {
+  for (std::uint32_t row = 0; row < store.RowCount(); ++row) {
     if (key_of_row[row] != KeyTable::kNone) rows_[next[key_of_row[row]]++] = row;
   }
 }

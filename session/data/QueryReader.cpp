@@ -48,7 +48,7 @@ void QueryReader::ReadChunks(const shape::QueryPlan& query, const std::vector<Co
     Chunk chunk(columns, room);
     cursor->Read(chunk);
     const bool more = chunk.Full();
-    if (chunk.Rows() > 0) take(std::move(chunk));
+    if (chunk.RowCount() > 0) take(std::move(chunk));
     if (!more) return;
     stop_->Check();
   }

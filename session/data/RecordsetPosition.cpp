@@ -47,7 +47,7 @@ void Recordset::Bookmark(pstolvane1::Bookmark position) {
   RowView& view = impl_->Open();
   impl_->Commit();
   const auto row = static_cast<std::uint32_t>(position);
-  if (row >= view.Store().Rows() || view.Store().Hidden(row)) RaiseRowGone();
+  if (row >= view.Store().RowCount() || view.Store().Hidden(row)) RaiseRowGone();
   view.GoTo(row);
 }
 
@@ -55,7 +55,7 @@ Recordset::Row Recordset::RowAt(pstolvane1::Bookmark position) const {
   const RowView& view = impl_->Open();
   const auto row = static_cast<std::uint32_t>(position);
   const RowStore& store = view.Store();
-  const bool there = row < store.Rows() && (!store.Hidden(row) || view.Adding() == row);
+  const bool there = row < store.RowCount() && (!store.Hidden(row) || view.Adding() == row);
   if (!there) RaiseRowGone();
   return {store, row};
 }

@@ -77,7 +77,7 @@ void RowFilter::Scan(const Node& node, const Chunk& chunk, std::size_t first, st
   }
 }
 
-RowFilter::Rows RowFilter::LookUp(RowStore& store) const {
+RowFilter::Matches RowFilter::LookUp(RowStore& store) const {
   const Node& root = nodes_[root_];
   if (root.kind != Node::Kind::kComparison) return {};
   const FilterComparison& comparison = comparisons_[root.first];
@@ -133,8 +133,8 @@ std::vector<std::uint32_t> RowFilter::Select(RowStore& store) const {
   std::array<std::uint64_t, kBlockWords> bits;
   for (std::size_t number = 0; number < store.Chunks(); ++number) {
     const Chunk& chunk = store.ChunkAt(number);
-    for (std::size_t first = 0; first < chunk.Rows(); first += kBlockRows) {
-      const std::size_t end = std::min(first + kBlockRows, chunk.Rows());
+    for (std::size_t first = 0; first < chunk.RowCount(); first += kBlockRows) {
+      const std::size_t end = std::min(first + kBlockRows, chunk.RowCount());
       const auto words = std::span(bits).first((end - first + 63) / 64);
       Scan(root, chunk, first, end, words);
       const std::size_t first_row = store.FirstRowOf(number) + first;

@@ -40,13 +40,13 @@ class RowFilter {
   [[nodiscard]] bool Uses(const std::vector<bool>& columns) const;
 
   // Rows in ascending order, from an index that owner keeps.
-  struct Rows {
+  struct Matches {
     std::span<const std::uint32_t> list;
     std::shared_ptr<const ColumnIndex> owner;
   };
   // Where the filter is one equality on an optimized column: its rows, hidden ones too, as they
   // stand in the index. Else owner is null.
-  [[nodiscard]] Rows LookUp(RowStore& store) const;
+  [[nodiscard]] Matches LookUp(RowStore& store) const;
   // The visible rows for which it is true, in ascending order: of the whole store, or of an
   // ascending list.
   [[nodiscard]] std::vector<std::uint32_t> Select(RowStore& store) const;
@@ -65,7 +65,7 @@ class RowFilter {
   // Rows that include all for which a part of the filter can be true.
   struct Candidates {
     bool known = false;
-    Rows rows;
+    Matches rows;
     std::vector<std::uint32_t> own;  // what rows.list shows, where it is not an index's
   };
 

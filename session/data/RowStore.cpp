@@ -66,12 +66,12 @@ void RowStore::Append(Chunk chunk) {
                 "a chunk that is neither the first nor the last does not have " +
                     std::to_string(Chunk::kRows) + " rows");
   }
-  if (chunk.Rows() > kMostRows - rows_) {
+  if (chunk.RowCount() > kMostRows - rows_) {
     throw Error(ErrorNumber::kOverflow, "a rowset holds at most 4294967294 rows");
   }
-  if (chunk.Rows() == 0) return;
+  if (chunk.RowCount() == 0) return;
   const std::uint32_t first = rows_;
-  const auto count = static_cast<std::uint32_t>(chunk.Rows());
+  const auto count = static_cast<std::uint32_t>(chunk.RowCount());
   if (chunks_.size() == 1) first_rows_ = rows_;
   chunks_.push_back(std::make_unique<Chunk>(std::move(chunk)));
   rows_ += count;

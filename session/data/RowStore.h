@@ -71,7 +71,7 @@ class RowStore {
   // and must have no rowsets.
   [[nodiscard]] std::vector<Chunk> TakeChunks();
   // Numbers given so far, those of hidden rows too.
-  [[nodiscard]] std::uint32_t Rows() const { return rows_; }
+  [[nodiscard]] std::uint32_t RowCount() const { return rows_; }
   [[nodiscard]] std::uint32_t LiveRows() const { return rows_ - hidden_count_; }
   [[nodiscard]] bool AnyHidden() const { return hidden_count_ != 0; }
   [[nodiscard]] bool Hidden(std::uint32_t row) const {

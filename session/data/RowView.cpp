@@ -63,7 +63,7 @@ void RowView::Fill() {
     return;
   }
   if (order_.Empty() && !has_base_) {
-    RowFilter::Rows rows = filter_->LookUp(*store_);
+    RowFilter::Matches rows = filter_->LookUp(*store_);
     if (rows.owner) {
       list_owner_ = std::move(rows.owner);
       return Use(rows.list);
@@ -73,7 +73,7 @@ void RowView::Fill() {
   if (filter_) {
     rows = has_base_ ? filter_->SelectFrom(*store_, base_) : filter_->Select(*store_);
   } else {
-    const std::size_t count = has_base_ ? base_.size() : store_->Rows();
+    const std::size_t count = has_base_ ? base_.size() : store_->RowCount();
     rows.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
       const std::uint32_t row = has_base_ ? base_[i] : static_cast<std::uint32_t>(i);
@@ -217,7 +217,7 @@ void RowView::Find(std::string_view criterion) {
   if (stand_ == Stand::kEof) return;
   std::size_t place = stand_ == Stand::kBof ? 0 : place_;
   if (all_) {
-    const RowFilter::Rows rows = wanted->LookUp(*store_);
+    const RowFilter::Matches rows = wanted->LookUp(*store_);
     if (rows.owner) {
       auto found = std::lower_bound(rows.list.begin(), rows.list.end(), place);
       while (found != rows.list.end() && store_->Hidden(*found)) ++found;

@@ -43,7 +43,7 @@ class RowView {
     return all_ ? store_->LiveRows() : visible_;
   }
   // Places in the list, those of hidden rows too; a place is a number below Places().
-  [[nodiscard]] std::size_t Places() const { return all_ ? store_->Rows() : list_.size(); }
+  [[nodiscard]] std::size_t Places() const { return all_ ? store_->RowCount() : list_.size(); }
   [[nodiscard]] std::uint32_t RowAt(std::size_t place) const {
     return all_ ? static_cast<std::uint32_t>(place) : list_[place];
   }

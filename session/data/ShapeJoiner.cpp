@@ -43,8 +43,8 @@ struct ParentKeys {
   std::vector<std::uint32_t> group_of_row;
 
   ParentKeys(const RowStore& parent, const std::vector<int>& columns) : keys(parent, columns) {
-    group_of_row.reserve(parent.Rows());
-    for (std::uint32_t row = 0; row < parent.Rows(); ++row) {
+    group_of_row.reserve(parent.RowCount());
+    for (std::uint32_t row = 0; row < parent.RowCount(); ++row) {
       group_of_row.push_back(AnyNull(parent, columns, row) ? kNoGroup : keys.Add(row));
     }
   }
@@ -52,9 +52,9 @@ struct ParentKeys {
 
 std::shared_ptr<ChapterRows> Relate(const ParentKeys& parent, std::shared_ptr<RowStore> child,
                                     const std::vector<int>& columns) {
-  std::vector<std::uint32_t> group_of_child(child->Rows(), kNoGroup);
+  std::vector<std::uint32_t> group_of_child(child->RowCount(), kNoGroup);
   std::vector<CellKey> key(columns.size());
-  for (std::uint32_t row = 0; row < child->Rows(); ++row) {
+  for (std::uint32_t row = 0; row < child->RowCount(); ++row) {
     bool null = false;
     for (std::size_t i = 0; i < columns.size() && !null; ++i) {
       key[i] = CellKey::Of(*child, columns[i], row);
@@ -106,8 +106,8 @@ class Joiner {
 
     KeyTable keys(rows, plan.by);
     std::vector<std::uint32_t> group_of;
-    group_of.reserve(rows.Rows());
-    for (std::uint32_t row = 0; row < rows.Rows(); ++row) group_of.push_back(keys.Add(row));
+    group_of.reserve(rows.RowCount());
+    for (std::uint32_t row = 0; row < rows.RowCount(); ++row) group_of.push_back(keys.Add(row));
     const std::uint32_t groups = plan.by.empty() ? 1 : keys.Count();
     FillGroups(*chapters, group_of, groups);
 
@@ -129,7 +129,7 @@ class Joiner {
   static void Write(const std::vector<AggregatePlan>& aggregates, const ChapterRows& chapters,
                     const RowStore& store) {
     for (const AggregatePlan& aggregate : aggregates) {
-      for (std::uint32_t row = 0; row < store.Rows(); ++row) {
+      for (std::uint32_t row = 0; row < store.RowCount(); ++row) {
         WriteAggregate(aggregate, *chapters.child, chapters.Of(row), store.At(row));
       }
     }

@@ -9,7 +9,7 @@ const std::vector<ColumnInfo> kColumns = {
 
 TEST(Chunk, BeginsWithNulls) {
   Chunk chunk(kColumns, 3);
-  EXPECT_EQ(chunk.Rows(), 0U);
+  EXPECT_EQ(chunk.RowCount(), 0U);
   EXPECT_EQ(chunk.AddRow(), 0U);
   EXPECT_EQ(chunk.AddRow(), 1U);
   EXPECT_FALSE(chunk.Full());
@@ -104,7 +104,7 @@ TEST(Chunk, KeepsViewsOfTextsWhileMoreAreWritten) {
   EXPECT_EQ(moved.Text(1, 0), "changed");
   EXPECT_EQ(moved.Text(1, 2), long_text);
   EXPECT_EQ(moved.Text(1, 63), "text 63");
-  EXPECT_EQ(moved.Rows(), 64U);
+  EXPECT_EQ(moved.RowCount(), 64U);
   EXPECT_EQ(moved.Capacity(), 4096U);
 }
 

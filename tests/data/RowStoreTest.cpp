@@ -31,7 +31,7 @@ TEST(RowStore, FindsRowsBehindAShortFirstChunk) {
   store->Append(Numbered(3, kFull));
   store->Append(Numbered(3 + kFull, kFull));
   store->Append(Numbered(3 + 2 * kFull, 10));
-  EXPECT_EQ(store->Rows(), 3U + 2U * kFull + 10U);
+  EXPECT_EQ(store->RowCount(), 3U + 2U * kFull + 10U);
   const RecordsetPtr rowset = RecordsetAccess::Over(store);
   std::int32_t expected = 0;
   for (const Recordset::Row row : rowset->Rows()) {
@@ -60,7 +60,7 @@ TEST(RowStore, TakesAnEmptyChunkForNone) {
   const auto store = EmptyStore();
   store->Append(Numbered(0, 0));
   store->Append(Numbered(0, 2));
-  EXPECT_EQ(store->Rows(), 2U);
+  EXPECT_EQ(store->RowCount(), 2U);
 }
 
 TEST(RowStore, RowsThatArriveAppearInOpenRowsets) {

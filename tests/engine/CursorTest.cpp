@@ -215,7 +215,7 @@ TEST(Cursors, AnErrorAmongTheRowsLeavesTheRowsBeforeIt) {
   Chunk chunk(cursor->Columns());
   EXPECT_EQ(ErrorOf([&] { cursor->Read(chunk); }),
             "13 while reading column D: \"31.03.2004\" is not a date");
-  EXPECT_EQ(chunk.Rows(), 1U);
+  EXPECT_EQ(chunk.RowCount(), 1U);
   EXPECT_TRUE(chunk.IsNull(0, 1));
   EXPECT_EQ(cursor->Read(chunk), 0U) << "it is over";
 }

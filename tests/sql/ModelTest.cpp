@@ -124,7 +124,7 @@ Outcome Fetched(Connection& connection, const std::string& text,
     for (bool more = true; more;) {
       Chunk chunk(cursor->Columns());
       more = cursor->Read(chunk) == chunk.Capacity();
-      for (std::size_t r = 0; r < chunk.Rows(); ++r) {
+      for (std::size_t r = 0; r < chunk.RowCount(); ++r) {
         Row row;
         for (std::size_t c = 0; c < outcome.types.size(); ++c) {
           row.push_back(ReadValue(chunk, c, r, outcome.types[c]));

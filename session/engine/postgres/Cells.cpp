@@ -229,7 +229,7 @@ bool RowReader::Read(std::string_view& piece, Chunk& chunk) {
   const auto fields = Take<std::int16_t>(piece);
   if (fields == -1) return false;  // the end of all rows
   if (fields != static_cast<std::int16_t>(writers_.size())) throw Garbled();
-  const std::size_t row = chunk.Rows();
+  const std::size_t row = chunk.RowCount();
   std::size_t column = 0;
   try {
     for (; column < writers_.size(); ++column) {

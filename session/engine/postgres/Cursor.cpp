@@ -100,12 +100,12 @@ Error PostgresCursor::Meant(const Error& error) const {
 
 std::size_t PostgresCursor::Read(Chunk& chunk) {
   if (ended_) return 0;
-  const std::size_t before = chunk.Rows();
+  const std::size_t before = chunk.RowCount();
   watch_.Start();
   if (!begun_) Begin();
   try {
     while (!chunk.Full()) {
-      if ((chunk.Rows() - before) % kRowsPerLook == 0) Database::CheckWatch(watch_);
+      if ((chunk.RowCount() - before) % kRowsPerLook == 0) Database::CheckWatch(watch_);
       if (!reader_.Read(rest_, chunk) && !ReadPiece()) {
         ended_ = true;
         if (database_) state_->pool->Give(std::move(database_));
@@ -119,7 +119,7 @@ std::size_t PostgresCursor::Read(Chunk& chunk) {
     throw error.While("reading the rows");
   }
   watch_.Pause();
-  return chunk.Rows() - before;
+  return chunk.RowCount() - before;
 }
 
 void PostgresCursor::Cancel() noexcept { cancel_.Raise(); }

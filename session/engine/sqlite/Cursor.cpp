@@ -52,7 +52,7 @@ std::size_t SqliteCursor::Read(Chunk& chunk) {
   state_->FinalizeDropped();
   CheckTouched();
   const Database::Running running(*state_->database, watch_, state_->catalog.get());
-  const std::size_t before = chunk.Rows();
+  const std::size_t before = chunk.RowCount();
   sqlite3_stmt* statement = statement_.get();
   // A short statement may never reach the engine's own look at the watch.
   int code = watch_.Check() == Stop::kNone ? SQLITE_ROW : SQLITE_INTERRUPT;
@@ -60,7 +60,7 @@ std::size_t SqliteCursor::Read(Chunk& chunk) {
     while (code == SQLITE_ROW && !chunk.Full()) {
       code = sqlite3_step(statement);
       if (code != SQLITE_ROW) break;
-      writer_->Write(chunk, chunk.Rows());
+      writer_->Write(chunk, chunk.RowCount());
       chunk.AddRow();
     }
     if (code != SQLITE_ROW && code != SQLITE_DONE) {
@@ -75,7 +75,7 @@ std::size_t SqliteCursor::Read(Chunk& chunk) {
     at_end_ = true;
     sqlite3_reset(statement);
   }
-  return chunk.Rows() - before;
+  return chunk.RowCount() - before;
 }
 
 void SqliteCursor::Cancel() noexcept { cancel_.Raise(); }
