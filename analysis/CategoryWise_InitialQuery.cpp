@@ -20,7 +20,7 @@ constexpr std::string_view QuantityOf(bool sales) {
 // What a line is billed for at its price, in base units: for purchases too by what went out, which
 // is meant.
 std::string BilledOf(bool sales) {
-  const std::string billed =
+  std::string billed =
       "case when desrdetails1.isaltunit <> 0 then desrdetails1.billedqty * "
       "(desrdetails1.qtydespout / desrdetails1.altqty) else desrdetails1.billedqty end";
   if (sales) return billed;

@@ -48,7 +48,7 @@ std::string Receipts(const BillWiseArguments& arguments) {
 
 std::string ComposeBillWiseQuery(const BillWiseArguments& arguments, const DocumentFilter& filter) {
   const std::string between = Between(arguments);
-  const std::string lines = fmt::format(
+  std::string lines = fmt::format(
       "select desrdetails1.desr_id , desrdetails1.item_id , desrdetails1.qtydespout as QtyOut , "
       "desrdetails1.price as Rate , desr1.date , desr1.desrrefno as refno , desr1.ledger_id , "
       "desr1.totalamount/{scale} as TotalAmount , desr1.related_id as Voucher_id , "
@@ -67,7 +67,7 @@ std::string ComposeBillWiseQuery(const BillWiseArguments& arguments, const Docum
 }
 
 std::string ComposeBillWiseQuery1(const BillWiseArguments& arguments) {
-  const std::string entries = fmt::format(
+  std::string entries = fmt::format(
       "select billbybill1.refno , entries.voucher_id , entries.date , entries.amountdr , "
       "vouchertype1.vouchertype , ledgernames1.ledgername as LedgerName , "
       "(select min(desr1.desr_id) from desr1 where desr1.related_id = entries.voucher_id "

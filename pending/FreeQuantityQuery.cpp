@@ -63,7 +63,7 @@ std::string ComposeGodowns(const std::string& conditions) {
 
 std::string ComposeFreeQuantity(const FreeQuantityArguments& arguments) {
   const std::string conditions = Conditions(arguments);
-  const std::string lines = ComposeLines(arguments, conditions);
+  std::string lines = ComposeLines(arguments, conditions);
   if (!arguments.blnDetailed) return lines;
   return fmt::format(
       "SHAPE {{ {} }} APPEND ( {{ {} }} RELATE DESRDETAILS_ID TO DESRDETAILS_ID ) AS CHPGODDETS",

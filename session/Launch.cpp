@@ -71,7 +71,7 @@ RecordsetPtr InHand(ReportFrame& frame, Report&& report) {
   const WorkInHand in_hand(WorkInHand::Kind::kReport);
   frame.BeginReport();
   try {
-    const RecordsetPtr rowset = report();
+    RecordsetPtr rowset = report();
     if (rowset) in_hand.Check();
     return rowset;
   } catch (const Error&) {

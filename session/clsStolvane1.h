@@ -338,20 +338,21 @@ class clsStolvane1 : public clsStolvane1Events {
   RecordsetPtr BuyerReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                            Boolean blnReport = True, Boolean blnDetailed = False,
                            float sngScale = 1, std::uint8_t btTypeOfBuyerReport = 0,
-                           RecordsetPtr rsItms = nullptr, std::string_view sVouchertype_id = {});
+                           const RecordsetPtr& rsItms = nullptr,
+                           std::string_view sVouchertype_id = {});
   // What the transport office's forms ask of the vehicles sold and not yet filed, as the query's
   // own rowset. Desr_Id is the one document, 0 all of the period.
   Variant RtoSalesDetails(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                           Boolean blnUseLongDate, std::string_view strRefSeperator = "/",
                           std::uint8_t bytOptional = 0, Boolean blnReport = True,
                           Boolean blnDetailed = False, float sngScale = 1,
-                          RecordsetPtr recitem = nullptr, std::int32_t Desr_Id = 0);
+                          const RecordsetPtr& recitem = nullptr, std::int32_t Desr_Id = 0);
   // Its list to pick from. The database refuses its query: error -2147217900.
   Variant RtoSalesDetails1(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                            Boolean blnUseLongDate, std::string_view strRefSeperator = "/",
                            std::uint8_t bytOptional = 0, Boolean blnReport = True,
                            Boolean blnDetailed = False, float sngScale = 1,
-                           RecordsetPtr recitem = nullptr);
+                           const RecordsetPtr& recitem = nullptr);
   // The service bills with tax on their lines: the tax, the taxed labour and the totals; with
   // blnDetailed each line. recitem and recLedger give the names (itemnew_id, itemname; Ledger_id,
   // Ledgername). sngScale divides the rate of tax.
@@ -455,7 +456,7 @@ class clsStolvane1 : public clsStolvane1Events {
                                          Boolean blnReport = True, float sngScale = 1,
                                          std::string_view strConsiderForSih = {},
                                          std::string_view strItemstate = {},
-                                         RecordsetPtr rsItems = nullptr);
+                                         const RecordsetPtr& rsItems = nullptr);
   // What came in from parties and went back.
   RecordsetPtr Movement_PurchaseReturns_Analysis(ReportType& reptype, std::uint8_t bytYearno,
                                                  std::int32_t lngId, Date dtFromDate,

@@ -78,7 +78,8 @@ RecordsetPtr clsStolvane1::LedgersByCode(std::uint8_t bytYearno, std::string& sC
 RecordsetPtr clsStolvane1::CustomerItemwise_Analysis(
     ReportType& reptype, std::uint8_t /*bytYearno*/, std::int32_t lngId, Date dtFromDate,
     const Variant& dtToDate, Boolean blnDetailed, Boolean blnReport, float sngScale,
-    std::string_view strConsiderForSih, std::string_view strItemstate, RecordsetPtr rsItems) {
+    std::string_view strConsiderForSih, std::string_view strItemstate,
+    const RecordsetPtr& rsItems) {
   return OnFrame(frame_, [&](ReportFrame& frame) {
     return MovementAnalysis(frame,
                             Movements(MovementSide::kSales, lngId, dtFromDate, dtToDate.ToDate(),

@@ -227,7 +227,8 @@ RecordsetPtr clsStolvane1::AutoSearchServices(ReportType reptype, std::uint8_t b
 
 RecordsetPtr clsStolvane1::BuyerReport(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                        Boolean blnReport, Boolean blnDetailed, float sngScale,
-                                       std::uint8_t /*btTypeOfBuyerReport*/, RecordsetPtr rsItms,
+                                       std::uint8_t /*btTypeOfBuyerReport*/,
+                                       const RecordsetPtr& rsItms,
                                        std::string_view sVouchertype_id) {
   return OnFrame(frame_, [&](ReportFrame& frame) {
     return pstolvane1::BuyerReport(frame,
@@ -246,7 +247,7 @@ Variant clsStolvane1::RtoSalesDetails(std::uint8_t /*bytYearno*/, Date dtFromDat
                                       std::string_view /*strRefSeperator*/,
                                       std::uint8_t /*bytOptional*/, Boolean blnReport,
                                       Boolean /*blnDetailed*/, float /*sngScale*/,
-                                      RecordsetPtr recitem, std::int32_t Desr_Id) {
+                                      const RecordsetPtr& recitem, std::int32_t Desr_Id) {
   return OnFrame(frame_, [&](ReportFrame& frame) {
     return InVariant(pstolvane1::RtoSalesDetails(
         frame, {.dtFromDate = dtFromDate, .dtToDate = dtToDate, .Desr_Id = Desr_Id}, recitem,
@@ -259,7 +260,7 @@ Variant clsStolvane1::RtoSalesDetails1(std::uint8_t /*bytYearno*/, Date dtFromDa
                                        std::string_view /*strRefSeperator*/,
                                        std::uint8_t /*bytOptional*/, Boolean blnReport,
                                        Boolean /*blnDetailed*/, float /*sngScale*/,
-                                       RecordsetPtr recitem) {
+                                       const RecordsetPtr& recitem) {
   return OnFrame(frame_, [&](ReportFrame& frame) {
     return InVariant(pstolvane1::RtoSalesDetails1(
         frame, {.dtFromDate = dtFromDate, .dtToDate = dtToDate}, recitem, blnReport));

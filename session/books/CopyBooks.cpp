@@ -232,8 +232,8 @@ std::string WrongRow(const std::string& connection_string, const Source& source)
     if (column->kind != ColumnKind::kKey && column->kind != ColumnKind::kWhole) continue;
     const std::string name(column->name);
     const auto rows =
-        books->Rows("SELECT " + first_key + " FROM " + std::string(source.table->name) +
-                    " WHERE typeof(" + name + ") = 'text' LIMIT 1");
+        books->Select("SELECT " + first_key + " FROM " + std::string(source.table->name) +
+                      " WHERE typeof(" + name + ") = 'text' LIMIT 1");
     if (!rows.empty())
       return " (" + first_key + " " + rows[0][0].value_or("Null") + ": " + name + ")";
   }

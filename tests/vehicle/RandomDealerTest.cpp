@@ -26,33 +26,33 @@ class Dealer {
   }
 
   RecordsetPtr Services(bool detailed) {
-    return session_.FreeServiceReport(1, kFrom, kTo, True, detailed, 1, "", "", 0);
+    return session_.FreeServiceReport(1, from_, to_, True, detailed, 1, "", "", 0);
   }
   RecordsetPtr ServiceBills(std::int32_t model, bool detailed) {
-    return session_.FreeServiceReportDaily(rtFreeServiceReportDaily, 1, kFrom, kTo, True, detailed,
+    return session_.FreeServiceReportDaily(rtFreeServiceReportDaily, 1, from_, to_, True, detailed,
                                            1, model, items_, 0);
   }
   RecordsetPtr Labour(std::uint8_t by, bool detailed, std::int32_t mechanic = 0) {
-    return session_.MechanicLabourReport(1, kFrom, kTo, True, detailed, 1, "", "", mechanic, by,
+    return session_.MechanicLabourReport(1, from_, to_, True, detailed, 1, "", "", mechanic, by,
                                          "");
   }
   RecordsetPtr LabourBills(std::uint8_t by, bool detailed, std::int32_t mechanic,
                            std::int32_t item) {
-    return session_.MechanicLabourReportDaily(rtMechanicLabourReportDaily, 1, kFrom, kTo, True,
+    return session_.MechanicLabourReportDaily(rtMechanicLabourReportDaily, 1, from_, to_, True,
                                               detailed, 1, mechanic, item, 0, items_, by, "");
   }
   RecordsetPtr Financiers(bool detailed, bool by_pin) {
-    return session_.HypoReport(1, kFrom, kTo, True, detailed, 1, "", "", 0, by_pin ? 1 : 0, "");
+    return session_.HypoReport(1, from_, to_, True, detailed, 1, "", "", 0, by_pin ? 1 : 0, "");
   }
   RecordsetPtr FinancedSales(std::int32_t financier) {
-    return session_.HypoReportDaily(1, kFrom, kTo, True, False, 1, financier, 0, 0, items_, 0, "");
+    return session_.HypoReportDaily(1, from_, to_, True, False, 1, financier, 0, 0, items_, 0, "");
   }
   RecordsetPtr History(bool detailed) {
-    return session_.ServiceReportRegno(1, kFrom, kTo, True, detailed, 1, "", items_);
+    return session_.ServiceReportRegno(1, from_, to_, True, detailed, 1, "", items_);
   }
 
  private:
-  const Date kFrom = Date::FromYmd(2003, 4, 1), kTo = Date::FromYmd(2004, 3, 31);
+  const Date from_ = Date::FromYmd(2003, 4, 1), to_ = Date::FromYmd(2004, 3, 31);
   clsStolvane1 session_;
   RecordsetPtr items_;
 };

@@ -108,7 +108,7 @@ void ColumnCheck::CheckTable(Database& database, std::span<const TableColumn> co
   std::string kinds;
   std::string names;
   for (const TableColumn& column : columns) {
-    kinds += KindOf(column.type);
+    kinds.push_back(KindOf(column.type));
     names += (names.empty() ? "" : ", ") + sql::QuotedName(column.column);
   }
   const NativeStatement statement =
