@@ -140,7 +140,7 @@ std::vector<DeclaredColumn> FileReader::ColumnsIn(const Table& table) {
 std::vector<std::string> FileReader::TableNames() {
   std::vector<std::string> names;
   for (const auto& row : Select("SELECT name FROM sqlite_master WHERE type = 'table' AND "
-                              "substr(name, 1, 7) <> 'sqlite_' ORDER BY name")) {
+                                "substr(name, 1, 7) <> 'sqlite_' ORDER BY name")) {
     names.push_back(row[0].value_or(""));
   }
   return names;
