@@ -134,20 +134,20 @@ struct Chosen {
   std::string_view name;
 };
 constexpr Chosen kChosen[] = {
-    {Choice::kYear, "bytYearno"},       {Choice::kFrom, "dtFromDate"},
-    {Choice::kTo, "dtToDate"},          {Choice::kMethod, "ValuationMethod"},
+    {Choice::kYearNumber, "bytYearno"}, {Choice::kFirstDay, "dtFromDate"},
+    {Choice::kLastDay, "dtToDate"},     {Choice::kMethod, "ValuationMethod"},
     {Choice::kDetailed, "blnDetailed"}, {Choice::kAlternateUnits, "blnAltUom"},
-    {Choice::kScale, "sngScale"},       {Choice::kScale, "gScale"},
+    {Choice::kMoneyScale, "sngScale"},  {Choice::kMoneyScale, "gScale"},
 };
 
 std::string TextOf(Choice choice, const ShortChoice& chosen) {
   const auto flag = [](bool set) { return std::string(set ? "true" : "false"); };
   switch (choice) {
-    case Choice::kYear:
+    case Choice::kYearNumber:
       return std::to_string(chosen.year);
-    case Choice::kFrom:
+    case Choice::kFirstDay:
       return chosen.from.ToIso();
-    case Choice::kTo:
+    case Choice::kLastDay:
       return chosen.to.ToIso();
     case Choice::kMethod:
       return chosen.method.empty() ? "AverageRate" : chosen.method;
@@ -155,7 +155,7 @@ std::string TextOf(Choice choice, const ShortChoice& chosen) {
       return flag(chosen.detailed);
     case Choice::kAlternateUnits:
       return flag(chosen.alternate_units);
-    case Choice::kScale:
+    case Choice::kMoneyScale:
       return fmt::format("{}", chosen.scale);
   }
   return {};

@@ -54,7 +54,15 @@ struct ShortChoice {
 [[nodiscard]] std::string RowsetOf(const ShortForm& form);
 
 // What of a choice a form looks at.
-enum class Choice : std::uint8_t { kYear, kFrom, kTo, kMethod, kDetailed, kAlternateUnits, kScale };
+enum class Choice : std::uint8_t {
+  kYearNumber,
+  kFirstDay,
+  kLastDay,
+  kMethod,
+  kDetailed,
+  kAlternateUnits,
+  kMoneyScale
+};
 [[nodiscard]] bool Takes(const ShortForm& form, Choice choice);
 
 }  // namespace pstolvane1::automation

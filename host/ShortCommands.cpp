@@ -132,7 +132,7 @@ void AddShortCommand(CLI::App& app, Asked& asked, const ShortForm& first) {
       app.add_subcommand(std::string(first.word), std::string(automation::HelpOf(first)));
   command->group("Reports");
   command->add_option("BOOKS", options->books, "the books")->required();
-  if (AnyTakes(forms, Choice::kFrom)) {
+  if (AnyTakes(forms, Choice::kFirstDay)) {
     command->add_option("PERIOD", options->period,
                         "2004-05, 2004-08 or 2004-04..2004-06; without it the last year");
   }
@@ -157,7 +157,7 @@ void AddShortCommand(CLI::App& app, Asked& asked, const ShortForm& first) {
   if (AnyTakes(forms, Choice::kAlternateUnits)) {
     command->add_flag("--alt-units", options->alternate_units, "in the alternate unit as well");
   }
-  if (AnyTakes(forms, Choice::kScale)) {
+  if (AnyTakes(forms, Choice::kMoneyScale)) {
     CLI::Option* const thousands =
         command->add_flag("--thousands", options->thousands, "money in thousands");
     command->add_flag("--lakhs", options->lakhs, "money in lakhs")->excludes(thousands);

@@ -75,7 +75,7 @@ TEST_F(ShortCommands, OneItemIsShownAlone) {
 TEST_F(ShortCommands, EveryFormRunsOnTheSampleBooks) {
   for (const automation::ShortForm& form : automation::ShortForms()) {
     Words words = {std::string(form.word), Books(), "--quiet", "--format", "csv"};
-    if (Takes(form, automation::Choice::kFrom)) words.insert(words.begin() + 2, "2004-05");
+    if (Takes(form, automation::Choice::kFirstDay)) words.insert(words.begin() + 2, "2004-05");
     if (form.word != "sales" || form.by != "party") {
       bool several = false;
       for (const automation::ShortForm& other : automation::ShortForms()) {
