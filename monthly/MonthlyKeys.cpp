@@ -55,8 +55,8 @@ std::vector<StockKey> StockKeysOf(std::initializer_list<const RowGroups*> by_key
   }
   const auto order = [](const StockKey& key) { return std::tie(key.item_id, key.place); };
   std::ranges::sort(keys, {}, order);
-  const auto repeated = std::ranges::unique(keys, {}, order);
-  keys.erase(repeated.begin(), repeated.end());
+  const auto same = [&](const StockKey& a, const StockKey& b) { return order(a) == order(b); };
+  keys.erase(std::unique(keys.begin(), keys.end(), same), keys.end());
   return keys;
 }
 
