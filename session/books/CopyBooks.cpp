@@ -262,7 +262,15 @@ std::vector<ImportedTable> CopyTables(Provider& books, const std::string& from, 
   return copied;
 }
 
+bool HoldsBooks(const std::string& connection_string) {
+  const std::vector<std::string> tables = ReaderOf(connection_string)->TableNames();
+  return std::ranges::any_of(tables,
+                             [](const std::string& name) { return FindTable(name) != nullptr; });
+}
+
+// Where there are no books at all, the copy itself says so.
 void RefuseExtras(const std::string& from) {
+  if (!HoldsBooks(from)) return;
   std::string names;
   for (const std::string& extra : ExtrasOf(from)) names += (names.empty() ? "" : ", ") + extra;
   if (names.empty()) return;
