@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <fmt/format.h>
 #include <functional>
@@ -50,6 +51,9 @@ struct BooksOptions {
   bool leave_out = false;
 };
 
+// Between two places where work on books tells how far it is lies at most the making of an index.
+constexpr std::chrono::minutes kUntilItTells{1};
+
 constexpr const char* kNewBooks = "the new file, or a server's connection string";
 
 using Showing = std::function<void(double done, std::string_view doing)>;
@@ -65,7 +69,8 @@ void UntilSignal(const std::function<void(const Showing&)>& work) {
                     if (stop) throw Error(ErrorNumber::kQueryRefused, "stopped");
                     bar.Show(done, doing);
                   });
-                });
+                },
+                kUntilItTells);
 }
 
 }  // namespace

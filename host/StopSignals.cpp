@@ -19,7 +19,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::array<int, 3> kStops = {SIGINT, SIGTERM, SIGHUP};
 constexpr std::chrono::milliseconds kBetweenCalls{50};
-constexpr std::chrono::seconds kPatience{2};
 
 std::atomic<bool>& PagerHasThem() {
   static std::atomic<bool> has{false};
@@ -41,7 +40,8 @@ sigset_t SignalsToWaitFor() {
 // its own.
 class SignalThread {
  public:
-  explicit SignalThread(const std::function<void()>& abandon) : abandon_(abandon) {
+  SignalThread(const std::function<void()>& abandon, std::chrono::seconds patience)
+      : abandon_(abandon), patience_(patience) {
     const sigset_t set = SignalsToWaitFor();
     pthread_sigmask(SIG_BLOCK, &set, &mask_before_);
     signals_ = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
@@ -70,7 +70,7 @@ class SignalThread {
       if (signal != 0 && received_ == 0) {
         received_ = signal;
         since = Clock::now();
-      } else if (signal != 0 || (received_ != 0 && Clock::now() - since > kPatience)) {
+      } else if (signal != 0 || (received_ != 0 && Clock::now() - since > patience_)) {
         EndBy(received_);
       }
       if (received_ != 0) abandon_();
@@ -89,6 +89,7 @@ class SignalThread {
   }
 
   const std::function<void()>& abandon_;
+  const std::chrono::seconds patience_;
   sigset_t mask_before_{};
   int signals_ = -1;
   int end_ = -1;
@@ -99,11 +100,12 @@ class SignalThread {
 
 }  // namespace
 
-void DoUntilSignal(const std::function<void()>& abandon, const std::function<void()>& work) {
+void DoUntilSignal(const std::function<void()>& abandon, const std::function<void()>& work,
+                   std::chrono::seconds patience) {
   std::exception_ptr failure;
   int received = 0;
   {
-    const SignalThread signals(abandon);
+    const SignalThread signals(abandon, patience);
     try {
       work();
     } catch (...) {

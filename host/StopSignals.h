@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -15,9 +16,10 @@ struct StoppedBySignal {
 
 // Does the work. A signal to stop meanwhile (interrupt, terminate, hang up) makes another thread
 // call `abandon` until the work ends; then StoppedBySignal is thrown in place of what it threw. A
-// second signal, or work that does not end within two seconds, ends the program at once. Signals
-// that the program was told to ignore stay ignored.
-void DoUntilSignal(const std::function<void()>& abandon, const std::function<void()>& work);
+// second signal, or work that does not end in time, ends the program at once. Signals that the
+// program was told to ignore stay ignored.
+void DoUntilSignal(const std::function<void()>& abandon, const std::function<void()>& work,
+                   std::chrono::seconds patience = std::chrono::seconds(2));
 
 // Ends the program as the signal does on its own.
 [[noreturn]] void EndBy(int signal);

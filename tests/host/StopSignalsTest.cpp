@@ -48,7 +48,7 @@ TEST_F(StopSignals, AbandonWhatRunsAndLeaveNoFile) {
     for (const int signal : {SIGINT, SIGTERM}) {
       const auto begin = std::chrono::steady_clock::now();
       const Finished finished = StolvaneWithSignal(words, signal, 500);
-      EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+      EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::minutes(1));
       EXPECT_EQ(finished.status, 128 + signal) << finished.err;
       EXPECT_EQ(finished.err, "");
       EXPECT_EQ(folder.Names(), std::vector<std::string>());
