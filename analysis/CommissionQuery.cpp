@@ -15,17 +15,15 @@ std::string SoldLines(std::string_view conditions) {
   return fmt::format(
       "(select desrdetails1.desrdetails_id,desr1.desr_id,desr1.employee_id,desrdetails1.item_id,"
       "desrdetails1.qtydespout,desrdetails1.price,"
-      "max(slab.employeecommision_id) as employeecommision_id from desr1 "
+      "(select max(slab.employeecommision_id) from employeecommision as slab where "
+      "slab.employee_id = desr1.employee_id and slab.item_id = desrdetails1.item_id and "
+      "slab.datefrom <= desr1.date and slab.qtyto <= desrdetails1.qtydespout) as "
+      "employeecommision_id from desr1 "
       "inner join desrdetails1 on desrdetails1.desr_id = desr1.desr_id "
       "inner join vouchertype1 on vouchertype1.vouchertype_id = desr1.vouchertype_id "
-      "left join employeecommision as slab on slab.employee_id = desr1.employee_id and "
-      "slab.item_id = desrdetails1.item_id and slab.datefrom <= desr1.date and "
-      "slab.qtyto <= desrdetails1.qtydespout where {} "
-      "group by desrdetails1.desrdetails_id,desr1.desr_id,desr1.employee_id,"
-      "desrdetails1.item_id,desrdetails1.qtydespout,desrdetails1.price) as sold "
+      "where {}) as sold "
       "left join employeecommision on "
-      "employeecommision.employeecommision_id = sold.employeecommision_id "
-      "inner join employee1 on employee1.employee_id = sold.employee_id",
+      "employeecommision.employeecommision_id = sold.employeecommision_id",
       conditions);
 }
 
@@ -59,14 +57,15 @@ std::string ComposeCommission(const CommissionArguments& arguments, const Docume
                               arguments.lngId1);
   }
   return fmt::format(
-      "select {} as Parent,employee1.employee_id as Parent_id,sold.item_id as Item_id,"
-      "employeecommision.cpercent as compercent,"
-      "isnull(sum(sold.qtydespout * sold.price),0)/{} as TotalSales from {} "
-      "group by employee1.employeename,employee1.employee_id,sold.item_id,"
-      "employeecommision.cpercent "
-      "order by {}employee1.employee_id,employeecommision.cpercent",
+      "select {} as Parent,employee1.employee_id as Parent_id,sales.item_id as Item_id,"
+      "sales.compercent as compercent,sales.totalsales as TotalSales from "
+      "(select sold.employee_id,sold.item_id,employeecommision.cpercent as compercent,"
+      "isnull(sum(sold.qtydespout * sold.price),0)/{} as totalsales from {} "
+      "group by sold.employee_id,sold.item_id,employeecommision.cpercent) as sales "
+      "inner join employee1 on employee1.employee_id = sales.employee_id "
+      "order by {}employee1.employee_id,sales.compercent",
       ParentOf(arguments.reptype), SingleText(arguments.sngScale), SoldLines(conditions),
-      by_item ? "sold.item_id,employee1.employeename," : "employee1.employeename,sold.item_id,");
+      by_item ? "sales.item_id,employee1.employeename," : "employee1.employeename,sales.item_id,");
 }
 
 std::string ComposeCommissionDaily(const CommissionDailyArguments& arguments,
@@ -81,6 +80,7 @@ std::string ComposeCommissionDaily(const CommissionDailyArguments& arguments,
       "desr1.desr_id as Desr_id,desr1.related_id as Voucher_id,sold.qtydespout as qtysupplied,"
       "sold.qtydespout * sold.price as SalesValue,employeecommision.cpercent as compercent,"
       "sold.qtydespout * sold.price * employeecommision.cpercent / 100 as ComAmount from {} "
+      "inner join employee1 on employee1.employee_id = sold.employee_id "
       "inner join items1 on items1.item_id = sold.item_id "
       "inner join desr1 on desr1.desr_id = sold.desr_id "
       "inner join ledgernames1 on ledgernames1.ledger_id = desr1.ledger_id "
