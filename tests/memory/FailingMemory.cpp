@@ -25,8 +25,13 @@ bool Fails() {
   return true;
 }
 
+// nullptr when it fails.
+void* TryToAllocate(std::size_t size) noexcept {
+  return Fails() ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
+
 void* Allocate(std::size_t size) {
-  void* const memory = Fails() ? nullptr : std::malloc(size == 0 ? 1 : size);
+  void* const memory = TryToAllocate(size);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
@@ -52,10 +57,16 @@ const bool kReplaced = [] {
 
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return TryToAllocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return TryToAllocate(size);
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 
 namespace pstolvane1 {
 
