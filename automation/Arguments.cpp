@@ -259,8 +259,8 @@ BoundValues Bind(const Operation& operation, std::span<const NamedValue> values)
     const auto slot = std::find_if(slots.begin(), slots.end(),
                                    [&](const Slot& s) { return SameWord(s.name, one.name); });
     if (slot == slots.end()) {
-      std::vector<std::string_view> names;
-      for (const Slot& known : slots) names.push_back(known.name);
+      std::vector<std::string_view> names(slots.size());
+      std::ranges::transform(slots, names.begin(), &Slot::name);
       WrongCall(operation, fmt::format("there is no argument \"{}\"{}", one.name,
                                        DidYouMean(one.name, names)));
     }

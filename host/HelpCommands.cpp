@@ -27,8 +27,9 @@ std::string HelpOn(CLI::App& app, const std::vector<std::string>& path) {
     const auto next =
         std::ranges::find_if(below, [&](const CLI::App* one) { return one->get_name() == word; });
     if (next == below.end()) {
-      std::vector<std::string> known;
-      for (const CLI::App* one : below) known.push_back(one->get_name());
+      std::vector<std::string> known(below.size());
+      std::ranges::transform(below, known.begin(),
+                             [](const CLI::App* one) { return one->get_name(); });
       const std::vector<std::string_view> names(known.begin(), known.end());
       throw automation::WrongCall(
           fmt::format("there is no command \"{}\"{}; \"{} --help\" lists "
