@@ -14,7 +14,8 @@ namespace pstolvane1 {
 // such as the reading of the rows, tells it more closely.
 template <typename Work>
 auto OnFrame(std::shared_ptr<ReportFrame> frame, const Work& work) {
-  return TellingWhatRanOut("preparing the call", [&] { return work(*frame); });
+  const std::shared_ptr<ReportFrame> kept = std::move(frame);
+  return TellingWhatRanOut("preparing the call", [&] { return work(*kept); });
 }
 
 }  // namespace pstolvane1

@@ -58,6 +58,7 @@ std::vector<LayerYear> SumYears(std::span<const StockLine> lines) {
     sums.value_in.Add(inward ? line.amount : -line.amount);
   }
   std::vector<LayerYear> rows;
+  rows.reserve(years.size());
   for (const auto& [year, sums] : years) {
     rows.push_back({.in = ToSingle(sums.in.Result()),
                     .out = ToSingle(sums.out.Result()),
