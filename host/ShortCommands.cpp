@@ -1,6 +1,8 @@
 // stolvane stock, months, sales ...: reports in few words.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <fmt/format.h>
 #include <memory>
 #include <string>
@@ -66,8 +68,12 @@ automation::ShortChoice ChoiceOf(const ShortOptions& options, const ShortForm& f
   if (form.only == nullptr) {
     throw automation::WrongCall(fmt::format("{} --by {} takes no --only", form.word, form.by));
   }
-  const bool key = options.only.find_first_not_of("0123456789") == std::string::npos;
-  choice.only = key ? std::stoi(options.only) : books.KeyOf(*form.only, options.only);
+  // A number is a key; what is none, or beyond any key, is a name.
+  const char* const end = options.only.data() + options.only.size();
+  std::int32_t key = 0;
+  const auto [read_to, failure] = std::from_chars(options.only.data(), end, key);
+  const bool is_key = read_to == end && failure == std::errc() && key >= 0;
+  choice.only = is_key ? key : books.KeyOf(*form.only, options.only);
   return choice;
 }
 

@@ -106,6 +106,11 @@ TEST_F(ShortCommands, WhatCannotBeIsToldWithWhatCould) {
   EXPECT_TRUE(Told({"stock", Books(), "--by", "group", "--only", "Two Wheeler"})
                   .starts_with("stolvane: there is no item category \"Two Wheeler\"; there is "
                                "\"Two Wheelers\""));
+  for (const char* no_key : {"99999999999", "-1"}) {
+    EXPECT_TRUE(Told({"stock", Books(), "--only", no_key})
+                    .starts_with("stolvane: there is no item \"" + std::string(no_key) + "\""))
+        << Told({"stock", Books(), "--only", no_key});
+  }
 }
 
 TEST_F(ShortCommands, NamesStandForKeysInRunToo) {
