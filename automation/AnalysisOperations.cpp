@@ -194,55 +194,77 @@ constexpr ReportTypeRule kColorDaysType[] = {{0, rtColorwise_Daily}};
 constexpr ReportTypeRule kCategoriesType[] = {{0, rtCategorywise_Initial}};
 constexpr ReportTypeRule kItemDaysType[] = {{0, rtItemwise_DlyBkup}};
 
+template <auto member>
 constexpr Operation Report(std::string_view name, LaunchKind launch, std::string_view help,
                            std::span<const Argument> arguments, std::string_view decided_by,
                            std::span<const ReportTypeRule> types) {
-  return {name, "analysis", launch, ReturnKind::kRowset, help, arguments, decided_by, types};
+  return {name, kCallOf<member>, "analysis", launch, ReturnKind::kRowset,
+          help, arguments,       decided_by, types};
 }
 // The lines of a report whose queries are open already.
+template <auto member>
 constexpr Operation Builder(std::string_view name, std::string_view help,
                             std::span<const ReportTypeRule> type) {
-  return {name, "analysis", LaunchKind::kRowBuilder, ReturnKind::kRowset, help, {}, {}, type};
+  return {
+      name, kCallOf<member>, "analysis", LaunchKind::kRowBuilder, ReturnKind::kRowset, help, {}, {},
+      type};
 }
 
 constexpr Operation kAnalysisOperations[] = {
-    Report("Doc_Initial", LaunchKind::kFetch, "Amounts of one kind of document per ledger.",
-           kDocuments, {}, kDocumentsType),
-    Report("LedgersByCode", LaunchKind::kFetch, "The ledgers of some subgroups.", kLedgers, {},
-           kLedgersType),
-    Report("CustomerItemwise_Analysis", LaunchKind::kOpenAndSignal, "Sales and what came back.",
-           kSales, "reptype", kSalesTypes),
-    Report("Movement_PurchaseReturns_Analysis", LaunchKind::kOpenAndSignal,
-           "Purchases and what went back.", kPurchases, "reptype", kPurchaseTypes),
-    Report("CustomerItemDaily_Analysis", LaunchKind::kOpenAndSignal,
-           "Sales and what came back, day by day.", kDaily, "reptype", kSalesDailyTypes),
-    Report("Movement_PurchaseReturns_DailyAnalysis", LaunchKind::kOpenAndSignal,
-           "Purchases and what went back, day by day.", kDaily, "reptype", kPurchaseDailyTypes),
-    Report("Commission_Initial", LaunchKind::kFetch, "Sales and commission by employee or item.",
-           kCommission, "reptype", kCommissionTypes),
-    Report("Commission_Daily", LaunchKind::kFetch,
-           "The documents behind one employee's commission on one item.", kCommissionDaily, {},
-           kCommissionDailyType),
-    Report("Colorwise_Initial", LaunchKind::kFetch, "Quantities by item and colour.", kColorwise,
-           {}, kColorwiseType),
-    Builder("mColorwise_Initial", "The lines of Colorwise_Initial from what was fetched last.",
-            kColorwiseType),
-    Report("Colorwise_Monthly", LaunchKind::kFetch, "One item and colour month by month.",
-           kColorMonths, {}, kColorMonthsType),
-    Builder("mColorwise_Monthly", "The lines of Colorwise_Monthly from what was fetched last.",
-            kColorMonthsType),
-    Report("Colorwise_Daily", LaunchKind::kFetch, "The vouchers of one item and colour.",
-           kColorDays, {}, kColorDaysType),
-    Builder("mColorwise_Daily", "The lines of Colorwise_Daily from what was fetched last.",
-            kColorDaysType),
-    Report("CategoryWise_Initial", LaunchKind::kOpenAndSignal,
-           "Sales or purchases along the tree of categories or classes.", kCategoryTree, {},
-           kCategoriesType),
-    Report("ItemWise_DlyBkup", LaunchKind::kFetch,
-           "Inward and outward quantities day by day, of one item or of all.", kItemDays, {},
-           kItemDaysType),
-    Builder("mItemwise_DlyBreakup", "The lines of ItemWise_DlyBkup from what was fetched last.",
-            kItemDaysType),
+    Report<&clsStolvane1::Doc_Initial>("Doc_Initial", LaunchKind::kFetch,
+                                       "Amounts of one kind of document per ledger.", kDocuments,
+                                       {}, kDocumentsType),
+    Report<&clsStolvane1::LedgersByCode>("LedgersByCode", LaunchKind::kFetch,
+                                         "The ledgers of some subgroups.", kLedgers, {},
+                                         kLedgersType),
+    Report<&clsStolvane1::CustomerItemwise_Analysis>(
+        "CustomerItemwise_Analysis", LaunchKind::kOpenAndSignal, "Sales and what came back.",
+        kSales, "reptype", kSalesTypes),
+    Report<&clsStolvane1::Movement_PurchaseReturns_Analysis>(
+        "Movement_PurchaseReturns_Analysis", LaunchKind::kOpenAndSignal,
+        "Purchases and what went back.", kPurchases, "reptype", kPurchaseTypes),
+    Report<&clsStolvane1::CustomerItemDaily_Analysis>(
+        "CustomerItemDaily_Analysis", LaunchKind::kOpenAndSignal,
+        "Sales and what came back, day by day.", kDaily, "reptype", kSalesDailyTypes),
+    Report<&clsStolvane1::Movement_PurchaseReturns_DailyAnalysis>(
+        "Movement_PurchaseReturns_DailyAnalysis", LaunchKind::kOpenAndSignal,
+        "Purchases and what went back, day by day.", kDaily, "reptype", kPurchaseDailyTypes),
+    Report<&clsStolvane1::Commission_Initial>("Commission_Initial", LaunchKind::kFetch,
+                                              "Sales and commission by employee or item.",
+                                              kCommission, "reptype", kCommissionTypes),
+    Report<&clsStolvane1::Commission_Daily>(
+        "Commission_Daily", LaunchKind::kFetch,
+        "The documents behind one employee's commission on one item.", kCommissionDaily, {},
+        kCommissionDailyType),
+    Report<&clsStolvane1::Colorwise_Initial>("Colorwise_Initial", LaunchKind::kFetch,
+                                             "Quantities by item and colour.", kColorwise, {},
+                                             kColorwiseType),
+    Builder<&clsStolvane1::mColorwise_Initial>(
+        "mColorwise_Initial", "The lines of Colorwise_Initial from what was fetched last.",
+        kColorwiseType),
+    Report<&clsStolvane1::Colorwise_Monthly>("Colorwise_Monthly", LaunchKind::kFetch,
+                                             "One item and colour month by month.", kColorMonths,
+                                             {}, kColorMonthsType),
+    Builder<&clsStolvane1::mColorwise_Monthly>(
+        "mColorwise_Monthly", "The lines of Colorwise_Monthly from what was fetched last.",
+        kColorMonthsType),
+    Report<&clsStolvane1::Colorwise_Daily>("Colorwise_Daily", LaunchKind::kFetch,
+                                           "The vouchers of one item and colour.", kColorDays, {},
+                                           kColorDaysType),
+    Builder<&clsStolvane1::mColorwise_Daily>(
+        "mColorwise_Daily", "The lines of Colorwise_Daily from what was fetched last.",
+        kColorDaysType),
+    Report<&clsStolvane1::CategoryWise_Initial>(
+        "CategoryWise_Initial", LaunchKind::kOpenAndSignal,
+        "Sales or purchases along the tree of categories or classes.", kCategoryTree, {},
+        kCategoriesType),
+    Report<&clsStolvane1::ItemWise_DlyBkup>(
+        "ItemWise_DlyBkup", LaunchKind::kFetch,
+        "Inward and outward quantities day by day, of one item or of all.", kItemDays, {},
+        kItemDaysType),
+    Builder<&clsStolvane1::mItemwise_DlyBreakup>(
+        "mItemwise_DlyBreakup", "The lines of ItemWise_DlyBkup from what was fetched last.",
+        kItemDaysType),
 };
 
 }  // namespace

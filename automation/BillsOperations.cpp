@@ -42,6 +42,7 @@ constexpr ReportTypeRule kPriceListType[] = {{0, rtMultiplePriceList}};
 
 constexpr Operation kBillsOperations[] = {
     {"BillWiseQuery",
+     kCallOf<&clsStolvane1::BillWiseQuery>,
      "bills",
      LaunchKind::kFetch,
      ReturnKind::kRowsetInVariant,
@@ -50,6 +51,7 @@ constexpr Operation kBillsOperations[] = {
      {},
      kBillsType},
     {"BillWiseQuery1",
+     kCallOf<&clsStolvane1::BillWiseQuery1>,
      "bills",
      LaunchKind::kFetch,
      ReturnKind::kRowsetInVariant,
@@ -58,6 +60,7 @@ constexpr Operation kBillsOperations[] = {
      {},
      kBillsType},
     {"MultiplePriceList",
+     kCallOf<&clsStolvane1::MultiplePriceList>,
      "bills",
      LaunchKind::kFetch,
      ReturnKind::kRowset,

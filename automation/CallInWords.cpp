@@ -162,9 +162,7 @@ Outcome CallInWords::Run(clsStolvane1& session) const {
 }
 
 std::string Describe(const Operation& operation) {
-  std::string text =
-      fmt::format("  {}{}\n      {}\n", UsageOf(operation),
-                  IsBuilt(operation) ? "" : "   (not in this version)", operation.help);
+  std::string text = fmt::format("  {}\n      {}\n", UsageOf(operation), operation.help);
   for (const Argument& argument : operation.arguments) {
     text += fmt::format("      {:<24} {}. {}\n", argument.name, TakesWhat(argument), argument.help);
   }

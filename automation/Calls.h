@@ -20,10 +20,7 @@ struct Outcome {
   std::vector<NamedValue> changed;
 };
 
-// Whether this version has the operation. One that it has not is only described.
-[[nodiscard]] bool IsBuilt(const Operation& operation);
-
-// Error 3001 for an operation that is not built; the errors of Bind; and the operation's own.
+// The errors of Bind, and the operation's own.
 Outcome Call(clsStolvane1& session, const Operation& operation, std::span<const NamedValue> values);
 Outcome Call(clsStolvane1& session, const Operation& operation, const BoundValues& values);
 
@@ -32,8 +29,5 @@ Outcome Call(clsStolvane1& session, const Operation& operation, const BoundValue
 [[nodiscard]] RecordsetPtr OpenSelect(clsStolvane1& session, std::string_view select);
 // The same, opened on a rowset that is there.
 void OpenSelect(clsStolvane1& session, std::string_view select, Recordset& rowset);
-
-// The parameter types of an operation's member, in order; empty for one that is not built.
-[[nodiscard]] std::span<const ArgumentType> ParameterTypes(const Operation& operation);
 
 }  // namespace pstolvane1::automation

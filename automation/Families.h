@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "automation/Masters.h"
+#include "automation/MemberCall.h"
 #include "automation/Operation.h"
 #include "session/enmValuationMethod.h"
 

@@ -1,4 +1,4 @@
-// Calls a member of the session with the values that stand in the catalogue's order.
+// Makes a member of the session callable with the values that stand in the catalogue's order.
 #pragma once
 
 #include <array>
@@ -136,5 +136,13 @@ struct MemberCall<R (clsStolvane1::*)(A...)> {
 
 template <typename R, typename... A>
 struct MemberCall<R (clsStolvane1::*)(A...) const> : MemberCall<R (clsStolvane1::*)(A...)> {};
+
+// The member as an operation's entry holds it.
+template <auto member>
+inline constexpr Callable kCallOf = {
+    [](clsStolvane1& session, const Operation& operation, const BoundValues& values) {
+      return MemberCall<decltype(member)>::Run(member, session, operation, values);
+    },
+    MemberCall<decltype(member)>::kTypes};
 
 }  // namespace pstolvane1::automation

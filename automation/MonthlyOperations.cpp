@@ -50,24 +50,29 @@ constexpr auto kMonthlyTypes = TypesByMethod([](enmValuationMethod method) {
   return MonthlyReportType(method, tree);
 });
 
+template <auto member>
 constexpr Operation Ledger(std::string_view name, std::string_view help,
                            std::span<const Argument> arguments,
                            std::span<const ReportTypeRule> types) {
-  return {name, "monthly", LaunchKind::kFetch, ReturnKind::kRowset,
-          help, arguments, "ValuationMethod",  types};
+  return {name,      kCallOf<member>,   "monthly", LaunchKind::kFetch, ReturnKind::kRowset, help,
+          arguments, "ValuationMethod", types};
 }
 
 constexpr Operation kMonthlyOperations[] = {
-    Ledger("Monthly_Itemwise", "One item month by month.", kItem,
-           kMonthlyTypes<MonthlyTree::kItem>),
-    Ledger("Monthly_Categorywise", "The items of one category month by month.", kCategory,
-           kMonthlyTypes<MonthlyTree::kCategory>),
-    Ledger("Monthly_Classwise", "The items of one class month by month.", kClass,
-           kMonthlyTypes<MonthlyTree::kClass>),
-    Ledger("Monthly_Godownwise", "The items of one godown month by month.", kGodown,
-           kMonthlyTypes<MonthlyTree::kGodown>),
-    Ledger("Monthly_GodownItemwise", "One item in one godown month by month.", kGodownItem,
-           kMonthlyTypes<MonthlyTree::kGodownItem>),
+    Ledger<&clsStolvane1::Monthly_Itemwise>("Monthly_Itemwise", "One item month by month.", kItem,
+                                            kMonthlyTypes<MonthlyTree::kItem>),
+    Ledger<&clsStolvane1::Monthly_Categorywise>("Monthly_Categorywise",
+                                                "The items of one category month by month.",
+                                                kCategory, kMonthlyTypes<MonthlyTree::kCategory>),
+    Ledger<&clsStolvane1::Monthly_Classwise>("Monthly_Classwise",
+                                             "The items of one class month by month.", kClass,
+                                             kMonthlyTypes<MonthlyTree::kClass>),
+    Ledger<&clsStolvane1::Monthly_Godownwise>("Monthly_Godownwise",
+                                              "The items of one godown month by month.", kGodown,
+                                              kMonthlyTypes<MonthlyTree::kGodown>),
+    Ledger<&clsStolvane1::Monthly_GodownItemwise>(
+        "Monthly_GodownItemwise", "One item in one godown month by month.", kGodownItem,
+        kMonthlyTypes<MonthlyTree::kGodownItem>),
 };
 
 }  // namespace

@@ -5,8 +5,14 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "session/EnumName.h"
+
+namespace pstolvane1 {
+class clsStolvane1;
+class Variant;
+}  // namespace pstolvane1
 
 namespace pstolvane1::automation {
 
@@ -92,8 +98,20 @@ struct ReportTypeRule {
   std::int32_t stored;
 };
 
+struct Operation;
+struct Outcome;  // Calls.h
+
+// The member of the class that an operation calls.
+struct Callable {
+  // The values stand in the order of the arguments, one for each.
+  Outcome (*call)(clsStolvane1& session, const Operation& operation,
+                  const std::vector<Variant>& values);
+  std::span<const ArgumentType> types;  // of the parameters, in order
+};
+
 struct Operation {
   std::string_view name;
+  Callable member;
   std::string_view family;  // "stock", as its folder
   LaunchKind launch;
   ReturnKind returns;

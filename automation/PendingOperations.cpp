@@ -70,27 +70,34 @@ constexpr ReportTypeRule kByItemType[] = {{0, rtPendingByItem}};
 constexpr ReportTypeRule kByLedgerType[] = {{0, rtPendingByLedger}};
 constexpr ReportTypeRule kByEmployeeType[] = {{0, rtPendingByEmployee}};
 
+template <auto member>
 constexpr Operation Report(std::string_view name, ReturnKind returns, std::string_view help,
                            std::span<const Argument> arguments,
                            std::span<const ReportTypeRule> type) {
-  return {name, "pending", LaunchKind::kFetch, returns, help, arguments, {}, type};
+  return {name, kCallOf<member>, "pending", LaunchKind::kFetch, returns, help, arguments, {}, type};
 }
 
 constexpr Operation kPendingOperations[] = {
-    Report("FreeQuantity_Itemwise", ReturnKind::kRowsetInVariant,
-           "Goods moved and not billed, line by line, of one item.", kFreeItem, kItemType),
-    Report("FreeQuantity_Partywise", ReturnKind::kRowsetInVariant,
-           "Goods moved and not billed, line by line, of one party.", kFreeParty, kPartyType),
-    Report("FreeQuantity_Itemwise_Initial", ReturnKind::kRowsetInVariant,
-           "Goods moved and not billed, summed by item.", kFreeInitial, kItemInitialType),
-    Report("FreeQuantity_Partywise_Initial", ReturnKind::kRowsetInVariant,
-           "Goods moved and not billed, summed by party.", kFreeInitial, kPartyInitialType),
-    Report("PendingByItem", ReturnKind::kRowset, "What is still open for an item.", kByItem,
-           kByItemType),
-    Report("PendingByLedger", ReturnKind::kRowset, "What is still open for a party.", kByLedger,
-           kByLedgerType),
-    Report("PendingByEmployee", ReturnKind::kRowset, "What is still open for an employee.",
-           kByEmployee, kByEmployeeType),
+    Report<&clsStolvane1::FreeQuantity_Itemwise>(
+        "FreeQuantity_Itemwise", ReturnKind::kRowsetInVariant,
+        "Goods moved and not billed, line by line, of one item.", kFreeItem, kItemType),
+    Report<&clsStolvane1::FreeQuantity_Partywise>(
+        "FreeQuantity_Partywise", ReturnKind::kRowsetInVariant,
+        "Goods moved and not billed, line by line, of one party.", kFreeParty, kPartyType),
+    Report<&clsStolvane1::FreeQuantity_Itemwise_Initial>(
+        "FreeQuantity_Itemwise_Initial", ReturnKind::kRowsetInVariant,
+        "Goods moved and not billed, summed by item.", kFreeInitial, kItemInitialType),
+    Report<&clsStolvane1::FreeQuantity_Partywise_Initial>(
+        "FreeQuantity_Partywise_Initial", ReturnKind::kRowsetInVariant,
+        "Goods moved and not billed, summed by party.", kFreeInitial, kPartyInitialType),
+    Report<&clsStolvane1::PendingByItem>("PendingByItem", ReturnKind::kRowset,
+                                         "What is still open for an item.", kByItem, kByItemType),
+    Report<&clsStolvane1::PendingByLedger>("PendingByLedger", ReturnKind::kRowset,
+                                           "What is still open for a party.", kByLedger,
+                                           kByLedgerType),
+    Report<&clsStolvane1::PendingByEmployee>("PendingByEmployee", ReturnKind::kRowset,
+                                             "What is still open for an employee.", kByEmployee,
+                                             kByEmployeeType),
 };
 
 }  // namespace

@@ -1,3 +1,7 @@
+#include <array>
+#include <cstddef>
+#include <string>
+
 #include "automation/Families.h"
 
 namespace pstolvane1::automation {
@@ -45,22 +49,39 @@ constexpr Argument kPOrderTextQuery[] = {
     Text("strFilter", "A condition on Desr1 and DesrDetails1, or nothing."),
 };
 
+constexpr ArgumentType kAliasTypes[] = {ArgumentType::kRecord};
+
+Outcome SetAliases(clsStolvane1& session, const Operation& /*operation*/,
+                   const BoundValues& values) {
+  std::array<std::string, 8> alias;
+  for (std::size_t i = 0; i < alias.size(); ++i) alias.at(i) = values.at(i).ToText();
+  session.SetAliases(
+      {alias[0], alias[1], alias[2], alias[3], alias[4], alias[5], alias[6], alias[7]});
+  return {};
+}
+
 constexpr Operation kSessionOperations[] = {
-    {"SetConnection", "session", LaunchKind::kMember, ReturnKind::kBoolean, "Opens the books.",
-     kSetConnection},
-    {"GetConnectionObject", "session", LaunchKind::kMember, ReturnKind::kConnection,
-     "The session's connection."},
-    {"SetAliases", "session", LaunchKind::kMember, ReturnKind::kNothing,
-     "Sets what reports show in place of names.", kSetAliases},
-    {"SetFilter", "session", LaunchKind::kMember, ReturnKind::kEmpty,
-     "Sets which documents the reports read.", kSetFilter},
-    {"CancelFetching", "session", LaunchKind::kMember, ReturnKind::kNothing, "Ends a report early.",
-     kCancelFetching},
-    {"UserPressedCancel", "session", LaunchKind::kMember, ReturnKind::kEmpty, "Has no effect."},
-    {"SetLocale", "session", LaunchKind::kMember, ReturnKind::kNothing,
-     "Sets the locale of the reports' texts.", kSetLocale},
-    {"POrderTextQuery", "session", LaunchKind::kPlainQuery, ReturnKind::kRowset,
-     "The lines of documents as a plain rowset, by date.", kPOrderTextQuery},
+    {"SetConnection", kCallOf<&clsStolvane1::SetConnection>, "session", LaunchKind::kMember,
+     ReturnKind::kBoolean, "Opens the books.", kSetConnection},
+    {"GetConnectionObject", kCallOf<&clsStolvane1::GetConnectionObject>, "session",
+     LaunchKind::kMember, ReturnKind::kConnection, "The session's connection."},
+    {"SetAliases",
+     {&SetAliases, kAliasTypes},
+     "session",
+     LaunchKind::kMember,
+     ReturnKind::kNothing,
+     "Sets what reports show in place of names.",
+     kSetAliases},
+    {"SetFilter", kCallOf<&clsStolvane1::SetFilter>, "session", LaunchKind::kMember,
+     ReturnKind::kEmpty, "Sets which documents the reports read.", kSetFilter},
+    {"CancelFetching", kCallOf<&clsStolvane1::CancelFetching>, "session", LaunchKind::kMember,
+     ReturnKind::kNothing, "Ends a report early.", kCancelFetching},
+    {"UserPressedCancel", kCallOf<&clsStolvane1::UserPressedCancel>, "session", LaunchKind::kMember,
+     ReturnKind::kEmpty, "Has no effect."},
+    {"SetLocale", kCallOf<&clsStolvane1::SetLocale>, "session", LaunchKind::kMember,
+     ReturnKind::kNothing, "Sets the locale of the reports' texts.", kSetLocale},
+    {"POrderTextQuery", kCallOf<&clsStolvane1::POrderTextQuery>, "session", LaunchKind::kPlainQuery,
+     ReturnKind::kRowset, "The lines of documents as a plain rowset, by date.", kPOrderTextQuery},
 };
 
 }  // namespace

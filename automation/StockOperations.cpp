@@ -41,22 +41,27 @@ constexpr auto kStockTypes = TypesByMethod([](enmValuationMethod method) {
   return StockReportType(method, tree);
 });
 
+template <auto member>
 constexpr Operation Statement(std::string_view name, std::string_view help,
                               std::span<const Argument> arguments,
                               std::span<const ReportTypeRule> types) {
-  return {name, "stock",   LaunchKind::kFetch, ReturnKind::kRowset,
-          help, arguments, "ValuationMethod",  types};
+  return {name,      kCallOf<member>,   "stock", LaunchKind::kFetch, ReturnKind::kRowset, help,
+          arguments, "ValuationMethod", types};
 }
 
 constexpr Operation kStockOperations[] = {
-    Statement("StockDetails_Itemwise", "Opening, inwards, outwards and closing stock by item.",
-              kItem, kStockTypes<StockTree::kItem>),
-    Statement("StockDetails_Categorywise", "The same under the tree of item categories.", kCategory,
-              kStockTypes<StockTree::kCategory>),
-    Statement("StockDetails_Classwise", "The same under the tree of item classes.", kClass,
-              kStockTypes<StockTree::kClass>),
-    Statement("StockDetails_Godownwise", "The same under the tree of godowns.", kGodown,
-              kStockTypes<StockTree::kGodown>),
+    Statement<&clsStolvane1::StockDetails_Itemwise>(
+        "StockDetails_Itemwise", "Opening, inwards, outwards and closing stock by item.", kItem,
+        kStockTypes<StockTree::kItem>),
+    Statement<&clsStolvane1::StockDetails_Categorywise>(
+        "StockDetails_Categorywise", "The same under the tree of item categories.", kCategory,
+        kStockTypes<StockTree::kCategory>),
+    Statement<&clsStolvane1::StockDetails_Classwise>("StockDetails_Classwise",
+                                                     "The same under the tree of item classes.",
+                                                     kClass, kStockTypes<StockTree::kClass>),
+    Statement<&clsStolvane1::StockDetails_Godownwise>("StockDetails_Godownwise",
+                                                      "The same under the tree of godowns.",
+                                                      kGodown, kStockTypes<StockTree::kGodown>),
 };
 
 }  // namespace

@@ -224,52 +224,68 @@ constexpr ReportTypeRule kBuyerType[] = {{0, rtBuyerReport}};
 constexpr ReportTypeRule kTransportType[] = {{0, rtRtosalesdet}};
 constexpr ReportTypeRule kServiceTaxType[] = {{0, rtServiceReport}};
 
+template <auto member>
 constexpr Operation Report(std::string_view name, ReturnKind returns, std::string_view help,
                            std::span<const Argument> arguments,
                            std::span<const ReportTypeRule> types,
                            std::string_view decided_by = {}) {
-  return {name, "vehicle", LaunchKind::kFetch, returns, help, arguments, decided_by, types};
+  return {name,      kCallOf<member>, "vehicle", LaunchKind::kFetch, returns, help,
+          arguments, decided_by,      types};
 }
+template <auto member>
 constexpr Operation Search(std::string_view name, ReturnKind returns, std::string_view help,
                            std::span<const Argument> arguments,
                            std::span<const ReportTypeRule> types,
                            std::string_view decided_by = {}) {
-  return {name, "vehicle", LaunchKind::kSourceItself, returns, help, arguments, decided_by, types};
+  return {name,      kCallOf<member>, "vehicle", LaunchKind::kSourceItself, returns, help,
+          arguments, decided_by,      types};
 }
 
 constexpr Operation kVehicleOperations[] = {
-    Report("ServiceReportRegno", ReturnKind::kRowset, "Every service bill of a vehicle.", kHistory,
-           kHistoryType),
-    Report("FreeServiceReport", ReturnKind::kRowset, "Free services by vehicle category and model.",
-           kFreeService, kFreeServiceType),
-    Report("FreeServiceReportDaily", ReturnKind::kRowset, "The free service bills of one model.",
-           kFreeServiceDaily, kFreeServiceDailyTypes, "reptype"),
-    Report("MechanicLabourReport", ReturnKind::kRowset, "Bills and labour by mechanic.", kLabour,
-           kLabourType),
-    Report("MechanicLabourReportDaily", ReturnKind::kRowset,
-           "The bills behind a mechanic's labour.", kLabourDaily, kLabourDailyTypes, "reptype"),
-    Report("HypoReport", ReturnKind::kRowset, "Vehicle sales by financier.", kHypothecation,
-           kHypoType),
-    Report("HypoReportDaily", ReturnKind::kRowset, "The sales behind a financier.",
-           kHypothecationDaily, kHypoDailyType),
-    Report("ClaimReport", ReturnKind::kRowsetInVariant, "Warranty lines to claim.", kClaims,
-           kClaimType),
-    Search("AutoSearch", ReturnKind::kRowset,
-           "Vehicles by buyer, bill, chassis, engine or colour; receipts of their bills.", kSearch,
-           kSearchTypes, "reptype"),
-    Search("RTOInsSearch", ReturnKind::kRowset,
-           "Vehicles by buyer, with what transport office and insurer want.", kSearch,
-           kInsuranceTypes, "reptype"),
-    Search("AutoSearchServices", ReturnKind::kRowset, "Service bills by number or chassis.",
-           kServiceSearch, kSearchTypes, "reptype"),
-    Report("BuyerReport", ReturnKind::kRowset, "Who bought which vehicle.", kBuyers, kBuyerType),
-    Search("RtoSalesDetails", ReturnKind::kRowsetInVariant,
-           "What the registration forms ask of the vehicles sold.", kTransportDocument,
-           kTransportType),
-    Search("RtoSalesDetails1", ReturnKind::kRowsetInVariant, "The vehicles sold, to pick from.",
-           kTransportOffice, kTransportType),
-    Report("ServiceTax", ReturnKind::kRowsetInVariant, "Service bills with tax on their lines.",
-           kServiceTax, kServiceTaxType),
+    Report<&clsStolvane1::ServiceReportRegno>("ServiceReportRegno", ReturnKind::kRowset,
+                                              "Every service bill of a vehicle.", kHistory,
+                                              kHistoryType),
+    Report<&clsStolvane1::FreeServiceReport>("FreeServiceReport", ReturnKind::kRowset,
+                                             "Free services by vehicle category and model.",
+                                             kFreeService, kFreeServiceType),
+    Report<&clsStolvane1::FreeServiceReportDaily>(
+        "FreeServiceReportDaily", ReturnKind::kRowset, "The free service bills of one model.",
+        kFreeServiceDaily, kFreeServiceDailyTypes, "reptype"),
+    Report<&clsStolvane1::MechanicLabourReport>("MechanicLabourReport", ReturnKind::kRowset,
+                                                "Bills and labour by mechanic.", kLabour,
+                                                kLabourType),
+    Report<&clsStolvane1::MechanicLabourReportDaily>(
+        "MechanicLabourReportDaily", ReturnKind::kRowset, "The bills behind a mechanic's labour.",
+        kLabourDaily, kLabourDailyTypes, "reptype"),
+    Report<&clsStolvane1::HypoReport>("HypoReport", ReturnKind::kRowset,
+                                      "Vehicle sales by financier.", kHypothecation, kHypoType),
+    Report<&clsStolvane1::HypoReportDaily>("HypoReportDaily", ReturnKind::kRowset,
+                                           "The sales behind a financier.", kHypothecationDaily,
+                                           kHypoDailyType),
+    Report<&clsStolvane1::ClaimReport>("ClaimReport", ReturnKind::kRowsetInVariant,
+                                       "Warranty lines to claim.", kClaims, kClaimType),
+    Search<&clsStolvane1::AutoSearch>(
+        "AutoSearch", ReturnKind::kRowset,
+        "Vehicles by buyer, bill, chassis, engine or colour; receipts of their bills.", kSearch,
+        kSearchTypes, "reptype"),
+    Search<&clsStolvane1::RTOInsSearch>(
+        "RTOInsSearch", ReturnKind::kRowset,
+        "Vehicles by buyer, with what transport office and insurer want.", kSearch, kInsuranceTypes,
+        "reptype"),
+    Search<&clsStolvane1::AutoSearchServices>("AutoSearchServices", ReturnKind::kRowset,
+                                              "Service bills by number or chassis.", kServiceSearch,
+                                              kSearchTypes, "reptype"),
+    Report<&clsStolvane1::BuyerReport>("BuyerReport", ReturnKind::kRowset,
+                                       "Who bought which vehicle.", kBuyers, kBuyerType),
+    Search<&clsStolvane1::RtoSalesDetails>("RtoSalesDetails", ReturnKind::kRowsetInVariant,
+                                           "What the registration forms ask of the vehicles sold.",
+                                           kTransportDocument, kTransportType),
+    Search<&clsStolvane1::RtoSalesDetails1>("RtoSalesDetails1", ReturnKind::kRowsetInVariant,
+                                            "The vehicles sold, to pick from.", kTransportOffice,
+                                            kTransportType),
+    Report<&clsStolvane1::ServiceTax>("ServiceTax", ReturnKind::kRowsetInVariant,
+                                      "Service bills with tax on their lines.", kServiceTax,
+                                      kServiceTaxType),
 };
 
 }  // namespace

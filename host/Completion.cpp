@@ -53,7 +53,6 @@ std::string BashCompletion(const CLI::App& app) {
   }
   script += "  esac\n  if [[ $command == run ]]; then\n    case ${COMP_WORDS[2]} in\n";
   for (const automation::Operation& operation : automation::Operations()) {
-    if (!automation::IsBuilt(operation)) continue;
     operations += fmt::format(" {}", operation.name);
     script += fmt::format("      {}) names+='{}' ;;\n", operation.name, ArgumentsOf(operation));
   }

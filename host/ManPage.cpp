@@ -64,9 +64,7 @@ std::string ManPage(const CLI::App& app, std::string_view version) {
   for (const CLI::App* command : app.get_subcommands({})) AddCommand(*command, "stolvane", page);
   page += ".SH REPORTS\n";
   for (const automation::Operation& operation : automation::Operations()) {
-    if (automation::IsBuilt(operation)) {
-      page += Entry(std::string(operation.name), std::string(operation.help));
-    }
+    page += Entry(std::string(operation.name), std::string(operation.help));
   }
   return page +
          ".SH EXIT STATUS\n0, 1 for an error of the report or the books, 2 for a wrong call.\n";

@@ -27,7 +27,6 @@ void ListReports() {
   std::string text;
   std::string_view family;
   for (const automation::Operation& operation : automation::Operations()) {
-    if (!automation::IsBuilt(operation)) continue;
     if (operation.family != family) {
       family = operation.family;
       text += fmt::format("{}{}\n", text.empty() ? "" : "\n", family);

@@ -41,7 +41,7 @@ struct ReportRow {
   ReportType first;
   ReportType last;
   std::uint8_t awaits;           // fetches to be complete; 0 goes on at once
-  RowBuilder builder = nullptr;  // nullptr while the family is not built: error 91 to reach it
+  RowBuilder builder = nullptr;  // nullptr for a type that nothing asks for: error 91
   std::int32_t any_count = 0;    // kLinesCounted: the value of lngRecordNo
   bool resets_record_no = false;
   Delivery delivery = Delivery::kClone;

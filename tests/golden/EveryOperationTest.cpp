@@ -21,7 +21,6 @@
 namespace pstolvane1::golden {
 namespace {
 
-using automation::IsBuilt;
 using automation::LaunchKind;
 using automation::Operation;
 using automation::Operations;
@@ -38,12 +37,12 @@ bool SendsQueries(const Operation& operation) {
   return IsReport(operation) && operation.launch != LaunchKind::kRowBuilder;
 }
 
-std::vector<const Operation*> BuiltReports() {
-  std::vector<const Operation*> built;
+std::vector<const Operation*> AllReportOperations() {
+  std::vector<const Operation*> reports;
   for (const Operation& operation : Operations()) {
-    if (IsReport(operation) && IsBuilt(operation)) built.push_back(&operation);
+    if (IsReport(operation)) reports.push_back(&operation);
   }
-  return built;
+  return reports;
 }
 
 // The cases whose last call is of the operation.
@@ -110,7 +109,6 @@ std::set<std::string> QuotedNames(const std::string& text) {
 struct Docs {
   std::string preface;
   std::map<std::string, std::string, std::less<>> entries;  // by operation
-  std::set<std::string> not_built;
 };
 
 std::vector<std::string> OperationsAtTheStartOf(const std::string& line) {
@@ -127,19 +125,14 @@ std::vector<std::string> OperationsAtTheStartOf(const std::string& line) {
 }
 
 Docs ReadDocs() {
-  constexpr std::string_view kNotBuilt = "## Not in this version";
   Docs docs;
   std::istringstream lines(ContentOf("docs/reports.md"));
   std::vector<std::string> in_hand;
   bool in_preface = true;
-  bool in_not_built = false;
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with("## ")) {
       in_preface = false;
-      in_not_built = line == kNotBuilt;
       in_hand.clear();
-    } else if (in_not_built) {
-      docs.not_built.merge(QuotedNames(line));
     } else if (in_preface) {
       docs.preface += line + '\n';
     } else {
@@ -151,44 +144,26 @@ Docs ReadDocs() {
   return docs;
 }
 
-TEST(EveryOperation, IsAMemberOfTheSessionOrSaysThatItIsNot) {
-  const std::string header = ContentOf("session/clsStolvane1.h");
-  for (const Operation& operation : Operations()) {
-    EXPECT_EQ(header.find(" " + std::string(operation.name) + "(") != std::string::npos,
-              IsBuilt(operation))
-        << operation.name;
-    if (IsBuilt(operation)) continue;
-    clsStolvane1 session;
-    try {
-      (void)automation::Call(session, operation, std::vector<automation::NamedValue>());
-      ADD_FAILURE() << operation.name << " is called";
-    } catch (const Error& error) {
-      EXPECT_EQ(error.Description(), std::string(operation.name) +
-                                         " is described, but this version does not build it yet");
-    }
-  }
-}
-
 TEST(EveryOperation, HasARowWithABuilderForEachOfItsReportTypes) {
-  std::set<std::int32_t> built;
-  for (const Operation* const operation : BuiltReports()) {
+  std::set<std::int32_t> asked_for;
+  for (const Operation* const operation : AllReportOperations()) {
     for (const std::int32_t type : TypesOf(*operation)) {
       const ReportRow* const row = FindRow(AllReports(), type);
       EXPECT_TRUE(row != nullptr && row->builder != nullptr)
           << operation->name << " " << ReportTypeText(type);
-      built.insert(type);
+      asked_for.insert(type);
     }
   }
   for (const ReportRow& row : AllReports()) {
     for (std::int32_t type = row.first; row.builder != nullptr && type <= row.last; ++type) {
-      EXPECT_TRUE(built.contains(type)) << ReportTypeText(type) << " is built for no operation";
+      EXPECT_TRUE(asked_for.contains(type)) << ReportTypeText(type) << " belongs to no operation";
     }
   }
 }
 
 TEST(EveryOperation, ShowsItsWholeRowsetInACaseAndHasOneForEachReportType) {
   const std::vector<QueryFile> queries = AllQueries();
-  for (const Operation* const operation : BuiltReports()) {
+  for (const Operation* const operation : AllReportOperations()) {
     SCOPED_TRACE(operation->name);
     const std::vector<CaseFile> cases = CasesOf(*operation);
     // A report whose texts are all refused has no rowset.
@@ -213,7 +188,7 @@ TEST(EveryOperation, HasItsCasesInTheFolderOfItsName) {
   for (const std::string& file : AllCases()) {
     const std::string folder = std::filesystem::path(file).parent_path().string();
     const Operation* const operation = automation::FindOperation(folder);
-    EXPECT_TRUE(operation != nullptr && operation->name == folder && IsBuilt(*operation)) << file;
+    EXPECT_TRUE(operation != nullptr && operation->name == folder) << file;
   }
 }
 
@@ -226,27 +201,16 @@ TEST(EveryOperation, HasItsQueryTextsInTheFolderOfItsFamily) {
     const std::string folder = std::filesystem::path(query.path).parent_path().filename().string();
     EXPECT_EQ(folder, query.refused.empty() ? operation.family : "refused") << query.path;
   }
-  for (const Operation* const operation : BuiltReports()) {
+  for (const Operation* const operation : AllReportOperations()) {
     EXPECT_EQ(senders.contains(operation->name), SendsQueries(*operation)) << operation->name;
   }
 }
 
-// Forms of the dialect stand in a folder of their own.
-TEST(EveryOperation, HasNoQueryTextWithoutACallOnceItIsBuilt) {
+// Forms of the dialect stand in a folder of their own, and so does what hosts must not send.
+TEST(EveryOperation, SendsEachQueryText) {
   for (const QueryFile& query : AllQueries()) {
-    const std::filesystem::path path = query.path;
-    const std::string family = path.parent_path().filename().string();
-    if (query.sender || family == "dialect") continue;
-    const auto names_it = [&](const Operation& operation) {
-      const std::string name(operation.name);
-      return path.stem() == name || path.stem().string().starts_with(name + "_");
-    };
-    bool waits = false;
-    for (const Operation& operation : Operations()) {
-      EXPECT_FALSE(IsBuilt(operation) && names_it(operation)) << query.path;
-      waits = waits || (!IsBuilt(operation) && (family == "refused" || operation.family == family));
-    }
-    EXPECT_TRUE(waits) << query.path << " is a text of no report";
+    const std::string folder = std::filesystem::path(query.path).parent_path().filename().string();
+    EXPECT_TRUE(query.sender || folder == "dialect") << query.path << " is a text of no report";
   }
 }
 
@@ -268,9 +232,10 @@ TEST(EveryOperation, IsDescribedWithItsColumns) {
     SCOPED_TRACE(operation.name);
     const auto entry = docs.entries.find(operation.name);
     if (!IsReport(operation)) continue;
-    EXPECT_EQ(entry != docs.entries.end(), IsBuilt(operation));
-    EXPECT_EQ(docs.not_built.contains(LowerCase(std::string(operation.name))), !IsBuilt(operation));
-    if (entry == docs.entries.end()) continue;
+    if (entry == docs.entries.end()) {
+      ADD_FAILURE() << "has no entry";
+      continue;
+    }
     const std::set<std::string> told = ToldOf(docs, operation);
     for (const CaseFile& file : CasesOf(operation)) {
       if (!ShowsAWholeRowset(file) || HasAlias(file)) continue;
@@ -280,9 +245,6 @@ TEST(EveryOperation, IsDescribedWithItsColumns) {
             << column;
       }
     }
-  }
-  for (const std::string& name : docs.not_built) {
-    EXPECT_NE(automation::FindOperation(name), nullptr) << name;
   }
 }
 

@@ -11,8 +11,8 @@
 //
 // The call stands as in a case, books included. A call that sends several texts numbers them, and
 // each has its file unless another call sends the same; 1 is left out. "-- refused: column 7: why"
-// says that the front end must not take the text. A text without a call is one of a report that
-// this version does not build. The text is the last line; a ".shape" file holds a shape command.
+// says that the front end must not take the text. A text without a call is a form of the dialect
+// that no report sends. The text is the last line; a ".shape" file holds a shape command.
 #pragma once
 
 #include <optional>
