@@ -65,33 +65,41 @@ class Cluster {
   CaseRows rows_;
 };
 
-// Every call of the cases gives the same on both books.
-void ExpectTheSame(const std::string& in_file, const std::string& elsewhere) {
+TEST(Engines, GiveTheSameReportsOfSampleBooks) {
+  const SampleFile file;
+  const Scratch server;
+  const Cluster cluster;
+  (void)books::CopyBooks(file.Path(), server.ConnectionString());
+  (void)books::CopyBooks(file.Path(), cluster.ConnectionString());
+  cluster.Spread();
   std::ptrdiff_t calls = 0;
   std::ptrdiff_t lines = 0;
   for (const std::string& name : AllCases()) {
-    const CaseFile file = ReadCase(kCases + "/" + name, kCases);
-    const std::string one = Expectation(Play(file, Path::kSynchronous, in_file), {});
-    EXPECT_EQ(one, Expectation(Play(file, Path::kSynchronous, elsewhere), {})) << name;
-    lines += std::count(one.begin(), one.end(), '\n');
+    const CaseFile one = ReadCase(kCases + "/" + name, kCases);
+    const auto report_of = [&](const std::string& books) {
+      return Expectation(Play(one, Path::kSynchronous, books), {});
+    };
+    const std::string in_file = report_of(file.Path());
+    EXPECT_EQ(in_file, report_of(server.ConnectionString())) << name << " on the server";
+    EXPECT_EQ(in_file, report_of(cluster.ConnectionString())) << name << " on the cluster";
+    lines += std::count(in_file.begin(), in_file.end(), '\n');
     ++calls;
   }
   EXPECT_GT(lines, 20 * calls) << "the calls find something";
 }
 
-TEST(Engines, GiveTheSameReportsOfSampleBooks) {
-  const SampleFile file;
-  const Scratch server;
-  (void)books::CopyBooks(file.Path(), server.ConnectionString());
-  ExpectTheSame(file.Path(), server.ConnectionString());
-}
-
-TEST(ClusterBooks, GiveTheSameReportsOfSampleBooks) {
-  const SampleFile file;
-  const Cluster cluster;
-  (void)books::CopyBooks(file.Path(), cluster.ConnectionString());
+TEST(ClusterBooks, GiveTheReportOfEveryCaseOnBothPaths) {
+  Cluster cluster;
+  books::CreateBooks(cluster.ConnectionString());
   cluster.Spread();
-  ExpectTheSame(file.Path(), cluster.ConnectionString());
+  for (const std::string& name : AllCases()) {
+    const CaseFile file = ReadCase(kCases + "/" + name, kCases);
+    cluster.Hold(file.books);
+    for (const Path path : {Path::kSynchronous, Path::kAsynchronous}) {
+      const Outcome outcome = Play(file, path, cluster.ConnectionString());
+      EXPECT_EQ(file.expected.Text(), ExpectationLike(file, outcome, path)) << name;
+    }
+  }
 }
 
 TEST(ClusterBooks, AreInOrderAndCanBeCopiedBack) {
@@ -108,20 +116,6 @@ TEST(ClusterBooks, AreInOrderAndCanBeCopiedBack) {
   (void)books::CopyBooks(cluster.ConnectionString(), one_server.ConnectionString());
   EXPECT_TRUE(books::CheckBooks(one_server.ConnectionString()).empty());
   EXPECT_EQ(one_server.Run(movements), whole);
-}
-
-TEST(ClusterBooks, GiveTheReportOfEveryCaseOnBothPaths) {
-  Cluster cluster;
-  books::CreateBooks(cluster.ConnectionString());
-  cluster.Spread();
-  for (const std::string& name : AllCases()) {
-    const CaseFile file = ReadCase(kCases + "/" + name, kCases);
-    cluster.Hold(file.books);
-    for (const Path path : {Path::kSynchronous, Path::kAsynchronous}) {
-      const Outcome outcome = Play(file, path, cluster.ConnectionString());
-      EXPECT_EQ(file.expected.Text(), ExpectationLike(file, outcome, path)) << name;
-    }
-  }
 }
 
 std::int64_t CountMovements(Snapshot& state) {
