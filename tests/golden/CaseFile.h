@@ -60,6 +60,8 @@ struct TextTable {
   std::string name;
   Cells head;
   std::vector<Cells> rows;  // as many cells as the head
+
+  bool operator==(const TextTable&) const = default;
 };
 
 struct TextArgument {

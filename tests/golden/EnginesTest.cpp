@@ -54,7 +54,7 @@ class Cluster {
     if (std::system(command.c_str()) != 0) throw std::runtime_error(command + " failed");
   }
   // They hold these rows and no others.
-  void Hold(const std::vector<TextTable>& tables) { books_.Run(rows_.Replace(tables)); }
+  void Hold(const std::vector<TextTable>& tables) { rows_.Hold(tables); }
   [[nodiscard]] const std::string& ConnectionString() const { return books_.ConnectionString(); }
   std::string Run(const std::string& statements) { return books_.Run(statements); }
   [[nodiscard]] const OwnServer& Worker() const { return first_; }
@@ -62,7 +62,7 @@ class Cluster {
  private:
   OwnServer first_, second_;
   Scratch books_;
-  CaseRows rows_;
+  CaseRows rows_{books_.ConnectionString()};
 };
 
 TEST(Engines, GiveTheSameReportsOfSampleBooks) {

@@ -1,7 +1,6 @@
 #include "ServerBooks.h"
 
 #include <stdexcept>
-#include <utility>
 
 #include "session/books/Schema.h"
 #include "session/sql/EngineText.h"
@@ -45,16 +44,18 @@ std::string Inserted(const TextTable& table) {
 
 }  // namespace
 
-std::string CaseRows::Replace(const std::vector<TextTable>& tables) {
-  std::string statements = std::move(take_away_);
-  take_away_.clear();
-  for (const TextTable& table : tables) {
-    statements += Inserted(table);
-    take_away_ += "DELETE FROM " + sql::QuotedName(books::FindTable(table.name)->name) + ";";
+void CaseRows::Hold(const std::vector<TextTable>& tables) {
+  if (tables == held_) return;
+  std::string statements;
+  for (const TextTable& table : held_) {
+    statements += "DELETE FROM " + sql::QuotedName(books::FindTable(table.name)->name) + ";";
   }
-  return statements;
+  for (const TextTable& table : tables) statements += Inserted(table);
+  session_.Run(statements);
+  held_ = tables;
 }
 
-ServerBooks::ServerBooks() : scratch_(books::PostgresSchema()) {}
+ServerBooks::ServerBooks()
+    : scratch_(books::PostgresSchema()), rows_(scratch_.ConnectionString()) {}
 
 }  // namespace pstolvane1::golden

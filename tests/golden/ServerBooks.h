@@ -9,15 +9,19 @@
 
 namespace pstolvane1::golden {
 
-// The rows of one case after the other in the same PostgreSQL books, because making books takes the
-// server many times as long as a case.
+// The rows of one case after the other in the same PostgreSQL books, written in one session: making
+// books takes the server many times as long as a case, and a session as long as some.
 class CaseRows {
  public:
-  // Statements that take away what the case before put in, and put these rows in.
-  [[nodiscard]] std::string Replace(const std::vector<TextTable>& tables);
+  // The books are empty.
+  explicit CaseRows(const std::string& connection_string) : session_(connection_string) {}
+
+  // The books hold these rows and no others.
+  void Hold(const std::vector<TextTable>& tables);
 
  private:
-  std::string take_away_;
+  ServerSession session_;
+  std::vector<TextTable> held_;
 };
 
 // PostgreSQL books with the reference schema; they go with the object.
@@ -26,7 +30,7 @@ class ServerBooks {
   ServerBooks();
 
   // They hold these rows and no others.
-  void Hold(const std::vector<TextTable>& tables) { scratch_.Run(rows_.Replace(tables)); }
+  void Hold(const std::vector<TextTable>& tables) { rows_.Hold(tables); }
   [[nodiscard]] const std::string& ConnectionString() const { return scratch_.ConnectionString(); }
 
  private:
