@@ -29,12 +29,12 @@ class BalanceReader {
     for (const Recordset::Row row :
          by_key_.Find({key.item_id, key.place.godown_id, key.place.batch_id})) {
       average.AddYear({.year = row.Int32(year_),
-                       .balance = row.Single(balance_),
+                       .balance = row.Double(balance_),
                        .entering = row.Double(entering_),
                        .entering_value = row.Double(value_),
                        .opening_balance = row.IsNull(openings_)
                                               ? std::nullopt
-                                              : std::optional(row.Single(openings_))});
+                                              : std::optional(row.Double(openings_))});
     }
   }
 

@@ -114,9 +114,9 @@ std::string ComposeMonthlySimple(const MonthlyArguments& arguments, Date dtBooks
       "select itemdetailsasledger.item_id , 0 as inc_id , "
       "isnull(itemdetailsasledger.openingquantity,0) as qtyin , "
       "isnull(itemdetailsasledger.openingvalue,0) as valuein , 0 as qtyout , 0 as valueout from "
-      "itemdetailsasledger{0} where {1} and itemdetailsasledger.yearno = {2} union select "
+      "itemdetailsasledger{0} where {1} and itemdetailsasledger.yearno = {2} union all select "
       "desrdetails1.item_id , 0 as inc_id , {3} {4} and desrdetails1.desrdetdate >= '{5}' and "
-      "desrdetails1.desrdetdate < '{6}' group by desrdetails1.item_id union select "
+      "desrdetails1.desrdetdate < '{6}' group by desrdetails1.item_id union all select "
       "desrdetails1.item_id , {7} as inc_id , {3} {4} and desrdetails1.desrdetdate between '{6}' "
       "and '{8}' group by desrdetails1.item_id , {7} ",
       opened.joins, opened.condition, arguments.bytYearno, sums, lines, SqlDateText(dtBooksFrom),

@@ -26,21 +26,22 @@ double ThroughText(float single) {
 
 void MonthAverage::AddYear(const BalanceYear& year) {
   const double rate = year.entering == 0 ? 0 : year.entering_value / year.entering;
-  const double base = year.year == 1 ? Of(year.balance) : year.entering;
+  const double base = year.year == 1 ? year.balance : year.entering;
   entered_ = Sum(entered_, base);
-  balance_ = year.balance;
+  balance_ = ToSingle(year.balance);
   Currency value = ValueAt(base, rate);
-  const float openings = year.opening_balance.value_or(priced_);
+  const double openings = year.opening_balance.value_or(Of(priced_));
   if (value == Currency() && year.balance != 0 && openings == 0) {
     const StandardRate* cost =
         LastRate(costs_, [&](const StandardRate& one) { return one.year <= year.year; });
-    if (cost) value = ValueAt(Of(year.balance), cost->rate);
+    if (cost) value = ValueAt(year.balance, cost->rate);
   }
-  priced_ = year.balance;
+  priced_ = balance_;
   // The first year's base is net of what went out already.
-  if (year.year != 1) gone_ = Sum(gone_, year.entering - Of(year.balance));
+  if (year.year != 1) gone_ = Sum(gone_, year.entering - year.balance);
   if (entered_ != 0) {
-    value_ = ValueAt(std::fabs((value_ + value).ToDouble() / Of(entered_)), Of(Left()));
+    value_ =
+        ValueAt(std::fabs((value_ + value).ToDouble() / Of(entered_)), Of(entered_) - Of(gone_));
   }
   entered_ = Left();
   gone_ = 0;

@@ -14,10 +14,10 @@ namespace pstolvane1 {
 // What a year before the books' first day left of a stock key.
 struct BalanceYear {
   int year = 0;
-  float balance = 0;                     // in minus out
-  double entering = 0;                   // inwards, and openings with their sign
-  double entering_value = 0;             // the same at their rates
-  std::optional<float> opening_balance;  // of its opening lines, where it has any
+  double balance = 0;                     // in minus out
+  double entering = 0;                    // inwards, and openings with their sign
+  double entering_value = 0;              // the same at their rates
+  std::optional<double> opening_balance;  // of its opening lines, where it has any
 };
 
 class MonthAverage {
