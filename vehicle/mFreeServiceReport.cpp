@@ -67,11 +67,6 @@ enum LineClass { kDetailLine = 1, kRuleLine = 2, kTotalLine = 3 };
 struct Sums {
   std::array<Currency, 6> of_service{};
   Currency all;
-
-  void Add(std::size_t service, Currency value) {
-    of_service.at(service) += value;
-    all += value;
-  }
 };
 
 class Services {
@@ -143,15 +138,26 @@ class Services {
     heading_ = writer_.Line();
   }
 
+  // A host's condition with an Or can bring bills of other services: they are not shown, but their
+  // amounts count.
   void AddValue(const Recordset::Row& row) {
-    const auto found = std::ranges::find(kFreeServices, row.Int32(service_));
-    const auto service = static_cast<std::size_t>(found - kFreeServices.begin());
     const Variant value = row[value_];
-    writer_.MoneyOrBlank(kLineColumns.at(service), value);
     const Currency amount = value.ToCurrency();
+    if (const std::optional<std::size_t> service = FreeServiceOf(row)) {
+      writer_.MoneyOrBlank(kLineColumns.at(*service), value);
+      of_category_.of_service.at(*service) += amount;
+      report_.of_service.at(*service) += amount;
+    }
     of_line_ += amount;
-    of_category_.Add(service, amount);
-    report_.Add(service, amount);
+    of_category_.all += amount;
+    report_.all += amount;
+  }
+
+  [[nodiscard]] std::optional<std::size_t> FreeServiceOf(const Recordset::Row& row) const {
+    if (row.IsNull(service_)) return std::nullopt;
+    const auto found = std::ranges::find(kFreeServices, row.Int32(service_));
+    if (found == kFreeServices.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - kFreeServices.begin());
   }
 
   void CloseLine() {
