@@ -63,7 +63,8 @@ std::string ComposeRtoSalesDetails(const TransportOfficeArguments& arguments) {
       "inner join godownitem1 on godownitem1.gdesr_id = desr1.desr_id and godownitem1.date {} "
       "inner join batches1 on batches1.batch_id = godownitem1.batch_id "
       "inner join items1 on items1.item_id = batches1.item_id "
-      "where vouchertype1.subrelatedto = 10 and desr1.[date] {} and desr1.Audited = 0{} "
+      "where vouchertype1.subrelatedto = 10 and desr1.[date] {} and desr1.Audited = 0 and "
+      "desr1.Deleted = 0{} "
       "order by desr1.[date],desr1.prefix,desr1.desrrefno,desr1.suffix,"
       "godownitem1.godownitem_id,terms1.desrterms_id",
       form, between, between, document);

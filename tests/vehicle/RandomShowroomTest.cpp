@@ -1,10 +1,12 @@
 // What must hold of the searches, the buyers, the transport office's list and the service tax, on
 // random books.
+#include <algorithm>
 #include <chrono>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "RandomShowroom.h"
 #include "session/clsStolvane1.h"
@@ -169,7 +171,8 @@ TEST(RandomShowroom, TheTransportOfficeListsTheBuyersWhoseSalesAreNotFiled) {
   OnRandomShowrooms([](const Showroom& showroom, Session& session) {
     std::multiset<std::string> unfiled, listed;
     for (const ShowroomVehicle& vehicle : showroom.vehicles) {
-      if (vehicle.IsSold() && !vehicle.audited) unfiled.insert(vehicle.buyer + vehicle.chassis);
+      if (!vehicle.IsSold() || vehicle.audited || vehicle.deleted) continue;
+      unfiled.insert(vehicle.buyer + vehicle.chassis);
     }
     const RecordsetPtr list = session.TransportOffice();
     for (const Recordset::Row row : list->Rows()) {
@@ -207,6 +210,24 @@ TEST(RandomShowroom, ServiceTaxIsTheSumOfItsLinesInBothLayouts) {
       EXPECT_EQ(report->Collect("GTotalLabour").ToCurrency(), labour);
     }
   });
+}
+
+TEST(RandomShowroom, TheTwinOfTaxedLabourSortsAsTheTextThatItIs) {
+  bool sorts_otherwise_than_amounts = false;
+  OnRandomShowrooms([&](const Showroom& /*showroom*/, Session& session) {
+    const RecordsetPtr report = session.Tax(False);
+    report->Sort("LabouramtSort");
+    std::vector<std::string> texts;
+    std::vector<Currency> amounts;
+    for (const Recordset::Row row : report->Rows()) {
+      if (row["LabouramtSort"].IsNull()) continue;
+      texts.push_back(row["LabouramtSort"].ToText());
+      amounts.push_back(row["LabouramtSort"].ToCurrency());
+    }
+    EXPECT_TRUE(std::is_sorted(texts.begin(), texts.end()));
+    if (!std::is_sorted(amounts.begin(), amounts.end())) sorts_otherwise_than_amounts = true;
+  });
+  EXPECT_TRUE(sorts_otherwise_than_amounts);
 }
 
 }  // namespace
