@@ -2,10 +2,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include "bills/BillWise.h"
 #include "movements/HostItems.h"
+#include "session/rowset/ReportWriter.h"
 
 namespace pstolvane1 {
 
@@ -17,7 +17,7 @@ namespace pstolvane1 {
 [[nodiscard]] Variant ItemName(const std::optional<HostItems>& items, const Recordset::Row& line,
                                ColumnHandle item_id);
 
-// The columns of a receipt.
+// The columns of a rowset of receipts.
 struct ReceiptColumns {
   explicit ReceiptColumns(const Recordset& receipts)
       : number(receipts.Column("receiptno")),
@@ -28,22 +28,71 @@ struct ReceiptColumns {
         voucher(receipts.Column("Voucher_Id")) {}
   ColumnHandle number, reference, type, date, amount, voucher;
 };
+// Where a receipt stands in a report's layout.
+struct ReceiptTargets {
+  ColumnHandle number, reference, type, date;
+  Target amount;
+  ColumnHandle voucher, indent;
+};
+template <std::size_t kCount>
+[[nodiscard]] consteval ReceiptTargets ReceiptTargetsOf(const ReportLayout<kCount>& layout,
+                                                        Target amount) {
+  return {.number = layout.At("Receiptno"),
+          .reference = layout.At("Receiptrefno"),
+          .type = layout.At("ReceiptVoucherType"),
+          .date = layout.At("ReceiptDate"),
+          .amount = amount,
+          .voucher = layout.At("Voucher_id"),
+          .indent = layout.At("Indent")};
+}
 
-// Calls write(receipt, columns, indent) for the receipts of all entries of a row, in their order;
-// indent counts them from 1.
-template <typename Write>
-void ForEachReceipt(const Recordset::Row& row, ColumnHandle entries_column, Write&& write) {
-  const RecordsetPtr entries = row.Chapter(entries_column);
-  const ColumnHandle receipts_column = entries->Column("chReceiptbills");
-  int indent = 0;
-  for (const Recordset::Row entry : entries->Rows()) {
-    const RecordsetPtr receipts = entry.Chapter(receipts_column);
-    const ReceiptColumns columns(*receipts);
-    for (const Recordset::Row receipt : receipts->Rows()) {
-      write(receipt, columns, std::to_string(++indent));
+// A receipt against a bill.
+struct Receipt {
+  Recordset::Row row;
+  const ReceiptColumns& columns;
+  int indent;  // its number among the receipts of the bill, from 1
+
+  // Its cells of the line in hand. An amount that is Null stays empty.
+  void Write(ReportWriter& writer, const ReceiptTargets& to) const;
+};
+
+// The receipts against the bills of a report.
+class Receipts {
+ public:
+  // By the source's chapter of entries, whose own chapter chReceiptbills holds them.
+  explicit Receipts(ColumnHandle entries) : entries_(entries) {}
+
+  // Calls write(receipt) for those of all entries of a row, in their order.
+  template <typename Write>
+  void ForEach(const Recordset::Row& row, Write&& write) {
+    const RecordsetPtr entries = row.Chapter(entries_);
+    int indent = 0;
+    for (const Recordset::Row entry : entries->Rows()) {
+      const RecordsetPtr receipts = entry.Chapter(ReceiptsOf(*entries));
+      for (const Recordset::Row receipt : receipts->Rows()) {
+        write(Receipt{receipt, ColumnsOf(*receipts), ++indent});
+      }
     }
   }
-}
+
+ private:
+  // All entries have the same columns, and so have all receipts.
+  [[nodiscard]] ColumnHandle ReceiptsOf(const Recordset& entries) {
+    if (!receipts_) receipts_ = entries.Column("chReceiptbills");
+    return *receipts_;
+  }
+  [[nodiscard]] const ReceiptColumns& ColumnsOf(const Recordset& receipts) {
+    if (!columns_) columns_.emplace(receipts);
+    return *columns_;
+  }
+
+  ColumnHandle entries_;
+  std::optional<ColumnHandle> receipts_;
+  std::optional<ReceiptColumns> columns_;
+};
+
+// Shows an amount that is not Null.
+void WriteMoney(ReportWriter& writer, Target to, const Recordset::Row& row, ColumnHandle amount);
 
 // Quantity times rate, as money.
 [[nodiscard]] Currency AmountOf(float quantity, Currency rate);

@@ -40,6 +40,7 @@ constexpr ReportLayout kColumns = {
     NumberTwin("DummySort"),
 };
 constexpr RuleColumn kRule = kColumns.Rule("Line", 100);
+constexpr ReceiptTargets kReceipt = ReceiptTargetsOf(kColumns, kColumns.Twinned("Amountcr"));
 
 class BillReport {
  public:
@@ -101,20 +102,12 @@ class BillReport {
   }
 
   void WriteReceipts(const Recordset::Row& bill) {
-    ForEachReceipt(bill, receipts_,
-                   [&](const Recordset::Row& receipt, const ReceiptColumns& columns,
-                       const std::string& indent) {
-                     writer_.AddLine();
-                     WriteTwins(bill);
-                     writer_.Copy(kColumns.At("Receiptrefno"), receipt, columns.reference);
-                     writer_.Copy(kColumns.At("ReceiptVoucherType"), receipt, columns.type);
-                     writer_.Date(kColumns.At("ReceiptDate"), receipt[columns.date]);
-                     writer_.Copy(kColumns.At("Receiptno"), receipt, columns.number);
-                     Money(kColumns.Twinned("Amountcr"), receipt, columns.amount);
-                     writer_.Copy(kColumns.At("Voucher_id"), receipt, columns.voucher);
-                     writer_.Copy(kColumns.At("Desr_Id"), bill, document_);
-                     writer_.Text(kColumns.At("Indent"), indent);
-                   });
+    receipts_.ForEach(bill, [&](const Receipt& receipt) {
+      writer_.AddLine();
+      WriteTwins(bill);
+      receipt.Write(writer_, kReceipt);
+      writer_.Copy(kColumns.At("Desr_Id"), bill, document_);
+    });
   }
 
   void WriteHead(const Recordset::Row& bill) {
@@ -128,11 +121,11 @@ class BillReport {
     writer_.Copy(kColumns.At("Voucher_id"), bill, voucher_);
     writer_.Copy(kColumns.At("Desr_Id"), bill, document_);
     if (!bill.IsNull(amount_)) total_ += bill.Money(amount_);
+    bill_ = writer_.Line();
   }
 
   void WriteItem(const Recordset::Row& row, const std::string& indent) {
-    writer_.AddLine();
-    WriteTwins(row);
+    writer_.AddSubLine(bill_);
     writer_.Value(kColumns.Twinned("itemname"), ItemName(items_, row, item_));
     Money(kColumns.Twinned("rate"), row, rate_);
     writer_.Copy(kColumns.At("QtySort"), row, quantity_);
@@ -142,7 +135,7 @@ class BillReport {
     writer_.Text(kColumns.At("Indent"), indent);
   }
 
-  // The bill's own, which its receipts and items carry as well.
+  // The bill's own, which its receipts carry as well, and its items from its line.
   void WriteTwins(const Recordset::Row& bill) {
     writer_.Copy(kColumns.At("BillnoSort"), bill, number_);
     writer_.Copy(kColumns.At("DateSort"), bill, date_);
@@ -152,7 +145,7 @@ class BillReport {
   }
 
   void Money(Target to, const Recordset::Row& row, ColumnHandle amount) {
-    if (!row.IsNull(amount)) writer_.Money(to, row[amount]);
+    WriteMoney(writer_, to, row, amount);
   }
 
   [[nodiscard]] ColumnHandle Column(std::string_view name) const { return source_->Column(name); }
@@ -165,10 +158,10 @@ class BillReport {
                      ledger_ = Column("LedgerName"), type_ = Column("VoucherType"),
                      amount_ = Column("TotalAmount"), item_ = Column("Item_Id"),
                      quantity_ = Column("QtyOut"), rate_ = Column("Rate");
-  const ColumnHandle receipts_ =
-      arguments_.blnDetailed ? Column("chSaleReceiptBill") : Target::kNone;
+  Receipts receipts_{arguments_.blnDetailed ? Column("chSaleReceiptBill") : Target::kNone};
   const std::optional<HostItems> items_;
   ReportWriter writer_;
+  Bookmark bill_{};  // the line of the bill in hand
   Currency total_;
 };
 

@@ -37,6 +37,7 @@ constexpr ReportLayout kColumns = {
     NumberTwin("DummySort"),
 };
 constexpr RuleColumn kRule = kColumns.Rule("Line", 1000);
+constexpr ReceiptTargets kReceipt = ReceiptTargetsOf(kColumns, kColumns.At("Amountcr"));
 
 class EntryReport {
  public:
@@ -88,23 +89,15 @@ class EntryReport {
   }
 
   void WriteReceipts(const Recordset::Row& entry) {
-    ForEachReceipt(entry, receipts_,
-                   [&](const Recordset::Row& receipt, const ReceiptColumns& columns,
-                       const std::string& indent) {
-                     writer_.AddSubLine();
-                     writer_.Copy(kColumns.At("Receiptrefno"), receipt, columns.reference);
-                     writer_.Copy(kColumns.At("ReceiptVoucherType"), receipt, columns.type);
-                     writer_.Date(kColumns.At("ReceiptDate"), receipt[columns.date]);
-                     writer_.Copy(kColumns.At("Receiptno"), receipt, columns.number);
-                     Money(kColumns.At("Amountcr"), receipt, columns.amount);
-                     writer_.Copy(kColumns.At("Voucher_id"), receipt, columns.voucher);
-                     writer_.Copy(kColumns.At("Desr_Id"), entry, document_);
-                     writer_.Text(kColumns.At("Indent"), indent);
-                   });
+    receipts_.ForEach(entry, [&](const Receipt& receipt) {
+      writer_.AddSubLine();
+      receipt.Write(writer_, kReceipt);
+      writer_.Copy(kColumns.At("Desr_Id"), entry, document_);
+    });
   }
 
   void Money(Target to, const Recordset::Row& row, ColumnHandle amount) {
-    if (!row.IsNull(amount)) writer_.Money(to, row[amount]);
+    WriteMoney(writer_, to, row, amount);
   }
 
   [[nodiscard]] ColumnHandle Column(std::string_view name) const { return source_->Column(name); }
@@ -118,8 +111,8 @@ class EntryReport {
   const ColumnHandle number_ = Column("Refno"), date_ = Column("Date"),
                      ledger_ = Column("LedgerName"), type_ = Column("VoucherType"),
                      amount_ = Column("AmountDr"), voucher_ = Column("Voucher_Id"),
-                     document_ = Column("Desr_Id"), lines_ = Chapter("chSaleBill"),
-                     receipts_ = Chapter("chSaleReceiptBill");
+                     document_ = Column("Desr_Id"), lines_ = Chapter("chSaleBill");
+  Receipts receipts_{Chapter("chSaleReceiptBill")};
   const std::optional<HostItems> items_;
   ReportWriter writer_;
 };
