@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <span>
 #include <string>
 
 #include "session/data/CriteriaLexer.h"
@@ -85,6 +87,78 @@ int Compare(const RowStore& store, int column, std::uint32_t a, std::uint32_t b)
   return a_rank < b_rank ? -1 : static_cast<int>(a_rank > b_rank);
 }
 
+struct Entry {
+  std::uint64_t rank;  // by the column in hand
+  std::uint32_t row;
+};
+using Run = std::span<Entry>;
+
+class Look {
+ public:
+  void operator()() {
+    if (++steps_ % kStepsPerLook == 0) in_hand_.Check();
+  }
+  void Now() const { in_hand_.Check(); }
+
+ private:
+  const WorkInHand in_hand_;
+  std::uint32_t steps_ = 0;
+};
+
+template <typename Before>
+void SortUnlessSorted(Run run, const Before& before) {
+  if (!std::is_sorted(run.begin(), run.end(), before)) std::sort(run.begin(), run.end(), before);
+}
+
+// Calls write for each run of neighbours that are alike.
+template <typename Alike, typename Write>
+void ForEachRun(Run entries, const Alike& alike, const Write& write) {
+  for (auto first = entries.begin(); first != entries.end();) {
+    auto end = std::next(first);
+    while (end != entries.end() && alike(*first, *end)) ++end;
+    write(Run(first, end));
+    first = end;
+  }
+}
+
+// Sorts a run by one column: those where it is Null apart, the others by ranks that are taken out
+// of the rows once. Then calls sort_next for each run that is equal in it.
+template <typename SortNext>
+void SortByColumn(const RowStore& store, int column, bool descending, Run run, Look& look,
+                  const SortNext& sort_next) {
+  const auto is_null = [&](const Entry& entry) { return store.IsNull(column, entry.row); };
+  const auto middle = std::partition(
+      run.begin(), run.end(), [&](const Entry& entry) { return is_null(entry) != descending; });
+  const Run nulls = descending ? Run(middle, run.end()) : Run(run.begin(), middle);
+  const Run values = descending ? Run(run.begin(), middle) : Run(middle, run.end());
+  sort_next(nulls);
+
+  const std::uint64_t flip = descending ? ~std::uint64_t{0} : 0;
+  for (Entry& entry : values) {
+    look();
+    entry.rank = RankOf(store, column, entry.row) ^ flip;
+  }
+  SortUnlessSorted(values, [&](const Entry& a, const Entry& b) {
+    look();
+    return a.rank < b.rank;
+  });
+  const auto same_rank = [](const Entry& a, const Entry& b) { return a.rank == b.rank; };
+  if (!IsText(store.Column(column).type)) return ForEachRun(values, same_rank, sort_next);
+
+  // Texts of one rank may still differ behind it.
+  const auto compare = [&](const Entry& a, const Entry& b) {
+    look();
+    return CompareFolded(store.Text(column, a.row), store.Text(column, b.row));
+  };
+  ForEachRun(values, same_rank, [&](Run alike) {
+    SortUnlessSorted(alike, [&](const Entry& a, const Entry& b) {
+      return descending ? compare(a, b) > 0 : compare(a, b) < 0;
+    });
+    ForEachRun(
+        alike, [&](const Entry& a, const Entry& b) { return compare(a, b) == 0; }, sort_next);
+  });
+}
+
 }  // namespace
 
 RowOrder::RowOrder(const RowStore& store, std::string_view columns) {
@@ -128,62 +202,31 @@ bool RowOrder::Uses(const std::vector<bool>& columns) const {
                      [&](Key key) { return columns[static_cast<std::size_t>(key.column)]; });
 }
 
-bool RowOrder::BeforeFrom(std::size_t key, const RowStore& store, std::uint32_t a,
-                          std::uint32_t b) const {
-  for (; key < keys_.size(); ++key) {
-    const int order = Compare(store, keys_[key].column, a, b);
-    if (order != 0) return keys_[key].descending ? order > 0 : order < 0;
+bool RowOrder::Before(const RowStore& store, std::uint32_t a, std::uint32_t b) const {
+  for (const Key key : keys_) {
+    const int order = Compare(store, key.column, a, b);
+    if (order != 0) return key.descending ? order > 0 : order < 0;
   }
   return a < b;
 }
 
-bool RowOrder::Before(const RowStore& store, std::uint32_t a, std::uint32_t b) const {
-  return BeforeFrom(0, store, a, b);
-}
-
-// The ranks of the first key are taken out of the rows once, so that most comparisons need nothing
-// else. Rows where it is Null have no rank and are sorted apart.
+// Column by column, so that a row is compared by those alone in which it is like others.
 void RowOrder::SortRows(const RowStore& store, std::vector<std::uint32_t>& rows) const {
-  struct Entry {
-    std::uint64_t rank;
-    std::uint32_t row;
-  };
-  const WorkInHand in_hand;
-  std::uint32_t steps = 0;
-  const auto look = [&] {
-    if (++steps % kStepsPerLook == 0) in_hand.Check();
-  };
-  const Key first = keys_.front();
-  const std::uint64_t flip = first.descending ? ~std::uint64_t{0} : 0;
-  const bool rank_decides = !IsText(store.Column(first.column).type);
+  Look look;
   std::vector<Entry> entries;
-  std::vector<std::uint32_t> nulls;
   entries.reserve(rows.size());
-  for (const std::uint32_t row : rows) {
-    look();
-    if (store.IsNull(first.column, row)) {
-      nulls.push_back(row);
-    } else {
-      entries.push_back({RankOf(store, first.column, row) ^ flip, row});
+  for (const std::uint32_t row : rows) entries.push_back({0, row});
+  const auto sort_from = [&](const auto& self, std::size_t key, Run run) -> void {
+    if (run.size() < 2) return;
+    if (key == keys_.size()) {
+      return SortUnlessSorted(run, [](const Entry& a, const Entry& b) { return a.row < b.row; });
     }
-  }
-  const auto before = [&](const Entry& a, const Entry& b) {
-    look();
-    if (a.rank != b.rank) return a.rank < b.rank;
-    return BeforeFrom(rank_decides ? 1 : 0, store, a.row, b.row);
+    SortByColumn(store, keys_[key].column, keys_[key].descending, run, look,
+                 [&](Run alike) { self(self, key + 1, alike); });
   };
-  if (!std::is_sorted(entries.begin(), entries.end(), before)) {
-    std::sort(entries.begin(), entries.end(), before);
-  }
-  std::sort(nulls.begin(), nulls.end(), [&](std::uint32_t a, std::uint32_t b) {
-    look();
-    return BeforeFrom(1, store, a, b);
-  });
-  in_hand.Check();
-  rows.clear();
-  if (!first.descending) rows.insert(rows.end(), nulls.begin(), nulls.end());
-  for (const Entry& entry : entries) rows.push_back(entry.row);
-  if (first.descending) rows.insert(rows.end(), nulls.begin(), nulls.end());
+  sort_from(sort_from, 0, entries);
+  look.Now();
+  std::ranges::transform(entries, rows.begin(), &Entry::row);
 }
 
 }  // namespace pstolvane1

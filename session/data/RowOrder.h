@@ -30,9 +30,6 @@ class RowOrder {
     int column;
     bool descending;
   };
-  // Rows a and b by the keys from a given one on, then by their numbers.
-  [[nodiscard]] bool BeforeFrom(std::size_t key, const RowStore& store, std::uint32_t a,
-                                std::uint32_t b) const;
   std::vector<Key> keys_;
 };
 

@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <random>
+#include <string>
+#include <tuple>
+
 #include "tests/data/ExpectError.h"
 #include "tests/data/MakeRowset.h"
 
@@ -54,6 +59,42 @@ TEST(Sort, TellsLongTextsApartBehindTheirEqualBeginnings) {
   rowset->Sort("Name");
   EXPECT_EQ(Shown(*rowset, "Name"),
             "Hinterrad hinterrad a Hinterrad B KKKKKKKK kkkkkkkkka \u212A\u212A\u212Akkkkkkb");
+}
+
+TEST(Sort, OfSeveralColumnsComparesThemOneAfterTheOther) {
+  // A value and its place in the order.
+  const std::vector<std::pair<Variant, int>> names = {
+      {Null, 0}, {"", 1}, {"bolt", 2}, {"Hinterrad a", 3}, {"Hinterrad B", 4}, {"hinterrad b", 4}};
+  const std::vector<std::pair<Variant, int>> numbers = {{Null, 0}, {-1, 1}, {0, 2}, {7, 3}};
+  std::mt19937 random(5);
+  const auto pick = [&](const auto& values) { return values[random() % values.size()]; };
+  struct Line {
+    int id, name, number;
+  };
+  std::vector<Line> lines;
+  std::vector<std::vector<Variant>> rows;
+  for (int id = 0; id < 300; ++id) {
+    const auto [name, name_place] = pick(names);
+    const auto [number, number_place] = pick(numbers);
+    lines.push_back({id, name_place, number_place});
+    rows.push_back({id, name, number});
+  }
+  const auto expect = [&](const char* columns, auto place_of) {
+    std::vector<Line> sorted = lines;
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [&](const Line& a, const Line& b) { return place_of(a) < place_of(b); });
+    std::string ids;
+    for (const Line& line : sorted) ids += (ids.empty() ? "" : " ") + std::to_string(line.id);
+    const RecordsetPtr rowset =
+        MakeRowset({{"Id", adInteger}, {"Name", adBSTR}, {"Number", adInteger}}, rows);
+    rowset->Sort(columns);
+    EXPECT_EQ(Shown(*rowset, "Id"), ids) << columns;
+  };
+  expect("Name, Number", [](const Line& line) { return std::pair(line.name, line.number); });
+  expect("Name DESC, Number", [](const Line& line) { return std::pair(-line.name, line.number); });
+  expect("Number, Name DESC", [](const Line& line) { return std::pair(line.number, -line.name); });
+  expect("Number DESC, Name, Id DESC",
+         [](const Line& line) { return std::tuple(-line.number, line.name, -line.id); });
 }
 
 TEST(Sort, ThatCannotBeReadSaysWhereAndLeavesTheOldOne) {
