@@ -40,6 +40,17 @@ TEST(LikePattern, AgreesWithTryingEverything) {
   EXPECT_GT(fits, 5000);
 }
 
+// Some characters beyond ASCII are, without their case, ASCII letters: the kelvin sign is a k.
+TEST(LikePattern, FindsAFragmentBehindAnythingAndInAnyCase) {
+  for (const char* text : {"MB8A007919", "xxMB8A", "\u00e9\u0915mb8a", "mmbmb8amb"}) {
+    EXPECT_TRUE(LikePattern("%Mb8A%").Fits(text)) << text;
+  }
+  EXPECT_FALSE(LikePattern("%Mb8A%").Fits("MB8B MB8"));
+  EXPECT_TRUE(LikePattern("%kg").Fits("5 \u212aG"));
+  EXPECT_TRUE(LikePattern("%\u212a%").Fits("5 kg"));
+  EXPECT_TRUE(LikePattern("%\xff%").Fits("a\xff"));
+}
+
 TEST(LikePattern, TakesTimeInProportionToTheText) {
   const std::string text(100000, 'a');
   EXPECT_FALSE(LikePattern("%a%a%a%a%a%a%a%b").Fits(text));

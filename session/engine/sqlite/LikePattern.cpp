@@ -6,6 +6,23 @@
 #include "session/engine/sqlite/Utf8.h"
 
 namespace pstolvane1::sqlite {
+namespace {
+
+bool IsAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
+char32_t FoldedAscii(char byte) {
+  return static_cast<unsigned char>(byte >= 'A' && byte <= 'Z' ? byte | 0x20 : byte);
+}
+
+// The next character, folded; most are of one byte.
+char32_t Take(std::string_view& text) {
+  const char byte = text.front();
+  if (!IsAscii(byte)) return TakeFolded(text);
+  text.remove_prefix(1);
+  return FoldedAscii(byte);
+}
+
+}  // namespace
 
 LikePattern::LikePattern(std::string_view pattern, std::optional<char32_t> escape) {
   // The escape character is compared before case is taken away: \ or x, never X for x.
@@ -74,6 +91,14 @@ bool LikePattern::FitsOne(const Part& part, char32_t character) {
   return false;
 }
 
+void LikePattern::PassOver(std::size_t part, std::string_view& text) const {
+  if (part == parts_.size() || parts_[part].kind != Part::Kind::kCharacter) return;
+  const char32_t character = parts_[part].character;
+  std::size_t at = 0;
+  while (at < text.size() && IsAscii(text[at]) && FoldedAscii(text[at]) != character) ++at;
+  text.remove_prefix(at);
+}
+
 // Goes back to the last % only, which is enough: an earlier one could not do better.
 bool LikePattern::Fits(std::string_view text) const {
   std::size_t at = 0;
@@ -84,13 +109,14 @@ bool LikePattern::Fits(std::string_view text) const {
     if (at < parts_.size() && parts_[at].kind == Part::Kind::kRun) {
       run = ++at;
       has_run = true;
+      PassOver(run, text);
       run_text = text;
       continue;
     }
     if (at == parts_.size() && text.find_first_not_of(' ') == std::string_view::npos) return true;
     if (at < parts_.size() && !text.empty()) {
       std::string_view ahead = text;
-      if (FitsOne(parts_[at], TakeFolded(ahead))) {
+      if (FitsOne(parts_[at], Take(ahead))) {
         text = ahead;
         ++at;
         continue;
@@ -98,6 +124,7 @@ bool LikePattern::Fits(std::string_view text) const {
     }
     if (!has_run || run_text.empty()) return false;
     TakeCharacter(run_text);
+    PassOver(run, run_text);
     text = run_text;
     at = run;
   }

@@ -26,6 +26,8 @@ class LikePattern {
     std::vector<std::pair<char32_t, char32_t>> ranges = {};
   };
   [[nodiscard]] static bool FitsOne(const Part& part, char32_t character);
+  // Takes from the text what the % before a part has to take, as far as the part tells.
+  void PassOver(std::size_t part, std::string_view& text) const;
 
   std::vector<Part> parts_;
 };
