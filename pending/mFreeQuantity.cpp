@@ -56,15 +56,17 @@ struct Pass {
 };
 constexpr Pass kPasses[] = {{0, "Inwards:"}, {1, "Outwards:"}};
 
-// The columns of a line's movements.
-struct Godowns {
-  explicit Godowns(const Recordset& chapter)
-      : godown(chapter.Column("GodownName")),
-        batch(chapter.Column("BatchCode")),
-        quantity(chapter.Column("qty")),
-        alternate_quantity(chapter.Column("altqty")),
-        is_alternate(chapter.Column("isaltunit")) {}
-  ColumnHandle godown, batch, quantity, alternate_quantity, is_alternate;
+// The movement beside a line.
+struct GodownColumns {
+  explicit GodownColumns(const Recordset& source)
+      : godown_id(source.Column("Godown_Id")),
+        batch_id(source.Column("Batch_Id")),
+        godown(source.Column("GodownName")),
+        batch(source.Column("BatchCode")),
+        quantity(source.Column("Godown_Qty")),
+        alternate_quantity(source.Column("Godown_AltQty")),
+        is_alternate(source.Column("Godown_IsAltUnit")) {}
+  ColumnHandle godown_id, batch_id, godown, batch, quantity, alternate_quantity, is_alternate;
 };
 
 class FreeQuantityReport {
@@ -74,21 +76,15 @@ class FreeQuantityReport {
         arguments_(frame.module.Kept<FreeQuantityArguments>()),
         source_(frame.Rowset(Source::rsReport)),
         number_(*source_),
-        writer_(arguments_.of == FreeQuantityOf::kItem ? kColumns : kPartyColumns, Style(frame)) {}
+        writer_(arguments_.of == FreeQuantityOf::kItem ? kColumns : kPartyColumns, Style(frame)) {
+    if (arguments_.blnDetailed) godowns_.emplace(*source_);
+  }
 
   RecordsetPtr Write() {
     frame_.module.lngRecordNo = 0;
-    const RowGroups sides = source_->GroupBy({"In_Out"});
-    bool has_rows = false;
-    for (const Pass& pass : kPasses) {
-      const RowGroups::Group rows = sides.Find({pass.in_out});
-      if (rows.Empty()) continue;
-      if (has_rows) writer_.AddSpacer(kColumns.At("Head"));
-      has_rows = true;
-      writer_.AddLine();
-      writer_.Text(kColumns.At("Head"), pass.head);
-      ForEachSourceRow(frame_, *source_, rows, [&](const Recordset::Row& row) { WriteRow(row); });
-    }
+    const RowGroups lines = source_->GroupBy({"DesrDetails_Id"});
+    frame_.lngFetchTotal = static_cast<std::int32_t>(lines.Count());
+    for (const Pass& pass : kPasses) WriteSide(pass, lines);
     return writer_.Finish();
   }
 
@@ -99,7 +95,32 @@ class FreeQuantityReport {
     return style;
   }
 
-  void WriteRow(const Recordset::Row& row) {
+  // A cancel ends a side after the line in hand.
+  void WriteSide(const Pass& pass, const RowGroups& lines) {
+    bool is_first = true;
+    for (const RowGroups::Group& line : lines) {
+      if (line.First().Int32(in_out_) != pass.in_out) continue;
+      if (is_first) WriteHead(pass);
+      is_first = false;
+      try {
+        WriteLine(line);
+      } catch (const Error& error) {
+        throw WhileWritingRow(error, frame_, line.First());
+      }
+      if (!frame_.EndPass()) return;
+    }
+  }
+
+  void WriteHead(const Pass& pass) {
+    if (has_side_) writer_.AddSpacer(kColumns.At("Head"));
+    has_side_ = true;
+    writer_.AddLine();
+    writer_.Text(kColumns.At("Head"), pass.head);
+  }
+
+  // The rows of a line differ in their movements alone.
+  void WriteLine(const RowGroups::Group& line) {
+    const Recordset::Row row = line.First();
     writer_.AddLine();
     writer_.Value(kColumns.At("RecordNo"), ++frame_.module.lngRecordNo);
     writer_.Copy(kColumns.At("Desr_Id"), row, desr_);
@@ -110,7 +131,7 @@ class FreeQuantityReport {
     writer_.DocumentNumber(kColumns.DocumentNumber("RefNo"), row, number_);
     WriteFigures(row);
     writer_.Text(kColumns.Twinned("Optional"), IsSet(row, optional_) ? "Opt" : "");
-    if (arguments_.blnDetailed) WriteGodowns(row);
+    if (godowns_) WriteGodowns(line);
     if (arguments_.blnShowNarration) WriteNarration(row);
   }
 
@@ -126,17 +147,16 @@ class FreeQuantityReport {
     writer_.Money(kColumns.Twinned("FreeValue"), row[free_value_]);
   }
 
-  void WriteGodowns(const Recordset::Row& line) {
-    const RecordsetPtr chapter = line.Chapter(chapter_);
-    if (!godowns_) godowns_.emplace(*chapter);
-    for (const Recordset::Row& row : chapter->Rows()) {
+  void WriteGodowns(const RowGroups::Group& line) {
+    for (const Recordset::Row& row : line) {
+      if (row.IsNull(godowns_->godown_id) || row.IsNull(godowns_->batch_id)) continue;
       const bool alternate = IsSet(row, godowns_->is_alternate);
       writer_.AddSubLine();
       writer_.Copy(kColumns.At("Godown"), row, godowns_->godown);
       writer_.Copy(kColumns.At("Batch"), row, godowns_->batch);
       writer_.Quantity(kColumns.At("GodownQty"),
                        row[alternate ? godowns_->alternate_quantity : godowns_->quantity],
-                       line.Text(alternate ? alternate_unit_ : unit_));
+                       row.Text(alternate ? alternate_unit_ : unit_));
     }
   }
 
@@ -160,11 +180,11 @@ class FreeQuantityReport {
                      unit_ = Column("UomName"), alternate_unit_ = Column("AltUomName"),
                      rate_ = Column("ActualRate"), alternate_rate_ = Column("AltRate"),
                      is_alternate_unit_ = Column("IsAltUnit"),
-                     is_alternate_rate_ = Column("IsAltRate");
+                     is_alternate_rate_ = Column("IsAltRate"), in_out_ = Column("In_Out");
   const DocumentNumberSource number_;
-  const ColumnHandle chapter_ = arguments_.blnDetailed ? Column("ChpGodDets") : Target::kNone;
-  std::optional<Godowns> godowns_;
+  std::optional<GodownColumns> godowns_;
   ReportWriter writer_;
+  bool has_side_ = false;
 };
 
 }  // namespace
