@@ -14,7 +14,7 @@ target_include_directories(pStolvane1 INTERFACE
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/pStolvane1>)
 target_link_libraries(pStolvane1 PRIVATE
   SQLite::SQLite3 PkgConfig::LIBPQ ICU::i18n ICU::uc fmt::fmt nlohmann_json::nlohmann_json PkgConfig::XLSXWRITER
-  Threads::Threads)
+  Threads::Threads ZLIB::ZLIB)
 
 # All that a host may include, by its path from the root.
 set(PST_PUBLIC_HEADERS

@@ -51,11 +51,8 @@ void Write(const Recordset& rowset, std::string_view title, const OutputOptions&
         throw Error(ErrorNumber::kArgumentOutOfRange,
                     "a workbook goes into a file: name it with --out");
       }
-      RefuseBooks(options.path, options.books);
-      OutputFile(options.path).WriteByPath([&](const std::string& path) {
-        ExportXlsx(rowset, title, locale, path);
-      });
-      return;
+      return WriteStream(options,
+                         [&](std::ostream& out) { ExportXlsx(rowset, title, locale, out); });
     }
   }
 }

@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <memory>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -143,22 +141,6 @@ void OutputFile::TakeOver(const std::string& existing) {
 void OutputFile::Write(const std::function<void(std::ostream&)>& write) {
   WriteInto(descriptor_, Quoted(path_), write);
   Done();
-}
-
-void OutputFile::WriteByPath(const std::function<void(const std::string&)>& write) {
-  if (!making_.empty()) {
-    write(making_);
-    return Done();
-  }
-  // A device or a pipe takes the bytes of a finished file.
-  std::string name = (fs::temp_directory_path() / "stolvane.XXXXXX").string();
-  const int made = ::mkstemp(name.data());
-  if (made < 0) throw CannotWrite(Quoted(name), errno);
-  ::close(made);
-  const std::unique_ptr<const std::string, void (*)(const std::string*)> gone(
-      &name, [](const std::string* file) { std::remove(file->c_str()); });
-  write(name);
-  Write([&name](std::ostream& out) { out << std::ifstream(name, std::ios::binary).rdbuf(); });
 }
 
 void OutputFile::Done() {

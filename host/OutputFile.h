@@ -26,8 +26,6 @@ class OutputFile {
 
   // Writes the whole of it. Error 3001.
   void Write(const std::function<void(std::ostream&)>& write);
-  // The same by what writes to a path of its own.
-  void WriteByPath(const std::function<void(const std::string& path)>& write);
 
  private:
   void Open();

@@ -34,7 +34,12 @@ void ExportHtml(const Recordset& rowset, std::string_view title,
                 const std::shared_ptr<const Locale>& locale, std::ostream& out);
 
 // A workbook of one sheet with what the page shows. A column whose texts are all numbers or amounts
-// of the locale holds numbers. Error 3001 when the file cannot be written, with its name.
+// of the locale holds numbers. It is put together in memory and, part by part, in the folder for
+// temporary files; error 3001 when there is no room. Nothing of a workbook that fails is written.
+void ExportXlsx(const Recordset& rowset, std::string_view title,
+                const std::shared_ptr<const Locale>& locale, std::ostream& out);
+// The same into a file of that name. Error 3001 with the name when it cannot be written; then no
+// file stays.
 void ExportXlsx(const Recordset& rowset, std::string_view title,
                 const std::shared_ptr<const Locale>& locale, const std::string& path);
 

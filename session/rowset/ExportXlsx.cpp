@@ -1,19 +1,20 @@
 #include <algorithm>
-#include <cerrno>
 #include <cstddef>
-#include <fstream>
+#include <fmt/format.h>
 #include <new>
 #include <optional>
+#include <ostream>
 #include <string>
-#include <system_error>
 #include <vector>
 #include <xlsxwriter.h>
 
 #include "session/data/Error.h"
 #include "session/data/OutOfMemory.h"
 #include "session/data/ThreadWork.h"
+#include "session/rowset/ArchiveParts.h"
 #include "session/rowset/Export.h"
 #include "session/rowset/ReportView.h"
+#include "session/rowset/WorkbookRoom.h"
 
 namespace pstolvane1 {
 namespace {
@@ -69,10 +70,13 @@ double WidthOf(std::string_view text) {
 
 class Sheet {
  public:
-  Sheet(const ReportView& view, std::string_view title, const std::string& path)
-      : view_(view), path_(path) {
-    CheckWritable();
-    book_ = workbook_new(path.c_str());
+  // `called` is what messages call the workbook; it must live as long.
+  Sheet(const ReportView& view, std::string_view title, WorkbookRoom& room,
+        const std::string& called)
+      : view_(view), name_(called), room_(room) {
+    lxw_workbook_options options{};
+    options.tmpdir = room.PartsFolder();
+    book_ = workbook_new_opt(room.Path().c_str(), &options);
     if (book_ == nullptr) throw Failure("the workbook cannot be made");
     // A sheet's name may have 31 characters and none of []:*?/\.
     std::string name(title.substr(0, 31));
@@ -104,6 +108,11 @@ class Sheet {
     const lxw_error error = workbook_close(book_);
     book_ = nullptr;
     Require(error);
+    // The writer of workbooks does not notice a part that found no room on its way.
+    if (!BrokenPart(room_.Bytes()).empty()) {
+      throw Failure(
+          fmt::format("there is no room in \"{}\", where its parts are made", room_.PartsFolder()));
+    }
   }
 
  private:
@@ -121,15 +130,8 @@ class Sheet {
     return format;
   }
 
-  // The writer of workbooks would tell a wrong path on standard error as well.
-  void CheckWritable() const {
-    errno = 0;
-    if (!std::ofstream(path_, std::ios::binary))
-      throw Failure(std::generic_category().message(errno));
-  }
-
   [[nodiscard]] Error Failure(const std::string& why) const {
-    return {ErrorNumber::kArgumentOutOfRange, "cannot write \"" + path_ + "\": " + why};
+    return {ErrorNumber::kArgumentOutOfRange, "cannot write " + name_ + ": " + why};
   }
 
   void WriteHeader() {
@@ -192,7 +194,8 @@ class Sheet {
 
   const WorkInHand in_hand_;
   const ReportView& view_;
-  const std::string& path_;
+  const std::string& name_;
+  WorkbookRoom& room_;
   lxw_workbook* book_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
 };
@@ -200,10 +203,22 @@ class Sheet {
 }  // namespace
 
 void ExportXlsx(const Recordset& rowset, std::string_view title,
+                const std::shared_ptr<const Locale>& locale, std::ostream& out) {
+  TellingWhatRanOut("exporting the rowset", [&] {
+    const ReportView view(rowset, locale);
+    WorkbookRoom room;
+    Sheet(view, title, room, "the workbook").Write();
+    out << room.Bytes();
+  });
+}
+
+void ExportXlsx(const Recordset& rowset, std::string_view title,
                 const std::shared_ptr<const Locale>& locale, const std::string& path) {
   TellingWhatRanOut("exporting the rowset", [&] {
     const ReportView view(rowset, locale);
-    Sheet(view, title, path).Write();
+    WorkbookRoom room;
+    Sheet(view, title, room, '"' + path + '"').Write();
+    room.CopyTo(path);
   });
 }
 

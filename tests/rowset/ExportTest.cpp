@@ -1,10 +1,13 @@
 // Rowsets as files.
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include "session/data/Error.h"
@@ -170,6 +173,71 @@ TEST(ExportXlsx, AFileThatCannotBeWrittenIsNamed) {
     EXPECT_EQ(error.Number(), ErrorNumber::kArgumentOutOfRange);
     EXPECT_NE(error.Description().find("/nowhere/report.xlsx"), std::string::npos);
   }
+}
+
+// Files of the process may not become larger while the object lives; a try to is no signal.
+class SmallFiles {
+ public:
+  explicit SmallFiles(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit small{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    handler_ = std::signal(SIGXFSZ, SIG_IGN);
+  }
+  ~SmallFiles() {
+    std::signal(SIGXFSZ, handler_);
+    setrlimit(RLIMIT_FSIZE, &before_);
+  }
+  SmallFiles(const SmallFiles&) = delete;
+  SmallFiles& operator=(const SmallFiles&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int) = nullptr;
+};
+
+std::string ErrorOf(const std::function<void()>& work) {
+  try {
+    work();
+    return "no error";
+  } catch (const Error& error) {
+    return std::to_string(static_cast<int>(error.Number())) + " " + error.Description();
+  }
+}
+
+// Packed a tenth of this is left, so that the workbook itself has room.
+TEST(ExportXlsx, APartThatFindsNoRoomIsAnError) {
+  RecordsetPtr long_one = Recordset::New();
+  long_one->Fields().Append("Number", adInteger);
+  long_one->Open();
+  for (int i = 0; i < 10'000; ++i) {
+    long_one->AddNew();
+    long_one->Collect("Number", i % 10);
+    long_one->Update();
+  }
+  std::ostringstream none, whole;
+  const std::string folder = std::filesystem::temp_directory_path().string();
+  const std::string file = folder + "/report_" + std::to_string(getpid()) + ".xlsx";
+  {
+    const SmallFiles small(100'000);
+    const std::string why = ": there is no room in \"" + folder + "\", where its parts are made";
+    EXPECT_EQ(ErrorOf([&] { ExportXlsx(*long_one, "Long", kIndia, none); }),
+              "3001 cannot write the workbook" + why);
+    EXPECT_EQ(ErrorOf([&] { ExportXlsx(*long_one, "Long", kIndia, file); }),
+              "3001 cannot write \"" + file + "\"" + why);
+  }
+  EXPECT_EQ(none.str(), "");
+  EXPECT_FALSE(std::filesystem::exists(file));
+  ExportXlsx(*long_one, "Long", kIndia, whole);
+  EXPECT_TRUE(whole.str().starts_with("PK"));
+  EXPECT_GT(whole.str().size(), 10'000U);
+  EXPECT_LT(whole.str().size(), 100'000U);
+}
+
+TEST(ExportXlsx, ADeviceThatTakesNothingStaysWhereItIs) {
+  EXPECT_EQ(ErrorOf([&] { ExportXlsx(*Report(), "Sales", kIndia, "/dev/full"); }),
+            "3001 cannot write \"/dev/full\": No space left on device");
+  EXPECT_TRUE(std::filesystem::exists("/dev/full"));
 }
 
 TEST(Export, AClosedRowsetIsAnError) {
