@@ -75,6 +75,7 @@ bool TellUnknownCommand(const CLI::App& app, const CLI::ParseError& error) {
 int RunCommandLine(int argc, char** argv) {
   OccupyClosedDescriptors();
   std::signal(SIGPIPE, SIG_IGN);  // a pager or a pipe that closes early is no failure
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not become so large is told as other failures
   CLI::App app("Finished stock and sales reports from the books of a company", "stolvane");
   app.require_subcommand(1);
   app.set_version_flag("--version,-V", PST_VERSION);

@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <iterator>
-#include <system_error>
 #include <unistd.h>
 
 namespace pstolvane1::host {
@@ -39,7 +38,8 @@ Error CannotWrite(const std::string& what, int number) {
   return {
       ErrorNumber::kArgumentOutOfRange,
       "cannot write " + what + ": " +
-          (known != std::end(kReasons) ? known->words : std::generic_category().message(number))};
+          (known != std::end(kReasons) ? known->words
+                                       : "the system gives the number " + std::to_string(number))};
 }
 
 DescriptorBuffer::DescriptorBuffer(int descriptor) : descriptor_(descriptor) {

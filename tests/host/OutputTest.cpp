@@ -2,6 +2,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <future>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -51,6 +52,27 @@ TEST_F(Output, WhatCannotBeWrittenIsToldInOneSentence) {
   fs::create_hard_link(folder.File("report"), folder.File("second"));
   ExpectRefused(folder.File("second"), "the file has a second name");
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{"link", "report", "second"}));
+}
+
+// As a user's limit on the size of files has it; the program writes more than 2 MB.
+TEST_F(Output, AFileThatWouldBecomeTooLargeIsAnErrorInEveryFormat) {
+  rlimit before{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  const rlimit small{.rlim_cur = 1U << 20U, .rlim_max = before.rlim_max};
+  const Words select = {"sql", "--books", Books(),
+                        "select '" + std::string(200, 'x') +
+                            "' as a, a.item_id, b.item_id as b from items1 a, items1 b"};
+  for (const std::string format : {"table", "csv", "json", "html"}) {
+    Words words = select;
+    words.insert(words.end(), {"--format", format, "--out", folder.File("report")});
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const Finished finished = Stolvane(words);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    EXPECT_EQ(finished.status, 1) << format;
+    EXPECT_EQ(finished.err, "stolvane: error 3001: cannot write \"" + folder.File("report") +
+                                "\": it would become too large\n");
+    EXPECT_TRUE(folder.Names().empty()) << format;
+  }
 }
 
 TEST_F(Output, AFullOrClosedStandardOutputIsAnErrorOfEveryCommand) {
