@@ -79,7 +79,7 @@ void MakeBooks(const std::string& path, const std::function<void(Writer&)>& fill
                const std::function<void(std::string_view table)>& indexing) {
   RefuseExisting(path);
   Unfinished file(path);
-  Writer writer(file.Path());
+  Writer writer(file.Path(), path);
   writer.CreateTables();
   fill(writer);
   for (const Table& table : Tables()) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <sqlite3.h>
+#include <utility>
 
 #include "session/books/Schema.h"
 #include "session/data/Error.h"
@@ -28,9 +29,9 @@ std::array<char, 10> IsoChars(Day day) {
           digit(number)};
 }
 
-[[noreturn]] void Fail(const std::string& path, sqlite3* database) {
+[[noreturn]] void Fail(const std::string& name, sqlite3* database) {
   throw Error(ErrorNumber::kConnection,
-              "cannot write the books \"" + path +
+              "cannot write the books \"" + name +
                   "\": " + (database ? sqlite3_errmsg(database) : "out of memory"));
 }
 
@@ -46,19 +47,19 @@ void Writer::Open(int flags) {
       SQLITE_OK) {
     const std::string words = database_ ? sqlite3_errmsg(database_) : "out of memory";
     sqlite3_close(database_);
-    throw Error(ErrorNumber::kConnection, "cannot write the books \"" + path_ + "\": " + words);
+    throw Error(ErrorNumber::kConnection, "cannot write the books \"" + name_ + "\": " + words);
   }
 }
 
 // A file that fails on the way is thrown away whole, so it needs no journal; the page size is fixed
 // so that the same rows give the same bytes.
-Writer::Writer(const std::string& path) : path_(path) {
+Writer::Writer(const std::string& path, std::string name) : path_(path), name_(std::move(name)) {
   Open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   Begin({"PRAGMA page_size = 4096", "PRAGMA journal_mode = OFF", "PRAGMA synchronous = OFF",
          "PRAGMA cache_size = -131072", "BEGIN"});
 }
 
-Writer::Writer(const std::string& path, Existing) : path_(path) {
+Writer::Writer(const std::string& path, Existing) : path_(path), name_(path) {
   Open(SQLITE_OPEN_READWRITE);
   sqlite3_busy_timeout(database_, 10'000);
   Begin({"BEGIN IMMEDIATE"});
@@ -78,7 +79,7 @@ Writer::~Writer() { sqlite3_close(database_); }
 
 void Writer::Execute(const std::string& statement) {
   if (sqlite3_exec(database_, statement.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-    Fail(path_, database_);
+    Fail(name_, database_);
   }
 }
 

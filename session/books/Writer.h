@@ -28,8 +28,8 @@ class Writer {
  public:
   struct Existing {};
 
-  // Begins an empty file. Error 501 when that fails.
-  explicit Writer(const std::string& path);
+  // Begins an empty file, which errors call by that name. Error 501 when that fails.
+  Writer(const std::string& path, std::string name);
   // Begins a transaction on books that are there; unless it is finished they stay as they were.
   // Waits ten seconds for another writer. Error 501 when that fails.
   Writer(const std::string& path, Existing);
@@ -51,6 +51,7 @@ class Writer {
   void Begin(std::initializer_list<const char*> statements);
 
   std::string path_;
+  std::string name_;
   sqlite3* database_ = nullptr;
 };
 

@@ -79,6 +79,15 @@ TEST(MakeBooks, LeavesNothingBehindWhenItsFillingFails) {
   EXPECT_THAT(folder.Names(), IsEmpty());
 }
 
+TEST(MakeBooks, ErrorsNameTheBooksAsTheyWereNamed) {
+  const Folder folder;
+  EXPECT_EQ(
+      RefusalOf([&] {
+        MakeBooks(folder.File("new.db"), [](Writer& writer) { writer.Execute("nonsense"); });
+      }),
+      "cannot write the books \"" + folder.File("new.db") + "\": near \"nonsense\": syntax error");
+}
+
 TEST(MakeBooks, DoesNotOverwriteAFileThatAppearedMeanwhile) {
   const Folder folder;
   EXPECT_EQ(RefusalOf([&] {
