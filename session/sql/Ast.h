@@ -245,6 +245,8 @@ struct Limits {
   static constexpr std::uint32_t kNesting = 100;  // of parentheses, subqueries, NOT and signs
   static constexpr std::uint32_t kHeight = 256;  // of the whole tree; bounds every walk's recursion
   static constexpr std::size_t kColumns = 1000;  // of a select, a GROUP BY or an ORDER BY
+  static constexpr std::size_t kTables = 64;     // of a FROM; a derived table is one
+  static constexpr std::size_t kBranches = 500;  // of a UNION
   static constexpr std::size_t kNameBytes = 128;
 };
 

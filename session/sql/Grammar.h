@@ -110,6 +110,7 @@ class Grammar {
   std::vector<Token> tokens_;
   std::size_t at_ = 0;
   std::uint32_t nesting_ = 0;
+  std::size_t tables_ = 0;            // so far in the FROM that is read
   std::vector<std::size_t> closing_;  // of each "(" the token of its ")", or the last token
   std::size_t condition_at_;          // the last token at which a condition had to begin
   std::size_t clause_ = 0;            // of the select that is read: its next possible clause

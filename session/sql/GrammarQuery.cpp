@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <utility>
 
 #include "session/sql/Grammar.h"
 #include "session/sql/Parser.h"
@@ -27,6 +28,9 @@ Query Grammar::ReadQuery(Where where) {
     }
     Take();
     ReadBranch(query, TakeKeyword(Keyword::kAll) ? UnionKind::kAll : UnionKind::kDistinct);
+  }
+  if (query.branches.size() > Limits::kBranches) {
+    Fail(query.place, "a UNION has more than " + std::to_string(Limits::kBranches) + " members");
   }
   if (IsKeyword(Keyword::kOrder)) ReadOrderBy(query, where);
   SetHeight(query);
@@ -144,9 +148,13 @@ Name Grammar::ReadItemAlias() {
 void Grammar::ReadClauses(Select& select) {
   clause_ = kFrom;
   if (TakeKeyword(Keyword::kFrom)) {
+    const std::size_t around = std::exchange(tables_, 0);
     do {
       select.from.push_back(ReadTable());
     } while (TakeSign(","));
+    if (std::exchange(tables_, around) > Limits::kTables) {
+      Fail(select.place, "a FROM has more than " + std::to_string(Limits::kTables) + " tables");
+    }
     clause_ = kWhere;
   }
   if (TakeKeyword(Keyword::kWhere)) {

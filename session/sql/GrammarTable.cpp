@@ -79,6 +79,7 @@ TableRefPtr Grammar::ReadSingleTable() {
   if (!IsSign("(")) return ReadNamedTable();
   const Place place = Peek().place;
   if (EnclosesQuery()) {
+    ++tables_;
     QueryPtr query = ReadEnclosedQuery();
     Name alias = ReadTableAlias();
     if (!alias) FailExpected("the alias that a derived table needs");
@@ -92,6 +93,7 @@ TableRefPtr Grammar::ReadSingleTable() {
 }
 
 TableRefPtr Grammar::ReadNamedTable() {
+  ++tables_;
   const Place place = Peek().place;
   Name table = ExpectName("a table");
   if (IsSign(".")) Fail(place, "a table has one name; no database or owner stands in front of it");

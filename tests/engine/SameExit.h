@@ -20,10 +20,23 @@ inline constexpr const char* kTablesOfSameExit =
     " WHERE i < 3) SELECT sum(i) + 0 AS s FROM n;";
 
 struct SameExit {
-  const char* text;
+  std::string text;
   std::vector<std::string> lines;
   std::string error = {};  // its number
 };
+
+// "first", and so many times "more".
+inline std::string Times(std::string first, const std::string& more, int count) {
+  for (; count > 0; --count) first += more;
+  return first;
+}
+
+// Of one row each.
+inline std::string CountOfTables(int count) {
+  std::string text = "SELECT count(*) AS n FROM t a0";
+  for (int i = 1; i < count; ++i) text += " CROSS JOIN t a" + std::to_string(i);
+  return text;
+}
 
 inline const std::vector<SameExit> kSameExits{
     // Floats that leave their range.
@@ -54,6 +67,11 @@ inline const std::vector<SameExit> kSameExits{
     {"SELECT q FROM doubled", {"5"}},
     {"SELECT s FROM counted", {"6"}},
     {"SELECT nothing FROM doubled", {}, "-2147217900"},
+    // As many tables and unions as both take, and one more.
+    {CountOfTables(64), {"1"}},
+    {CountOfTables(65), {}, "-2147217900"},
+    {Times("SELECT id FROM t", " UNION SELECT id FROM t", 499), {"1"}},
+    {Times("SELECT id FROM t", " UNION SELECT id FROM t", 500), {}, "-2147217900"},
 };
 
 inline void ExpectSameExits(Provider& books) {

@@ -172,7 +172,7 @@ TEST(ParserLimits, LongChainsAreFlatOrRefused) {
   EXPECT_NO_THROW((void)Parse("select 1" + Repeated(" + 1", 255)));
   EXPECT_EQ(ErrorOf("select 1 from t" + Repeated(" cross join t", 300)),
             "line 1, column 3332: tables nest more than 256 levels deep");
-  EXPECT_EQ(Parse("select 1" + Repeated(" union select 1", 5'000)).selects, 5'001U);
+  EXPECT_EQ(Parse("select 1" + Repeated(" union select 1", 499)).selects, 500U);
 }
 
 // Each level of subqueries could carry a chain of its own; the height counts through all of them.
@@ -181,6 +181,23 @@ TEST(ParserLimits, HeightCountsThroughSubqueries) {
   for (int i = 0; i < 10; ++i) text = "(select " + text + Repeated(" + 1", 30) + ")";
   EXPECT_THAT(ErrorOf("select " + text),
               testing::EndsWith("the expression nests more than 256 levels deep"));
+}
+
+// As many as each engine takes.
+TEST(ParserLimits, TablesAndUnionsHaveLimits) {
+  const std::string many = "select 1 from t" + Repeated(", t", 63);
+  EXPECT_NO_THROW((void)Parse(many));
+  EXPECT_NO_THROW((void)Parse(many + " where 1 in (" + many + ")"));
+  EXPECT_NO_THROW((void)Parse("select 1 from (" + many + ") as d" + Repeated(", t", 63)));
+  for (const char* const one : {", t", " cross join t", " join t on 1 = 1", ", (select 1) as d"}) {
+    EXPECT_EQ(ErrorOf(many + one), "line 1, column 1: a FROM has more than 64 tables") << one;
+  }
+  const std::string unions = "select 1" + Repeated(" union all select 1", 499);
+  EXPECT_NO_THROW((void)Parse(unions));
+  EXPECT_EQ(ErrorOf(unions + " union select 1"),
+            "line 1, column 1: a UNION has more than 500 members");
+  EXPECT_EQ(ErrorOf("select 1 union all (" + unions + ")"),
+            "line 1, column 1: a UNION has more than 500 members");
 }
 
 TEST(ParserLimits, ColumnsAndNamesHaveLimits) {
