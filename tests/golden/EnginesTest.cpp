@@ -102,6 +102,18 @@ TEST(ClusterBooks, GiveTheReportOfEveryCaseOnBothPaths) {
   }
 }
 
+// How opening a query of two rows in the place of one value ends.
+std::string EndOfTwoRows(const std::string& connection_string) {
+  const auto connection = NewConnection();
+  connection->Open(connection_string);
+  try {
+    Recordset::New()->Open("select (select item_id from items1) as a from uom1", connection);
+    return "no error";
+  } catch (const Error& error) {
+    return error.Description();
+  }
+}
+
 TEST(ClusterBooks, AreInOrderAndCanBeCopiedBack) {
   const std::string movements =
       "SELECT count(*) || md5(string_agg(g::text, ' ' ORDER BY \"GodownItem_id\")) FROM "
@@ -116,6 +128,12 @@ TEST(ClusterBooks, AreInOrderAndCanBeCopiedBack) {
   (void)books::CopyBooks(cluster.ConnectionString(), one_server.ConnectionString());
   EXPECT_TRUE(books::CheckBooks(one_server.ConnectionString()).empty());
   EXPECT_EQ(one_server.Run(movements), whole);
+  const SampleFile file;
+  for (const std::string& books :
+       {file.Path(), one_server.ConnectionString(), cluster.ConnectionString()}) {
+    EXPECT_EQ(EndOfTwoRows(books),
+              "while reading the rows: a subquery that stands for a value gave more than one row");
+  }
 }
 
 std::int64_t CountMovements(Snapshot& state) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "session/data/OutOfMemory.h"
+#include "session/engine/postgres/Errors.h"
 
 namespace pstolvane1::postgres {
 namespace {
@@ -78,8 +79,10 @@ void PostgresCursor::Begin() {
     }
   } catch (const Error& error) {
     GiveUp();
-    // What is the same for every row is reckoned before the first of them comes.
-    const bool of_a_row = error.Number() != ErrorNumber::kQueryRefused;
+    // What is the same for every row is reckoned before the first of them comes, and of spread
+    // books all rows are read here.
+    const bool of_a_row =
+        error.Number() != ErrorNumber::kQueryRefused || error.Description() == kMoreThanOneRow;
     throw Meant(error).While(of_a_row ? "reading the rows" : "preparing a statement");
   }
 }

@@ -101,8 +101,7 @@ Error ErrorOf(std::string_view state, std::string_view message, std::string_view
   }
   if (state == "53200") return Error(kOutOfMemory, "the server is out of memory");
   if (state == "21000") {
-    return Error(ErrorNumber::kQueryRefused,
-                 "a subquery that stands for a value gave more than one row");
+    return Error(ErrorNumber::kQueryRefused, std::string(kMoreThanOneRow));
   }
   std::string words = OneLine(message);
   if (!detail.empty()) words += " (" + OneLine(detail) + ")";

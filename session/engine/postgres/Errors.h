@@ -17,6 +17,10 @@ namespace pstolvane1::postgres {
 // Such words with a full stop, unless they are a question.
 [[nodiscard]] std::string Sentence(std::string words);
 
+// What is said of a scalar subquery with two rows.
+inline constexpr std::string_view kMoreThanOneRow =
+    "a subquery that stands for a value gave more than one row";
+
 // The error for a failed result: by its SQLSTATE 6, 11, 13 or else -2147217900, with the dialect's
 // words where it has some and the server's words otherwise.
 [[nodiscard]] Error ErrorOf(const pg_result* result);
