@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <sqlite3.h>
 
 #include "session/engine/sqlite/Cells.h"
@@ -14,7 +15,7 @@ namespace pstolvane1::sqlite {
 namespace {
 
 // Fewer than the engine's limit on the arguments of a function.
-constexpr std::size_t kColumnsAtOnce = 60;
+constexpr std::ptrdiff_t kColumnsAtOnce = 60;
 
 enum Kind : char { kIsWhole = 'w', kIsNumber = 'n', kIsDate = 'd', kIsText = 't' };
 
@@ -96,8 +97,7 @@ void ColumnCheck::Check(Database& database, std::span<const TableColumn> columns
   for (auto first = unknown.begin(); first != unknown.end();) {
     auto last = std::find_if(first, unknown.end(),
                              [&](const TableColumn& one) { return one.table != first->table; });
-    last = std::min(last, first + static_cast<std::ptrdiff_t>(
-                                      std::min<std::size_t>(kColumnsAtOnce, unknown.size())));
+    last = first + std::min(kColumnsAtOnce, last - first);
     CheckTable(database, {first, last});
     for (; first != last; ++first) known_.insert(first->table + "." + first->column);
   }
