@@ -66,17 +66,26 @@ class Stream {
   std::string error_;
 };
 
+// Of none, and of one that was released, nothing is left to ask.
+bool IsThere(const ArrowArrayStream* stream) { return stream && stream->private_data; }
+
 int GetSchema(ArrowArrayStream* stream, ArrowSchema* schema) {
+  if (!IsThere(stream)) return EINVAL;
   Stream& of = Stream::Of(stream);
-  return of.Guarded([&] { of.Schema(*schema); });
+  return of.Guarded([&] { of.Schema(Given(schema, "place for the schema")); });
 }
 int GetNext(ArrowArrayStream* stream, ArrowArray* array) {
+  if (!IsThere(stream)) return EINVAL;
   Stream& of = Stream::Of(stream);
-  return of.Guarded([&] { of.Next(*array); });
+  return of.Guarded([&] { of.Next(Given(array, "place for the batch")); });
 }
-const char* GetLastError(ArrowArrayStream* stream) { return Stream::Of(stream).LastError(); }
+const char* GetLastError(ArrowArrayStream* stream) {
+  return IsThere(stream) ? Stream::Of(stream).LastError() : nullptr;
+}
 void Release(ArrowArrayStream* stream) {
+  if (!IsThere(stream)) return;
   const std::unique_ptr<Stream> gone(&Stream::Of(stream));
+  stream->private_data = nullptr;
   stream->release = nullptr;
 }
 

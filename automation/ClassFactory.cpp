@@ -28,10 +28,12 @@ struct Factory : pst_class_factory {
 };
 
 std::uint32_t AddReference(pst_class_factory* factory) {
+  if (!factory) return 0;
   return ++static_cast<Factory*>(factory)->references;
 }
 
 std::uint32_t Release(pst_class_factory* factory) {
+  if (!factory) return 0;
   auto* const released = static_cast<Factory*>(factory);
   const std::uint32_t left = --released->references;
   if (left == 0) const std::unique_ptr<Factory> gone(released);

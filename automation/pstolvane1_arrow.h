@@ -69,7 +69,8 @@ struct ArrowArrayStream {
  *
  * All columns can hold Null. The stream stays good when the rowset is freed. It belongs to the
  * rowset's thread: on another one get_schema and get_next are EINVAL, and release must not be
- * called. Schemas and arrays that it gave may be read and released on any thread. */
+ * called. Schemas and arrays that it gave may be read and released on any thread. A stream that is
+ * none or was released, and a place that is none, are EINVAL. */
 int32_t pst_rowset_arrow(const pst_rowset* rowset, struct ArrowArrayStream* stream);
 
 /* NOLINTEND(modernize-use-using,readability-identifier-naming) */

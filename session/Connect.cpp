@@ -34,6 +34,7 @@ void ReportFrame::SetConnection(std::string_view saved_connection,
   const std::string suffix(currency_suffix);
   try {
     MainCn = make_connection_();
+    if (!MainCn) throw Error(ErrorNumber::kObjectNotSet, "no connection was made");
     abandoning_.ReadFrom(ConnectionAccess::FetchesOf(*MainCn));
     module.strSavedConnection = saved_connection;
     Connect(std::string(connection_string), asynchronous);

@@ -11,8 +11,12 @@
 namespace pstolvane1 {
 clsStolvane1::clsStolvane1() : clsStolvane1(&NewBooksConnection) {}
 
-clsStolvane1::clsStolvane1(ConnectionMaker make_connection)
-    : frame_(std::make_shared<ReportFrame>(AllReports(), std::move(make_connection), *this)) {}
+clsStolvane1::clsStolvane1(ConnectionMaker make_connection) {
+  if (!make_connection) {
+    throw Error(ErrorNumber::kObjectNotSet, "no maker of connections was given");
+  }
+  frame_ = std::make_shared<ReportFrame>(AllReports(), std::move(make_connection), *this);
+}
 
 clsStolvane1::~clsStolvane1() { frame_->Class_Terminate(); }
 

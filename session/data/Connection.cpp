@@ -58,6 +58,7 @@ struct Connection::Impl {
 };
 
 std::shared_ptr<Connection> Connection::New(ProviderFactory factory) {
+  if (!factory) throw Error(ErrorNumber::kObjectNotSet, "no factory of databases was given");
   return std::shared_ptr<Connection>(new Connection(std::move(factory)));
 }
 

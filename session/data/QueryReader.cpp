@@ -37,7 +37,9 @@ void QueryReader::ReadChunks(const shape::QueryPlan& query, const std::vector<Co
   stop_->Check();
   const std::shared_ptr<Snapshot> snapshot = state_->Take(*stop_);
   stop_->Check();
+  if (!snapshot) throw Error(ErrorNumber::kObjectNotSet, "the engine gave no state of the books");
   const std::shared_ptr<Cursor> cursor = snapshot->Run(query.select, time_limit_);
+  if (!cursor) throw Error(ErrorNumber::kObjectNotSet, "the engine gave no rows");
   const FetchStop::Running running(*stop_, cursor);
   if (!SameColumns(cursor->Columns(), query.columns)) {
     throw Error(
