@@ -8,24 +8,15 @@
 namespace pstolvane1 {
 namespace {
 
-// The lines of sale documents as "sold", each with the slab that it reaches as employeecommision:
-// the one that was entered last among those of its employee and item that had begun and whose
-// quantity it has.
-std::string SoldLines(std::string_view conditions) {
-  return fmt::format(
-      "(select desrdetails1.desrdetails_id,desr1.desr_id,desr1.employee_id,desrdetails1.item_id,"
-      "desrdetails1.qtydespout,desrdetails1.price,"
-      "(select max(slab.employeecommision_id) from employeecommision as slab where "
-      "slab.employee_id = desr1.employee_id and slab.item_id = desrdetails1.item_id and "
-      "slab.datefrom <= desr1.date and slab.qtyto <= desrdetails1.qtydespout) as "
-      "employeecommision_id from desr1 "
-      "inner join desrdetails1 on desrdetails1.desr_id = desr1.desr_id "
-      "inner join vouchertype1 on vouchertype1.vouchertype_id = desr1.vouchertype_id "
-      "where {}) as sold "
-      "left join employeecommision on "
-      "employeecommision.employeecommision_id = sold.employeecommision_id",
-      conditions);
-}
+// The lines of documents, each with the slab that it reaches as employeecommision: the one that was
+// entered last among those of its employee and item that had begun and whose quantity it has.
+constexpr std::string_view kLinesWithSlabs =
+    "desr1 inner join desrdetails1 on desrdetails1.desr_id = desr1.desr_id "
+    "inner join vouchertype1 on vouchertype1.vouchertype_id = desr1.vouchertype_id "
+    "left join employeecommision on employeecommision.employeecommision_id = "
+    "(select max(slab.employeecommision_id) from employeecommision as slab where "
+    "slab.employee_id = desr1.employee_id and slab.item_id = desrdetails1.item_id and "
+    "slab.datefrom <= desr1.date and slab.qtyto <= desrdetails1.qtydespout)";
 
 std::string Between(std::string_view column, Date from, Date to) {
   return fmt::format("{} between #{}# and #{}#", column, SqlDateText(from), SqlDateText(to));
@@ -59,12 +50,13 @@ std::string ComposeCommission(const CommissionArguments& arguments, const Docume
   return fmt::format(
       "select {} as Parent,employee1.employee_id as Parent_id,sales.item_id as Item_id,"
       "sales.compercent as compercent,sales.totalsales as TotalSales from "
-      "(select sold.employee_id,sold.item_id,employeecommision.cpercent as compercent,"
-      "isnull(sum(sold.qtydespout * sold.price),0)/{} as totalsales from {} "
-      "group by sold.employee_id,sold.item_id,employeecommision.cpercent) as sales "
+      "(select desr1.employee_id,desrdetails1.item_id,employeecommision.cpercent as compercent,"
+      "isnull(sum(desrdetails1.qtydespout * desrdetails1.price),0)/{} as totalsales from {} "
+      "where {} group by desr1.employee_id,desrdetails1.item_id,employeecommision.cpercent) as "
+      "sales "
       "inner join employee1 on employee1.employee_id = sales.employee_id "
       "order by {}employee1.employee_id,sales.compercent",
-      ParentOf(arguments.reptype), SingleText(arguments.sngScale), SoldLines(conditions),
+      ParentOf(arguments.reptype), SingleText(arguments.sngScale), kLinesWithSlabs, conditions,
       by_item ? "sales.item_id,employee1.employeename," : "employee1.employeename,sales.item_id,");
 }
 
@@ -77,16 +69,17 @@ std::string ComposeCommissionDaily(const CommissionDailyArguments& arguments,
   return fmt::format(
       "select desr1.date as Date,ledgernames1.ledgername as Ledgername,desr1.prefix as Prefix,"
       "desr1.desrrefno as Refno,desr1.suffix as Suffix,vouchertype1.vouchertype as Vouchertype,"
-      "desr1.desr_id as Desr_id,desr1.related_id as Voucher_id,sold.qtydespout as qtysupplied,"
-      "sold.qtydespout * sold.price as SalesValue,employeecommision.cpercent as compercent,"
-      "sold.qtydespout * sold.price * employeecommision.cpercent / 100 as ComAmount from {} "
-      "inner join employee1 on employee1.employee_id = sold.employee_id "
-      "inner join items1 on items1.item_id = sold.item_id "
-      "inner join desr1 on desr1.desr_id = sold.desr_id "
+      "desr1.desr_id as Desr_id,desr1.related_id as Voucher_id,"
+      "desrdetails1.qtydespout as qtysupplied,"
+      "desrdetails1.qtydespout * desrdetails1.price as SalesValue,"
+      "employeecommision.cpercent as compercent,"
+      "desrdetails1.qtydespout * desrdetails1.price * employeecommision.cpercent / 100 as "
+      "ComAmount "
+      "from {} inner join employee1 on employee1.employee_id = desr1.employee_id "
+      "inner join items1 on items1.item_id = desrdetails1.item_id "
       "inner join ledgernames1 on ledgernames1.ledger_id = desr1.ledger_id "
-      "inner join vouchertype1 on vouchertype1.vouchertype_id = desr1.vouchertype_id "
-      "order by desr1.date,desr1.desr_id,sold.desrdetails_id",
-      SoldLines(conditions));
+      "where {} order by desr1.date,desr1.desr_id,desrdetails1.desrdetails_id",
+      kLinesWithSlabs, conditions);
 }
 
 }  // namespace pstolvane1

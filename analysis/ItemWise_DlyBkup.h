@@ -21,13 +21,14 @@ struct ItemDaysArguments {
   bool blnIsclass = false;
 };
 
-// One row an item and day, by item name, id and day: inwards, outwards, date, item_id, itemname.
-// What lies before the period has no date, and is of item 0 without a name; so are all rows of one
-// item. Not normalised.
+// One row an item and day, in no order: inwards, outwards, date, item_id, itemname. What lies
+// before the period is a row without a date. The rows of one item that is asked for are of item 0
+// and have an empty name. Not normalised.
 [[nodiscard]] std::string ComposeItemDays(const ItemDaysArguments& arguments,
                                           const DocumentFilter& filter);
 
-// Needs nothing but the rows that ItemWise_DlyBkup has fetched.
+// Tells the items by name; what lies before the period opens the report in one line, of item 0 with
+// an empty name. Needs nothing but the rows that ItemWise_DlyBkup has fetched.
 [[nodiscard]] RecordsetPtr mItemwise_DlyBreakup(ReportFrame& frame);
 
 RecordsetPtr ItemWise_DlyBkup(ReportFrame& frame, const ItemDaysArguments& arguments,

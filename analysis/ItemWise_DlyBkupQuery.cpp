@@ -23,7 +23,7 @@ QueryFilter FilterOfDays(const ItemDaysArguments& arguments, const DocumentFilte
   return days;
 }
 
-// The movements of a day, and those before the period, in rows of their own. item_id is a further
+// One row a day, and one without a date for all that lies before the period. item_id is a further
 // column with a comma behind, or "".
 std::string Days(const ItemDaysArguments& arguments, const DocumentFilter& filter,
                  std::string_view item_id) {
@@ -31,15 +31,17 @@ std::string Days(const ItemDaysArguments& arguments, const DocumentFilter& filte
   const std::string of_item = arguments.Item_id == kAllItems
                                   ? std::string()
                                   : fmt::format("godownitem1.item_id = {} and ", arguments.Item_id);
+  const std::string day =
+      fmt::format("case when godownitem1.date < #{}# then null else godownitem1.date end",
+                  SqlDateText(arguments.dtFromDate));
   return fmt::format(
       "select sum(case when godownitem1.isadded = 1 then godownitem1.qty else 0 end) as inwards,"
       "sum(case when godownitem1.isadded = 0 then godownitem1.qty else 0 end) as outwards,{0}"
-      "case when godownitem1.date < #{1}# then null else godownitem1.date end as date "
-      "from godownitem1{2} where {3}{4}godownitem1.optional = 0 and "
+      "{1} as date from godownitem1{2} where {3}{4}godownitem1.optional = 0 and "
       "(godownitem1.date is null or godownitem1.date <= #{5}#) and godownitem1.yearno <= {6} "
-      "group by {0}godownitem1.date",
-      item_id, SqlDateText(arguments.dtFromDate), days.Joins(), days.Conditions(), of_item,
-      SqlDateText(arguments.dtToDate), arguments.bytYearno);
+      "group by {0}{1}",
+      item_id, day, days.Joins(), days.Conditions(), of_item, SqlDateText(arguments.dtToDate),
+      arguments.bytYearno);
 }
 
 // " where ..." on Items1; "" where all items are asked for.
@@ -60,17 +62,13 @@ std::string Items(const ItemDaysArguments& arguments) {
 std::string ComposeItemDays(const ItemDaysArguments& arguments, const DocumentFilter& filter) {
   if (arguments.Item_id != kAllItems) {
     return fmt::format(
-        "select sum(inwards) as Inwards,sum(outwards) as Outwards,date as Date,0 as item_id,"
-        "'' as ItemName from ({}) as aaa group by date order by date",
+        "select inwards as Inwards,outwards as Outwards,date as Date,0 as item_id,'' as ItemName "
+        "from ({}) as aaa",
         Days(arguments, filter, ""));
   }
   return fmt::format(
-      "select sum(inwards) as Inwards,sum(outwards) as Outwards,date as Date,item_id,"
-      "itemname as ItemName from (select inwards,outwards,date,"
-      "case when date is null then 0 else aaa.item_id end as item_id,"
-      "case when date is null then '' else itemname end as itemname from ({}) as aaa "
-      "inner join items1 on items1.item_id = aaa.item_id{}) as bbb "
-      "group by itemname,item_id,date order by itemname,item_id,date",
+      "select inwards as Inwards,outwards as Outwards,date as Date,aaa.item_id as item_id,"
+      "itemname as ItemName from ({}) as aaa inner join items1 on items1.item_id = aaa.item_id{}",
       Days(arguments, filter, "godownitem1.item_id,"), Items(arguments));
 }
 

@@ -1,7 +1,11 @@
+#include <algorithm>
 #include <optional>
+#include <vector>
 
 #include "analysis/ItemWise_DlyBkup.h"
 #include "session/RowLoop.h"
+#include "session/data/RowGroups.h"
+#include "session/data/TextFold.h"
 #include "session/rowset/ReportWriter.h"
 
 namespace pstolvane1 {
@@ -52,30 +56,97 @@ struct SourceColumns {
   ColumnHandle inwards, outwards, date, item_id, item_name;
 };
 
+using Rows = std::vector<Recordset::Row>;
+
+constexpr std::int64_t kNoItem = 0;
+
+// The source's days as they are told: items by name and key, the days of each by date, and what
+// lies before the period as a row of no item with an empty name. An engine would sort each row by
+// its name; here the items alone are sorted.
+class ToldDays {
+ public:
+  ToldDays(const Recordset& source, const SourceColumns& from) {
+    const auto is_earlier = [&](const Recordset::Row& a, const Recordset::Row& b) {
+      return a.DateOf(from.date) < b.DateOf(from.date);
+    };
+    for (const RowGroups::Group& rows : source.GroupBy({"Item_id"})) {
+      Rows days;
+      for (const Recordset::Row row : rows) {
+        (row.IsNull(from.date) ? undated_ : days).push_back(row);
+      }
+      if (days.empty()) continue;
+      if (!std::is_sorted(days.begin(), days.end(), is_earlier)) {
+        std::sort(days.begin(), days.end(), is_earlier);
+      }
+      items_.push_back({.name = NameIn(days.front(), from.item_name),
+                        .id = days.front().Int64(from.item_id),
+                        .days = std::move(days)});
+    }
+    if (!undated_.empty()) {
+      items_.insert(items_.begin(), {.name = "", .id = kNoItem, .days = {undated_.front()}});
+    }
+    std::stable_sort(items_.begin(), items_.end());
+  }
+
+  [[nodiscard]] Rows InOrder() const {
+    Rows rows;
+    for (const Item& item : items_) rows.insert(rows.end(), item.days.begin(), item.days.end());
+    return rows;
+  }
+  // The rows of what lies before the period, of which only the first is among those in order.
+  [[nodiscard]] const Rows& Undated() const { return undated_; }
+
+ private:
+  struct Item {
+    std::optional<std::string_view> name;  // Null stands first
+    std::int64_t id;
+    Rows days;
+
+    bool operator<(const Item& other) const {
+      if (!name || !other.name) return name == other.name ? id < other.id : !name;
+      const int order = CompareFoldedIgnoringTrailingBlanks(*name, *other.name);
+      return order == 0 ? id < other.id : order < 0;
+    }
+  };
+
+  static std::optional<std::string_view> NameIn(const Recordset::Row& row, ColumnHandle name) {
+    if (row.IsNull(name)) return std::nullopt;
+    return row.Text(name);
+  }
+
+  std::vector<Item> items_;
+  Rows undated_;
+};
+
 class Breakup {
  public:
   Breakup(ReportFrame& frame, const Recordset& source)
-      : from_(source), writer_(kColumns, StyleOf(frame)) {}
+      : from_(source), days_(source, from_), writer_(kColumns, StyleOf(frame)) {}
+
+  [[nodiscard]] Rows InOrder() const { return days_.InOrder(); }
 
   void WriteDay(const Recordset::Row& row) {
-    const std::int64_t item_id = row.Int64(from_.item_id);
+    const bool dated = !row.IsNull(from_.date);
+    const std::int64_t item_id = dated ? row.Int64(from_.item_id) : kNoItem;
     if (item_id_ != item_id) {
       CloseItem();
-      BeginItem(row);
+      item_ = {};
       item_id_ = item_id;
+      writer_.AddLine(kHead);
+      head_ = writer_.Line();
+      WriteName(kColumns.Twinned("Head"), row);
     }
-    const Quantities day{.inwards = static_cast<float>(row.Double(from_.inwards)),
-                         .outwards = static_cast<float>(row.Double(from_.outwards))};
-    if (row.IsNull(from_.date)) {
+    const Quantities day = dated ? QuantitiesOf(row) : Opening();
+    if (dated) {
+      writer_.AddLine(kDay);
+      writer_.Date(kColumns.At("Particulars"), row[from_.date]);
+    } else {
       writer_.AddLine(kOpening);
       writer_.Text(kColumns.At("Particulars"), "Op. Bal");
       opening_ = day;
-    } else {
-      writer_.AddLine(kDay);
-      writer_.Date(kColumns.At("Particulars"), row[from_.date]);
     }
     writer_.Copy(kColumns.At("DateSort"), row, from_.date);
-    writer_.Copy(kColumns.At("HeadSort"), row, from_.item_name);
+    WriteName(kColumns.At("HeadSort"), row);
     writer_.Number(kColumns.Twinned("Inwards"), day.inwards);
     writer_.Number(kColumns.Twinned("Outwards"), day.outwards);
     report_.Add(day);
@@ -97,11 +168,31 @@ class Breakup {
   }
 
  private:
-  void BeginItem(const Recordset::Row& row) {
-    item_ = {};
-    writer_.AddLine(kHead);
-    head_ = writer_.Line();
-    writer_.Copy(kColumns.Twinned("Head"), row, from_.item_name);
+  [[nodiscard]] Quantities QuantitiesOf(const Recordset::Row& row) const {
+    return {.inwards = static_cast<float>(row.Double(from_.inwards)),
+            .outwards = static_cast<float>(row.Double(from_.outwards))};
+  }
+
+  // Of what lies before the period.
+  [[nodiscard]] Quantities Opening() const {
+    return {.inwards = OpeningIn(from_.inwards), .outwards = OpeningIn(from_.outwards)};
+  }
+
+  // Null counts as nothing beside a quantity, and alone is error 94.
+  [[nodiscard]] float OpeningIn(ColumnHandle quantity) const {
+    std::optional<double> sum;
+    for (const Recordset::Row& row : days_.Undated()) {
+      if (!row.IsNull(quantity)) sum = sum.value_or(0) + row.Double(quantity);
+    }
+    return static_cast<float>(sum ? *sum : days_.Undated().front().Double(quantity));
+  }
+
+  void WriteName(Target to, const Recordset::Row& row) {
+    if (row.IsNull(from_.date)) {
+      writer_.Text(to, "");
+    } else {
+      writer_.Copy(to, row, from_.item_name);
+    }
   }
 
   void CloseItem() {
@@ -113,6 +204,7 @@ class Breakup {
   }
 
   SourceColumns from_;
+  ToldDays days_;
   ReportWriter writer_;
   std::optional<std::int64_t> item_id_;  // of the item in hand
   Bookmark head_{};
@@ -124,7 +216,8 @@ class Breakup {
 RecordsetPtr mItemwise_DlyBreakup(ReportFrame& frame) {
   const RecordsetPtr source = frame.Rowset(Source::rsReport);
   Breakup breakup(frame, *source);
-  ForEachSourceRow(frame, *source, [&](const Recordset::Row& row) { breakup.WriteDay(row); });
+  ForEachSourceRow(frame, *source, breakup.InOrder(),
+                   [&](const Recordset::Row& row) { breakup.WriteDay(row); });
   return breakup.Finish();
 }
 

@@ -47,7 +47,7 @@ std::string ByParty(const char* kind, const std::string& order) {
                    "JOIN LedgerNames1 g ON g.Ledger_id = q.Ledger_id ", order);
 }
 
-std::string Days(const std::string& condition, const std::string& order) {
+std::string Days(const char* kind, const std::string& condition, const std::string& order) {
   return fmt::format(
       "SELECT q.*, j.ItemName, h.LedgerName FROM (SELECT d.Date, l.Item_id, d.Ledger_id, "
       "sum(l.QtyDespOut), sum(l.QtyDespIn + l.QtyReturned), sum({}) FROM Desr1 d JOIN DesrDetails1 "
@@ -55,7 +55,7 @@ std::string Days(const std::string& condition, const std::string& order) {
       "v.Vouchertype_id = d.Vouchertype_id WHERE {} AND d.Deleted = 0 AND d.Date{}AND {} GROUP BY "
       "l.Item_id, d.Ledger_id, d.Date) q JOIN Items1 j ON j.Item_id = q.Item_id JOIN LedgerNames1 "
       "h ON h.Ledger_id = q.Ledger_id ORDER BY {}",
-      ValueOf("(l.BilledQty - l.QtyReturned)"), kSold, kOfTheYear, condition, order);
+      ValueOf("(l.BilledQty - l.QtyReturned)"), kind, kOfTheYear, condition, order);
 }
 
 // Each line of a sale with the slab that it reaches.
@@ -95,6 +95,48 @@ std::string DaysOfItems(const std::string& condition) {
       "Date <= '2004-03-31' AND YearNo <= 1{} GROUP BY Item_id, Date) q JOIN Items1 i ON i.Item_id "
       "= q.Item_id ORDER BY 1, 2, 3",
       condition);
+}
+
+// A colour's part of the movements that count.
+constexpr const char* kColored =
+    "g.Optional = 0 AND g.YearNo <= 1 AND g.GOriginalVouchertype_id NOT IN (18, 25)";
+// What came in and what went out.
+constexpr const char* kInOut =
+    "sum(CASE WHEN g.IsAdded THEN g.Qty ELSE 0 END), sum(CASE WHEN g.IsAdded THEN 0 ELSE g.Qty "
+    "END)";
+
+constexpr const char* kBalance = "sum(CASE WHEN g.IsAdded THEN g.Qty ELSE -g.Qty END)";
+
+std::string Colors() {
+  return fmt::format(
+      "SELECT i.ItemName, u.UomName, c.Color, q.* FROM (SELECT g.Item_id, g.Color_id, sum(CASE "
+      "WHEN g.Date >= '2003-04-01' THEN 0 WHEN g.IsAdded THEN g.Qty ELSE -g.Qty END), sum(CASE "
+      "WHEN g.IsAdded AND g.Date >= '2003-04-01' THEN g.Qty ELSE 0 END), sum(CASE WHEN NOT "
+      "g.IsAdded AND g.Date >= '2003-04-01' THEN g.Qty ELSE 0 END) FROM GodownItem1 g WHERE {} AND "
+      "(g.Date IS NULL OR g.Date <= '2004-03-31') GROUP BY g.Item_id, g.Color_id) q JOIN Items1 i "
+      "ON i.Item_id = q.Item_id JOIN Uom1 u ON u.Uom_id = i.Uom_id JOIN Color1 c ON c.Color_id = "
+      "q.Color_id WHERE i.Deleted = 0 ORDER BY i.ItemName, i.Item_id, c.Color_id",
+      kColored);
+}
+
+// The months of the first item's colour, and what it had before the first of them.
+std::string MonthsOfAColor() {
+  return fmt::format(
+      "SELECT CASE WHEN g.Date < '2003-04-01' THEN NULL ELSE substr(g.Date, 1, 7) END, {} FROM "
+      "GodownItem1 g WHERE {} AND (g.Date IS NULL OR g.Date <= '2004-03-31') AND g.Item_id = 1 AND "
+      "g.Color_id = 2 GROUP BY 1",
+      kInOut, kColored);
+}
+
+std::string VouchersOfAColor() {
+  return fmt::format(
+      "SELECT d.Date, p.LedgerName, v.Vouchertype, d.Prefix, d.DesrRefno, d.Suffix, g.IsAdded, "
+      "g.Qty, d.Desr_id, d.Related_id, (SELECT {0} FROM GodownItem1 g WHERE {1} AND (g.Date IS "
+      "NULL OR g.Date < '2003-04-01') AND g.Item_id = 1 AND g.Color_id = 2) FROM GodownItem1 g "
+      "JOIN Desr1 d ON d.Desr_id = g.GDesr_id JOIN LedgerNames1 p ON p.Ledger_id = d.Ledger_id "
+      "JOIN Vouchertype1 v ON v.Vouchertype_id = d.Vouchertype_id WHERE {1} AND g.Date{2}AND "
+      "g.Item_id = 1 AND g.Color_id = 2 ORDER BY d.Date, d.Desr_id, g.GodownItem_id",
+      kBalance, kColored, kOfTheYear);
 }
 
 Contest Sales(const char* name, ReportType type, bool detailed, std::string by_hand) {
@@ -150,13 +192,19 @@ std::vector<Contest> MovementReports() {
          ReportType asked = rtMovement_LedgerDailyAnalysis;
          return session.CustomerItemDaily_Analysis(asked, 1, 1, 0, kFrom, kTo);
        },
-       Days("d.Ledger_id = 1", "j.ItemName, q.Item_id, q.Date")},
+       Days(kSold, "d.Ledger_id = 1", "j.ItemName, q.Item_id, q.Date")},
       {"CustomerItemDaily_Analysis, of an item",
        [](clsStolvane1& session) {
          ReportType asked = rtMovement_ItemDailyAnalysis;
          return session.CustomerItemDaily_Analysis(asked, 1, 1, 0, kFrom, kTo);
        },
-       Days("l.Item_id = 1", "h.LedgerName, q.Ledger_id, q.Date")},
+       Days(kSold, "l.Item_id = 1", "h.LedgerName, q.Ledger_id, q.Date")},
+      {"Movement_PurchaseReturns_DailyAnalysis, of a party",
+       [](clsStolvane1& session) {
+         ReportType asked = rtMovement_LedgerDailyAnalysis;
+         return session.Movement_PurchaseReturns_DailyAnalysis(asked, 1, 1, 0, kFrom, kTo);
+       },
+       Days(kBought, "d.Ledger_id = 1", "j.ItemName, q.Item_id, q.Date")},
   };
 }
 
@@ -210,9 +258,23 @@ std::vector<Contest> SalesReports(const RecordsetPtr& items) {
   };
 }
 
+std::vector<Contest> ColorReports() {
+  return {
+      {"Colorwise_Initial",
+       [](clsStolvane1& session) { return session.Colorwise_Initial(1, kFrom, kTo); }, Colors()},
+      {"Colorwise_Monthly",
+       [](clsStolvane1& session) { return session.Colorwise_Monthly(1, kFrom, kTo, 1, "2"); },
+       MonthsOfAColor()},
+      {"Colorwise_Daily",
+       [](clsStolvane1& session) { return session.Colorwise_Daily(1, kFrom, kTo, 1, "2"); },
+       VouchersOfAColor()},
+  };
+}
+
 std::vector<Contest> Reports(const RecordsetPtr& items) {
   std::vector<Contest> reports = MovementReports();
   for (Contest& contest : SalesReports(items)) reports.push_back(std::move(contest));
+  for (Contest& contest : ColorReports()) reports.push_back(std::move(contest));
   return reports;
 }
 
