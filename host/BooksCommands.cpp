@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "host/Command.h"
+#include "host/OutputStream.h"
 #include "host/ProgressBar.h"
 #include "host/StopSignals.h"
-#include "host/Terminal.h"
 #include "session/books/BooksFile.h"
 #include "session/books/CheckBooks.h"
 #include "session/books/CopyBooks.h"
@@ -77,7 +77,7 @@ void UntilSignal(const std::function<void(const Showing&)>& work) {
 
 void CreateBooksFile(const std::string& path) {
   books::CreateBooks(path);
-  Show(fmt::format("Empty books: {}\n", Named(path)));
+  WriteToStandardOutput(fmt::format("Empty books: {}\n", Named(path)));
 }
 
 void SampleBooksFile(const std::string& path, std::int64_t movements, std::uint64_t seed) {
@@ -87,11 +87,12 @@ void SampleBooksFile(const std::string& path, std::int64_t movements, std::uint6
                          show(static_cast<double>(done) / static_cast<double>(total), stage);
                        });
   });
-  Show(fmt::format("Sample books with {} movements: {}\n", movements, Named(path)));
+  WriteToStandardOutput(
+      fmt::format("Sample books with {} movements: {}\n", movements, Named(path)));
 }
 
 void ImportBooksFile(const std::string& path, const std::string& folder) {
-  Show(RowsOf(books::ImportBooks(path, folder)));
+  WriteToStandardOutput(RowsOf(books::ImportBooks(path, folder)));
 }
 
 void CopyBooksTo(const std::string& from, const std::string& to, bool leave_out) {
@@ -112,7 +113,7 @@ void CopyBooksTo(const std::string& from, const std::string& to, bool leave_out)
   if (leave_out) {
     for (const std::string& extra : books::ExtrasOf(from)) text += "left out: " + extra + "\n";
   }
-  Show(text);
+  WriteToStandardOutput(text);
 }
 
 bool CheckBooksAt(const std::string& connection_string) {
@@ -127,7 +128,7 @@ bool CheckBooksAt(const std::string& connection_string) {
     text += fmt::format("{}: {}\n", books::NameOf(finding.severity), finding.sentence);
     if (!finding.remedy.empty()) text += fmt::format("    {}\n", finding.remedy);
   }
-  Show(findings.empty() ? "Nothing is missing or odd.\n" : text);
+  WriteToStandardOutput(findings.empty() ? "Nothing is missing or odd.\n" : text);
   return std::none_of(findings.begin(), findings.end(), [](const books::Finding& finding) {
     return finding.severity == books::Severity::kError;
   });

@@ -60,6 +60,7 @@ void Show(const std::string& text) {
   if (StandardOutputIsTerminal() && !Fits(text)) {
     const char* chosen = std::getenv("PAGER");
     const std::string pager = chosen != nullptr && *chosen != '\0' ? chosen : kUsualPager;
+    setenv("LESSCHARSET", "utf-8", 0);  // also where the locale has no characters but ASCII
     const SignalsForThePager signals;
     if (FILE* pipe = signals.Open(pager); pipe != nullptr) {
       std::fwrite(text.data(), 1, text.size(), pipe);
