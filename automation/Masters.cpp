@@ -10,13 +10,18 @@ namespace {
 // Uncleared bank items, receipts and job cards.
 constexpr std::int32_t kKindsWithoutType[] = {5, 9, 43};
 
+constexpr Master Tree(std::string_view word, std::string_view one, std::string_view table,
+                      std::string_view key, std::string_view name) {
+  return {word, one, table, key, name, true, {}, {}, "RelatedTo"};
+}
+
 }  // namespace
 
 const Master kItems{"items", "item", "Items1", "Item_id", "ItemName", true};
-const Master kCategories{"groups",          "item category", "ItemCategory1",
-                         "ItemCategory_id", "CategoryName",  true};
-const Master kClasses{"classes", "item class", "ItemClass1", "ItemClass_id", "ClassName", true};
-const Master kGodowns{"godowns", "godown", "Godown1", "Godown_id", "GodownName", true};
+const Master kCategories =
+    Tree("groups", "item category", "ItemCategory1", "ItemCategory_id", "CategoryName");
+const Master kClasses = Tree("classes", "item class", "ItemClass1", "ItemClass_id", "ClassName");
+const Master kGodowns = Tree("godowns", "godown", "Godown1", "Godown_id", "GodownName");
 const Master kParties{"parties", "party", "LedgerNames1", "Ledger_id", "LedgerName"};
 const Master kEmployees{"employees", "employee", "Employee1", "Employee_id", "EmployeeName"};
 const Master kVouchertypes{"vouchertypes", "voucher type", "Vouchertype1",   "SubRelatedTo",

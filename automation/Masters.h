@@ -18,6 +18,8 @@ struct Master {
   std::string_view other_key = {};
   // Values that mean something without being anybody's key.
   std::span<const std::int32_t> without_row = {};
+  // The column with the key of the group above, of those that are a tree.
+  std::string_view above = {};
 };
 
 extern const Master kItems;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,6 +30,10 @@ class BooksLookup {
 
   // WrongCall when no name or several fit; it lists what is like it.
   [[nodiscard]] std::int32_t KeyOf(const automation::Master& names, const std::string& name);
+  // "" for a key that the books lack; several names where a key has several, with commas between.
+  [[nodiscard]] std::string NameOf(const automation::Master& names, std::int32_t key);
+  // The key of the group above; 0 for one at the top, and for a key that the books lack.
+  [[nodiscard]] std::int64_t Above(const automation::Master& groups, std::int64_t key);
   [[nodiscard]] bool HasKey(const automation::Master& names, std::int32_t key);
   // Key and name by name, those that hold the text in any case; "" is all. Deleted ones are left
   // out.
@@ -43,6 +48,7 @@ class BooksLookup {
   std::string connection_;
   std::shared_ptr<Connection> books_;
   std::optional<std::vector<AccountingYear>> years_;
+  std::map<std::string_view, std::map<std::int64_t, std::int64_t>> above_;  // by table
 };
 
 }  // namespace pstolvane1::host

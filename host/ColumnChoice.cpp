@@ -14,28 +14,20 @@ namespace pstolvane1::host {
 namespace {
 
 constexpr std::size_t kGap = 2;
-constexpr std::string_view kTelling[] = {"Balance", "QtyClosing",      "Closing",     "Rate",
-                                         "Value",   "QtyClosingValue", "GrossProfit", "ProfitPerc"};
-// A quantity's column and that of its unit.
-constexpr std::string_view kUnits[][2] = {
-    {"Balance", "Uom"},       {"QtyOp", "UomOp"},         {"QtyIn", "UomIn"},
-    {"QtyOut", "UomOut"},     {"AltQty", "AltUom"},       {"AltQtyOp", "AltUomOp"},
-    {"AltQtyIn", "AltUomIn"}, {"AltQtyOut", "AltUomOut"}, {"QtyClosing", "UomClosing"}};
-
 std::optional<std::size_t> PlaceOf(const ReportView& view, std::string_view name) {
   for (std::size_t i = 0; i < view.Columns().size(); ++i) {
-    if (EqualFolded(view.Columns()[i].name, name)) return i;
+    const ReportView::Column& column = view.Columns()[i];
+    if (EqualFolded(column.name, name) || EqualFolded(column.label, name)) return i;
   }
   return std::nullopt;
 }
 
 // The column with the unit that belongs to it, or that it is the unit of.
 std::vector<std::size_t> Together(const ReportView& view, std::size_t place) {
-  const std::string& name = view.Columns()[place].name;
-  for (const auto& [quantity, unit] : kUnits) {
-    if (!EqualFolded(name, quantity) && !EqualFolded(name, unit)) continue;
-    const auto first = PlaceOf(view, quantity), second = PlaceOf(view, unit);
-    if (first && second) return {*first, *second};
+  const ReportView::Column& one = view.Columns()[place];
+  if (const auto quantity = PlaceOf(view, one.unit_of)) return {*quantity, place};
+  for (std::size_t i = 0; i < view.Columns().size(); ++i) {
+    if (EqualFolded(view.Columns()[i].unit_of, one.name)) return {place, i};
   }
   return {place};
 }
@@ -54,11 +46,24 @@ std::set<std::size_t> AlwaysShown(const ReportView& view) {
 std::vector<std::size_t> MostTellingFirst(const ReportView& view,
                                           const std::set<std::size_t>& always) {
   std::vector<std::size_t> order(always.begin(), always.end());
-  for (const std::string_view name : kTelling) {
-    if (const auto place = PlaceOf(view, name)) order.push_back(*place);
+  std::vector<std::size_t> telling;
+  for (std::size_t place = 0; place < view.Columns().size(); ++place) {
+    if (view.Columns()[place].telling > 0) telling.push_back(place);
   }
+  std::ranges::stable_sort(telling, {},
+                           [&](std::size_t place) { return view.Columns()[place].telling; });
+  order.insert(order.end(), telling.begin(), telling.end());
   for (std::size_t place = 1; place < view.Columns().size(); ++place) order.push_back(place);
   return order;
+}
+
+// What to call a column by: a label that several have is no name.
+const std::string& NameFor(const ReportView& view, std::size_t place) {
+  const ReportView::Column& column = view.Columns()[place];
+  const auto same = std::ranges::count_if(view.Columns(), [&](const ReportView::Column& one) {
+    return EqualFolded(one.label, column.label);
+  });
+  return same == 1 ? column.label : column.name;
 }
 
 }  // namespace
@@ -81,7 +86,7 @@ ChosenColumns ColumnsThatFit(const ReportView& view, const std::vector<std::size
   }
   ChosenColumns chosen{{shown.begin(), shown.end()}, {}};
   for (std::size_t place = 0; place < view.Columns().size(); ++place) {
-    if (!shown.contains(place)) chosen.left_out.push_back(view.Columns()[place].name);
+    if (!shown.contains(place)) chosen.left_out.push_back(NameFor(view, place));
   }
   return chosen;
 }
@@ -101,7 +106,7 @@ ChosenColumns ColumnsNamed(const ReportView& view, const std::string& names) {
     if (!place) {
       std::string known;
       for (const ReportView::Column& column : view.Columns()) {
-        known += (known.empty() ? "" : ", ") + column.name;
+        known += (known.empty() ? "" : ", ") + column.label;
       }
       throw Error(ErrorNumber::kArgumentOutOfRange,
                   fmt::format("the report shows no column \"{}\"; it shows {}", name, known));

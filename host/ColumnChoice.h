@@ -15,14 +15,14 @@ struct ChosenColumns {
 };
 
 // Those that fit side by side into so many columns of a terminal, two blanks apart: the first one
-// and the first with names always, then the most telling (what is left in stock, its rate and
-// value, the profit), a unit together with its quantity. widths has one number for each column of
+// and the first with names always, then the most telling by their looks, a unit together with its
+// quantity. widths has one number for each column of
 // the view; 0 is room for all.
 [[nodiscard]] ChosenColumns ColumnsThatFit(const ReportView& view,
                                            const std::vector<std::size_t>& widths,
                                            std::size_t room);
-// The columns of these names with commas between, in any case, in their order; "all" is every
-// column. Error 3001 for a name that the report does not show.
+// The columns of these names or labels with commas between, in any case, in their order; "all" is
+// every column. Error 3001 for a name that the report does not show.
 [[nodiscard]] ChosenColumns ColumnsNamed(const ReportView& view, const std::string& names);
 
 }  // namespace pstolvane1::host

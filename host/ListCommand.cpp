@@ -71,7 +71,8 @@ void List(const ListOptions& options) {
         fmt::format("there is no list of \"{}\"{}; there are {}", options.what,
                     automation::DidYouMean(options.what, Words()), WordsWithBars()));
   }
-  Write(*rowset, options.what, options.output, [&rowset] { return ExportJson(*rowset); });
+  Write(*rowset, {.title = options.what}, options.output,
+        [&rowset] { return ExportJson(*rowset); });
 }
 
 }  // namespace

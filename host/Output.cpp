@@ -8,7 +8,6 @@
 #include "host/OutputStream.h"
 #include "host/Terminal.h"
 #include "host/TextTable.h"
-#include "session/rowset/Export.h"
 #include "session/rowset/Locale.h"
 #include "session/rowset/ReportView.h"
 
@@ -26,7 +25,7 @@ void WriteStream(const OutputOptions& options, const std::function<void(std::ost
 
 }  // namespace
 
-void Write(const Recordset& rowset, std::string_view title, const OutputOptions& options,
+void Write(const Recordset& rowset, const ReportLook& look, const OutputOptions& options,
            const std::function<std::string()>& json) {
   const auto locale = Locale::Get(options.locale);
   switch (options.format) {
@@ -34,7 +33,7 @@ void Write(const Recordset& rowset, std::string_view title, const OutputOptions&
       std::ostringstream table;
       table.exceptions(std::ios::badbit);
       const bool terminal = options.path.empty() && StandardOutputIsTerminal();
-      WriteTable(ReportView(rowset, locale), terminal, table, terminal ? TerminalWidth() : 0,
+      WriteTable(ReportView(rowset, locale, look), terminal, table, terminal ? TerminalWidth() : 0,
                  options.columns);
       WriteText(table.str(), options);
       return;
@@ -45,14 +44,21 @@ void Write(const Recordset& rowset, std::string_view title, const OutputOptions&
       return WriteStream(options, [&json](std::ostream& out) { out << json() << '\n'; });
     case Format::kHtml:
       return WriteStream(options,
-                         [&](std::ostream& out) { ExportHtml(rowset, title, locale, out); });
+                         [&](std::ostream& out) { ExportHtml(rowset, look, locale, out); });
+    case Format::kSheet:
+      return WriteStream(options, [&](std::ostream& out) {
+        ExportSheet(rowset, look, locale, options.sheet, out);
+      });
+    case Format::kRecords:
+      return WriteStream(options,
+                         [&](std::ostream& out) { ExportRecords(rowset, look, locale, out); });
     case Format::kXlsx: {
       if (options.path.empty()) {
         throw Error(ErrorNumber::kArgumentOutOfRange,
                     "a workbook goes into a file: name it with --out");
       }
       return WriteStream(options,
-                         [&](std::ostream& out) { ExportXlsx(rowset, title, locale, out); });
+                         [&](std::ostream& out) { ExportXlsx(rowset, look, locale, out); });
     }
   }
 }

@@ -6,10 +6,12 @@
 #include <string_view>
 
 #include "session/data/Recordset.h"
+#include "session/rowset/Export.h"
+#include "session/rowset/ReportLook.h"
 
 namespace pstolvane1::host {
 
-enum class Format { kTable, kCsv, kJson, kHtml, kXlsx };
+enum class Format { kTable, kCsv, kJson, kHtml, kXlsx, kSheet, kRecords };
 
 struct OutputOptions {
   Format format = Format::kTable;
@@ -17,12 +19,14 @@ struct OutputOptions {
   std::string locale;   // of the table's, page's and sheet's own texts
   std::string columns;  // of a table: those that are wanted; "" is what has room
   std::string books;    // that are read; nothing is written to them
+  SheetStyle sheet;     // of that form
+  std::string company;  // on top of a report; "" is the name of its books
 };
 
-// Writes a rowset; json gives the JSON text where that form is asked for. A file takes its name
-// only when it is whole. Error 3001 when it cannot be written, or for a sheet without a path; a
-// reader of the standard output who goes away early is no error.
-void Write(const Recordset& rowset, std::string_view title, const OutputOptions& options,
+// Writes a rowset as it looks; json gives the JSON text where that form is asked for. A file takes
+// its name only when it is whole. Error 3001 when it cannot be written, or for a sheet without a
+// path; a reader of the standard output who goes away early is no error.
+void Write(const Recordset& rowset, const ReportLook& look, const OutputOptions& options,
            const std::function<std::string()>& json);
 // Writes any other text.
 void WriteText(std::string_view text, const OutputOptions& options);

@@ -16,13 +16,13 @@ struct NamedFormat {
   std::string_view name;
   Format format;
 };
-constexpr NamedFormat kFormats[] = {{"table", Format::kTable},
-                                    {"csv", Format::kCsv},
-                                    {"json", Format::kJson},
-                                    {"html", Format::kHtml},
-                                    {"xlsx", Format::kXlsx}};
+constexpr NamedFormat kFormats[] = {{"table", Format::kTable},    {"csv", Format::kCsv},
+                                    {"json", Format::kJson},      {"html", Format::kHtml},
+                                    {"xlsx", Format::kXlsx},      {"sheet", Format::kSheet},
+                                    {"records", Format::kRecords}};
 // Suffixes that are no format's name.
-constexpr NamedFormat kSuffixes[] = {{"htm", Format::kHtml}, {"txt", Format::kTable}};
+constexpr NamedFormat kSuffixes[] = {
+    {"htm", Format::kHtml}, {"txt", Format::kTable}, {"jsonl", Format::kRecords}};
 
 const NamedFormat* FormatNamed(std::span<const NamedFormat> formats, std::string_view name) {
   const auto found = std::ranges::find_if(
@@ -33,7 +33,8 @@ const NamedFormat* FormatNamed(std::span<const NamedFormat> formats, std::string
 void ReadFormat(OutputOptions& output, const std::string& name) {
   const NamedFormat* const format = FormatNamed(kFormats, name);
   if (format == nullptr) {
-    throw CLI::ValidationError("--format", "takes table, csv, json, html or xlsx, not " + name);
+    throw CLI::ValidationError("--format",
+                               "takes table, csv, json, html, xlsx, sheet or records, not " + name);
   }
   output.format = format->format;
 }
@@ -63,7 +64,8 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
       command
           .add_option_function<std::string>(
               "--format", [&output](const std::string& name) { ReadFormat(output, name); },
-              "table, csv, json, html or xlsx; without it as --out ends")
+              "table, html, xlsx and sheet for people; csv, json and records for programs; without "
+              "it as --out ends")
           ->option_text("FORMAT");
   command
       .add_option_function<std::string>(
@@ -79,6 +81,15 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
                   "of a table: these columns, with commas between, or all; without it those that "
                   "have room")
       ->option_text("NAME,...");
+  command.add_option("--separator", output.sheet.separator, "of a sheet; without it a comma")
+      ->option_text("TEXT");
+  command.add_flag("--bom", output.sheet.byte_order_mark,
+                   "of a sheet: the mark by which some programs know UTF-8");
+  command
+      .add_option("--company", output.company,
+                  "the name on top of a report; without it that of the books")
+      ->option_text("NAME")
+      ->envname("STOLVANE_COMPANY");
   command
       .add_option("--locale", output.locale,
                   "whose separators, dates and symbol's place, as en_IN; without it the user's own")

@@ -11,10 +11,12 @@
 #include <string_view>
 #include <utility>
 
+#include "automation/ReportTitles.h"
 #include "host/CallWarnings.h"
 #include "host/Command.h"
 #include "host/OutputWords.h"
 #include "host/ProgressBar.h"
+#include "host/ReportHead.h"
 #include "host/StopSignals.h"
 #include "session/clsStolvane1.h"
 #include "session/rowset/Export.h"
@@ -83,7 +85,7 @@ class Session {
   // From any thread.
   void Abandon() { session_.Abandon(); }
 
-  void WriteResult(const CallInWords& call) {
+  void WriteResult(const CallInWords& call, BooksLookup& books) {
     const std::string_view operation = call.Called().name;
     const auto report_type = call.ReportType();
     const auto json = [&] {
@@ -99,13 +101,34 @@ class Session {
       return text += '}';
     };
     if (delivered_ != nullptr) {
-      Write(*delivered_, operation, options_.output, json);
+      Write(*delivered_, LookAt(call, books), options_.output, json);
     } else if (options_.output.format == Format::kJson) {
       WriteText(json() + '\n', options_.output);
     }
   }
 
  private:
+  [[nodiscard]] pstolvane1::ReportLook LookAt(const CallInWords& call, BooksLookup& books) const {
+    if (!ShowsALook(options_.output.format)) return {};
+    // Books made elsewhere may lack a list of names or a tree.
+    const auto or_none = [](const auto& ask) -> decltype(ask()) {
+      try {
+        return ask();
+      } catch (const Error&) {
+        return {};
+      }
+    };
+    using automation::Master;
+    const automation::KeysOfBooks keys{[&books, or_none](const Master& names, std::int32_t key) {
+                                         return or_none([&] { return books.NameOf(names, key); });
+                                       },
+                                       [&books, or_none](const Master& groups, std::int64_t key) {
+                                         return or_none([&] { return books.Above(groups, key); });
+                                       }};
+    return automation::LookOf(call, CompanyOf(options_.output), keys,
+                              *Locale::Get(options_.output.locale), Today());
+  }
+
   const RunOptions& options_;
   ProgressBar bar_;
   clsStolvane1 session_;
@@ -127,7 +150,7 @@ void Run(const RunOptions& options, BooksLookup& books) {
                 [&] {
                   session.Call(call);
                   session.Warn(call, books);
-                  session.WriteResult(call);
+                  session.WriteResult(call, books);
                 });
 }
 

@@ -24,7 +24,7 @@ std::string StandardInput() {
 void ReadAndWrite(const SqlOptions& options, const std::shared_ptr<Connection>& books) {
   const RecordsetPtr rowset = Recordset::New();
   rowset->Open(options.text, books);
-  Write(*rowset, "Query", options.output, [&rowset] { return ExportJson(*rowset); });
+  Write(*rowset, {.title = "Query"}, options.output, [&rowset] { return ExportJson(*rowset); });
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
@@ -34,17 +35,39 @@ std::string Wrapped(std::string_view text, std::size_t room) {
   return lines + '\n';
 }
 
+// A column's head in as few lines as fit into the width of its cells, which is at least that of its
+// longest word.
+struct Head {
+  std::vector<std::string> lines;
+  std::size_t width = 0;
+};
+
+Head HeadOf(const std::string& label, std::size_t width) {
+  for (std::size_t start = 0; start < label.size();) {
+    const std::size_t end = std::min(label.find(' ', start), label.size());
+    width = std::max(width, DisplayWidth(std::string_view(label).substr(start, end - start)));
+    start = end + 1;
+  }
+  Head head{{}, width};
+  std::istringstream lines(Wrapped(label, width));
+  for (std::string line; std::getline(lines, line);) head.lines.push_back(line);
+  return head;
+}
+
 class TableWriter {
  public:
   TableWriter(const ReportView& view, bool colour, std::ostream& out, std::size_t room,
               const std::string& columns)
       : view_(view), colour_(colour), out_(out), room_(room) {
     for (std::size_t i = 0; i < view.Columns().size(); ++i) {
-      std::size_t width = DisplayWidth(view.Columns()[i].name);
+      std::size_t width = 1;
       for (const ReportView::Line& line : view.Lines()) {
-        width = std::max(width, DisplayWidth(line.cells[i]));
+        if (!line.IsHeading() || view.Columns().size() == 1) {
+          width = std::max(width, DisplayWidth(Cell(line, i)));
+        }
       }
-      widths_.push_back(width);
+      heads_.push_back(HeadOf(view.Columns()[i].label, width));
+      widths_.push_back(heads_.back().width);
     }
     chosen_ = columns.empty() ? ColumnsThatFit(view, widths_, room) : ColumnsNamed(view, columns);
     for (const std::size_t i : chosen_.shown) {
@@ -53,22 +76,24 @@ class TableWriter {
   }
 
   void Write() {
-    std::vector<std::string> header;
-    for (const ReportView::Column& column : view_.Columns()) header.push_back(column.name);
-    Cells(header, true);
+    WriteTitle();
+    WriteHeads();
     Rule("─");
     for (std::size_t i = 0; i < view_.Lines().size(); ++i) {
       in_hand_.Check();
       const ReportView::Line& line = view_.Lines()[i];
       switch (line.kind) {
         case ReportView::LineKind::kLine:
-          Cells(line.cells, false);
+          Cells(line, false);
+          break;
+        case ReportView::LineKind::kGroup:
+          Cells(line, true);
           break;
         case ReportView::LineKind::kRule:
           Rule("─");
           break;
         case ReportView::LineKind::kTotal:
-          Cells(line.cells, true);
+          Cells(line, true);
           Rule(i + 1 == view_.Lines().size() ? "═" : "─");
           break;
         case ReportView::LineKind::kSpacer:
@@ -81,13 +106,50 @@ class TableWriter {
   }
 
  private:
-  void Cells(const std::vector<std::string>& cells, bool bold) {
+  static std::string Cell(const ReportView::Line& line, std::size_t column) {
+    const std::size_t blanks = column == 0 ? 2 * static_cast<std::size_t>(line.level) : 0;
+    return std::string(blanks, ' ') + line.cells[column];
+  }
+
+  void WriteTitle() {
+    if (view_.Look().lines.empty()) return;
+    Line(view_.Look().title, true);
+    for (const std::string& line : view_.Look().lines) out_ << Wrapped(line, room_);
+    out_ << '\n';
+  }
+
+  // The last lines of all heads stand side by side.
+  void WriteHeads() {
+    std::size_t most = 0;
+    for (const std::size_t i : chosen_.shown) most = std::max(most, heads_[i].lines.size());
+    for (std::size_t at = 0; at < most; ++at) {
+      std::vector<std::string> cells(heads_.size());
+      for (const std::size_t i : chosen_.shown) {
+        const std::size_t missing = most - heads_[i].lines.size();
+        if (at >= missing) cells[i] = heads_[i].lines[at - missing];
+      }
+      Line(SideBySide(cells), true);
+    }
+  }
+
+  void Cells(const ReportView::Line& line, bool bold) {
+    if (line.IsHeading()) return Line(Cell(line, 0), bold);
+    std::vector<std::string> cells = line.cells;
+    cells.front() = Cell(line, 0);
+    Line(SideBySide(cells), bold);
+  }
+
+  [[nodiscard]] std::string SideBySide(const std::vector<std::string>& cells) const {
     std::string text;
     for (const std::size_t i : chosen_.shown) {
       if (i != chosen_.shown.front()) text += kGap;
       const std::string blanks(widths_[i] - DisplayWidth(cells[i]), ' ');
       text += view_.Columns()[i].numeric ? blanks + cells[i] : cells[i] + blanks;
     }
+    return text;
+  }
+
+  void Line(std::string text, bool bold) {
     text.erase(text.find_last_not_of(' ') + 1);
     if (bold && colour_) {
       out_ << kBold << text << kPlain << '\n';
@@ -115,6 +177,7 @@ class TableWriter {
   bool colour_;
   std::ostream& out_;
   std::size_t room_;
+  std::vector<Head> heads_;
   std::vector<std::size_t> widths_;
   ChosenColumns chosen_;
   std::size_t full_width_ = 0;
@@ -144,6 +207,7 @@ std::size_t DisplayWidth(std::string_view text) {
 void WriteTable(const ReportView& view, bool colour, std::ostream& out, std::size_t room,
                 const std::string& columns) {
   if (view.Columns().empty()) {
+    if (!view.Look().lines.empty()) out << view.Look().title << '\n';
     out << "(no lines)\n";
     return;
   }

@@ -10,10 +10,11 @@
 
 namespace pstolvane1::host {
 
-// Columns that have content, two blanks apart, numbers to the right; a line under the header, the
-// report's own rule and total lines drawn. With colour, header and totals are bold and lines dim.
-// Columns that do not fit into room, columns of a terminal, are named in a line below; room 0 is
-// no limit. columns names those that are wanted, and then all of them are shown.
+// The title and what stands below it, where the look has both; then the columns that have content,
+// two blanks apart, numbers to the right, deeper lines moved in; a line under the heads, the
+// report's own rule and total lines drawn. With colour, heads, groups and totals are bold and lines
+// dim. Columns that do not fit into room, columns of a terminal, are named in a line below; room 0
+// is no limit. columns names those that are wanted, and then all of them are shown.
 void WriteTable(const ReportView& view, bool colour, std::ostream& out, std::size_t room = 0,
                 const std::string& columns = {});
 

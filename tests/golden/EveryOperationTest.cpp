@@ -15,6 +15,7 @@
 #include "Play.h"
 #include "QueryFile.h"
 #include "automation/Calls.h"
+#include "automation/ColumnLooks.h"
 #include "automation/Operations.h"
 #include "session/ReportTable.h"
 
@@ -243,6 +244,21 @@ TEST(EveryOperation, IsDescribedWithItsColumns) {
         const std::string name = LowerCase(column);
         EXPECT_TRUE(name.ends_with("sort") || told.contains(name) || everywhere.contains(name))
             << column;
+      }
+    }
+  }
+}
+
+TEST(EveryOperation, HasWordsOverItsColumns) {
+  for (const Operation* const operation : AllReportOperations()) {
+    SCOPED_TRACE(operation->name);
+    for (const CaseFile& file : CasesOf(*operation)) {
+      if (!ShowsAWholeRowset(file) || HasAlias(file)) continue;
+      for (const std::string& column : ColumnNamesOf(file)) {
+        const std::string name = LowerCase(column);
+        if (name.ends_with("sort") || name.ends_with("_id")) continue;
+        const ColumnLook look = automation::LookOfColumn(operation->name, column);
+        EXPECT_TRUE(!look.shown || !look.label.empty()) << column;
       }
     }
   }

@@ -15,16 +15,18 @@ class Terminal : public SampleHost {
   }
 };
 
-// The four lines that LedgersByCode gives for the banks and the cash of the sample books.
-constexpr std::size_t kColumns = 39;
-constexpr std::size_t kLines = 4;
+// What LedgersByCode gives for the banks and the cash of the sample books: two titles, what was
+// asked for and an empty line, the heads and their rule, and two ledgers.
+constexpr std::size_t kColumns = 40;
+constexpr std::size_t kLines = 8;
 
 TEST_F(Terminal, ColoursAreOnATerminalOnly) {
   const Finished piped = Stolvane(Ledgers());
   EXPECT_EQ(piped.out.find('\x1b'), std::string::npos);
   const Finished seen = StolvaneOnTerminal(Ledgers(), 24, 80, kPager);
   EXPECT_EQ(seen.status, 0);
-  EXPECT_TRUE(seen.out.starts_with("\x1b[1mid  name\x1b[0m\r\n\x1b[2m───")) << seen.out;
+  EXPECT_TRUE(seen.out.starts_with("\x1b[1mLedgers\x1b[0m\r\nsample\r\n")) << seen.out;
+  EXPECT_NE(seen.out.find("\x1b[1mKey  Name\x1b[0m\r\n\x1b[2m───"), std::string::npos) << seen.out;
   std::string plain = seen.out;
   for (const std::string_view sign : {"\x1b[0m", "\x1b[1m", "\x1b[2m", "\r"}) {
     for (std::size_t at = 0; (at = plain.find(sign)) != std::string::npos;) {
@@ -51,6 +53,17 @@ TEST_F(Terminal, ATableThatFitsIsNotPagedAndOneThatDoesNotIs) {
   EXPECT_TRUE(paged(24, kColumns - 1));
 }
 
+// "less" shows signs beyond ASCII as codes where the locale is C, unless it is told.
+TEST_F(Terminal, ThePagerIsToldThatTheTextIsUtf8) {
+  const Finished seen = StolvaneOnTerminal(Ledgers(), 3, 80, "echo charset=$LESSCHARSET; cat");
+  EXPECT_NE(seen.out.find("charset=utf-8"), std::string::npos) << seen.out;
+}
+
+TEST_F(Terminal, WhatIsNoReportIsNotPaged) {
+  const Finished seen = StolvaneOnTerminal({"books", "check", Books()}, 1, 10, kPager);
+  EXPECT_EQ(seen.out, "Nothing is missing or odd.\r\n");
+}
+
 TEST_F(Terminal, WithoutAPagerTheTableIsWrittenAllTheSame) {
   const Finished seen = StolvaneOnTerminal(Ledgers(), 3, 80, "no-such-pager 2>/dev/null");
   EXPECT_EQ(seen.status, 0);
@@ -63,14 +76,14 @@ TEST_F(Terminal, WhereNoPagerIsInstalledTheTableIsWrittenWithoutAWord) {
   const Finished seen = StolvaneOnTerminal(Ledgers(), 3, 80, "");
   setenv("PATH", path.c_str(), 1);
   EXPECT_EQ(seen.status, 0);
-  EXPECT_TRUE(seen.out.starts_with("\x1b[1mid  name")) << seen.out;
+  EXPECT_TRUE(seen.out.starts_with("\x1b[1mLedgers")) << seen.out;
   EXPECT_NE(seen.out.find("Overdraft A/c"), std::string::npos) << seen.out;
 }
 
 TEST_F(Terminal, APagerThatIsLeftEarlyIsNoFailure) {
   const Finished seen = StolvaneOnTerminal(Ledgers(), 3, 80, "head -n 1");
   EXPECT_EQ(seen.status, 0);
-  EXPECT_EQ(seen.out, "\x1b[1mid  name\x1b[0m\r\n");
+  EXPECT_EQ(seen.out, "\x1b[1mLedgers\x1b[0m\r\n");
 }
 
 TEST_F(Terminal, AFileIsNeitherPagedNorColoured) {

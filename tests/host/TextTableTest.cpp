@@ -64,7 +64,15 @@ std::string Statement(std::size_t room, const std::string& columns = {}) {
     rowset->Collect(rowset->Columns()[static_cast<std::size_t>(i)].name, Variant(cells[i]));
   rowset->Update();
   std::ostringstream out;
-  WriteTable(ReportView(*rowset, Locale::Get("en_IN")), false, out, room, columns);
+  const ReportLook look{"", {}, [](std::string_view column) {
+                          ColumnLook its;
+                          if (column == "Uom") its.unit_of = "Balance";
+                          if (column == "UomOp") its.unit_of = "QtyOp";
+                          if (column == "Balance") its.telling = 1;
+                          if (column == "Value") its.telling = 2;
+                          return its;
+                        }};
+  WriteTable(ReportView(*rowset, Locale::Get("en_IN"), look), false, out, room, columns);
   return out.str();
 }
 
@@ -94,6 +102,42 @@ TEST(TextTable, ColumnsAreChosenByName) {
             "₹9.00  Bolt\n");
   EXPECT_EQ(Statement(10, "all"), Statement(0));
   EXPECT_THROW((void)Statement(0, "Price"), Error);
+}
+
+// Titles above; heads in as many lines as they need; deeper lines moved in.
+TEST(TextTable, HasTitlesAndHeadsInWords) {
+  const RecordsetPtr rowset = Recordset::New();
+  for (const char* const name : {"Group", "Item", "Qty"}) rowset->Fields().Append(name, adBSTR);
+  rowset->Fields().Append("DummySort", adBigInt);
+  rowset->Open();
+  const auto add = [&](const char* column, const char* text, const char* quantity) {
+    rowset->AddNew();
+    rowset->Collect(column, Variant(text));
+    if (*quantity != 0) rowset->Collect("Qty", Variant(quantity));
+    rowset->Update();
+  };
+  add("Group", "Nuts and everything else", "");
+  add("Item", "Nut", "12.00");
+  const ReportLook look{"Stock", {"Asha Motors"}, [](std::string_view column) {
+                          ColumnLook its;
+                          if (column == "Qty") its.label = "Closing quantity of the year";
+                          if (column == "Item") its.stands_in = "Group";
+                          if (column == "Item") its.level = 1;
+                          return its;
+                        }};
+  std::ostringstream out;
+  WriteTable(ReportView(*rowset, Locale::Get("en_IN"), look), false, out, 0);
+  EXPECT_EQ(out.str(),
+            "Stock\n"
+            "Asha Motors\n"
+            "\n"
+            "        Closing\n"
+            "       quantity\n"
+            "         of the\n"
+            "Group      year\n"
+            "───────────────\n"
+            "Nuts and everything else\n"
+            "  Nut     12.00\n");
 }
 
 TEST(TextTable, ColoursOnlyWhereItIsAsked) {

@@ -123,7 +123,8 @@ TEST(ExportHtml, ShowsWhatAPersonIsShownAndEscapesIt) {
   const std::string page = out.str();
   EXPECT_TRUE(page.starts_with("<!doctype html>"));
   EXPECT_NE(page.find("<title>Sales &amp; more</title>"), std::string::npos);
-  EXPECT_NE(page.find("<thead><tr><th>Ledger</th><th class=\"n\">Amount</th></tr></thead>\n"
+  EXPECT_NE(page.find("<thead><tr><th scope=\"col\">Ledger</th><th class=\"n\" "
+                      "scope=\"col\">Amount</th></tr></thead>\n"
                       "<tbody>\n"
                       "<tr class=\"line\"><td>A &amp; B &lt;Sons&gt;</td><td "
                       "class=\"n\">₹1,234.50</td></tr>\n"
@@ -163,6 +164,122 @@ TEST(ExportXlsx, HoldsAmountsAsNumbersAndTextsAsTexts) {
   }
   EXPECT_EQ(texts.find("AmountSort"), std::string::npos);
   std::filesystem::remove(file);
+}
+
+// A report of two items, one under each kind of line, with its words.
+RecordsetPtr Grouped() {
+  RecordsetPtr report = Recordset::New();
+  for (const char* const name : {"Group", "Item", "Qty", "Perc", "Day", "Value", "TotalLine"}) {
+    report->Fields().Append(name, adBSTR);
+  }
+  report->Fields().Append("DummySort", adBigInt, 0, adFldIsNullable);
+  report->Open();
+  const auto add = [&](const std::vector<std::pair<const char*, std::string>>& cells) {
+    report->AddNew();
+    for (const auto& [column, text] : cells) report->Collect(column, Variant(text));
+    report->Update();
+  };
+  const std::string rule(90, '_');
+  add({{"Group", "Bolts; and \"nuts\""}});
+  add({{"Item", "Bolt"},
+       {"Qty", "12.50 Nos"},
+       {"Perc", "20.60%"},
+       {"Day", "31/03/2004"},
+       {"Value", "₹1,23,456.50"}});
+  add({{"TotalLine", rule}});
+  add({{"Group", "Total"}, {"Value", "₹1,23,456.50"}, {"TotalLine", rule}});
+  return report;
+}
+
+ReportLook WithWords() {
+  return {"Stock", {"Asha Motors", "01/04/2003 to 31/03/2004"}, [](std::string_view column) {
+            ColumnLook look;
+            if (column == "Item") {
+              look.stands_in = "Group";
+              look.level = 1;
+            }
+            if (column == "Qty") look.label = "Closing quantity";
+            return look;
+          }};
+}
+
+TEST(ExportHtml, HasItsTitlesLabelsAndGroups) {
+  std::ostringstream out;
+  ExportHtml(*Grouped(), WithWords(), kIndia, out);
+  const std::string page = out.str();
+  for (const char* const part :
+       {"<h1>Stock</h1>\n<p>Asha Motors</p>\n<p>01/04/2003 to 31/03/2004</p>",
+        ">Closing quantity</th>", "<tr class=\"group\"><td>Bolts; and &quot;nuts&quot;</td>",
+        "<tr class=\"line\"><td style=\"padding-left:2.5em\">Bolt</td>",
+        "<tr class=\"total\"><td>Total</td>", "size:A4 landscape",
+        "thead{display:table-header-group}"}) {
+    EXPECT_NE(page.find(part), std::string::npos) << part << '\n' << page;
+  }
+}
+
+TEST(ExportXlsx, HoldsPercentagesDatesAndQuantitiesAsNumbersAndFoldsItsGroups) {
+  const std::string file = testing::TempDir() + "grouped_" + std::to_string(getpid()) + ".xlsx";
+  ExportXlsx(*Grouped(), WithWords(), kIndia, file);
+  const std::string sheet = PartOf(file, "xl/worksheets/sheet1.xml");
+  const std::string styles = PartOf(file, "xl/styles.xml");
+  // The heads stand in row 5, below the titles and an empty one. 38077 is 31 March 2004.
+  for (const char* const part :
+       {"<v>12.5</v>", "<v>0.206</v>", "<v>38077</v>", "<v>123456.5</v>",
+        "<pane xSplit=\"1\" ySplit=\"5\"", "<autoFilter ref=\"A5:E7\"/>",
+        "<row r=\"7\" spans=\"1:5\" outlineLevel=\"1\"", "summaryBelow=\"0\"",
+        "orientation=\"landscape\"", "fitToHeight=\"0\""}) {
+    EXPECT_NE(sheet.find(part), std::string::npos) << part << '\n' << sheet;
+  }
+  for (const char* const part :
+       {"#,##,##0.00&quot; Nos&quot;", "yyyy\\-mm\\-dd", "&quot;₹&quot;#,##,##0.00"}) {
+    EXPECT_NE(styles.find(part), std::string::npos) << part << '\n' << styles;
+  }
+  std::filesystem::remove(file);
+}
+
+TEST(ExportXlsx, HoldsTheValuesOfAQueryWithTheirTypes) {
+  const std::string file = testing::TempDir() + "types_" + std::to_string(getpid()) + ".xlsx";
+  ExportXlsx(*AllTypes(), "Query", kIndia, file);
+  const std::string sheet = PartOf(file, "xl/worksheets/sheet1.xml");
+  // 31 March 2004, 14:05:09; a flag; a number beyond what a sheet holds stays a text.
+  for (const char* const part :
+       {"<v>-7</v>", "<v>-1234.5</v>", "<v>38077.586", "t=\"b\"><v>1</v>"}) {
+    EXPECT_NE(sheet.find(part), std::string::npos) << part << '\n' << sheet;
+  }
+  EXPECT_NE(PartOf(file, "xl/sharedStrings.xml").find("9007199254740993"), std::string::npos);
+  std::filesystem::remove(file);
+}
+
+TEST(ExportSheet, HasShownColumnsWithPlainValues) {
+  std::ostringstream out;
+  ExportSheet(*Grouped(), WithWords(), kIndia, {}, out);
+  EXPECT_EQ(out.str(),
+            "Group,Closing quantity,Perc,Day,Value\r\n"
+            "\"Bolts; and \"\"nuts\"\"\",,,,\r\n"
+            "Bolt,12.5,20.6,2004-03-31,123456.5\r\n"
+            "Total,,,,123456.5\r\n");
+  std::ostringstream marked;
+  ExportSheet(*Grouped(), WithWords(), kIndia, {.separator = ";", .byte_order_mark = true}, marked);
+  EXPECT_TRUE(marked.str().starts_with("\xEF\xBB\xBFGroup;Closing quantity;")) << marked.str();
+}
+
+TEST(ExportRecords, AreObjectsWithNumbersAsNumbers) {
+  std::ostringstream out;
+  ExportRecords(*Grouped(), WithWords(), kIndia, out);
+  EXPECT_EQ(
+      out.str(),
+      R"({"kind":"group","level":0,"Group":"Bolts; and \"nuts\"","Qty":null,"Perc":null,"Day":null,"Value":null})"
+      "\n"
+      R"({"kind":"line","level":1,"Group":"Bolt","Qty":12.5,"Perc":20.6,"Day":"2004-03-31","Value":123456.5})"
+      "\n"
+      R"({"kind":"total","level":0,"Group":"Total","Qty":null,"Perc":null,"Day":null,"Value":123456.5})"
+      "\n");
+  std::ostringstream query;
+  ExportRecords(*AllTypes(), {}, kIndia, query);
+  EXPECT_TRUE(query.str().starts_with(R"({"Whole":-7,"Single":0.1,"Double":0.1,"Money":-1234.5,)"
+                                      R"("Day":"2004-03-31 14:05:09",)"))
+      << query.str();
+  EXPECT_NE(query.str().find(R"("Flag":true)"), std::string::npos);
 }
 
 TEST(ExportXlsx, AFileThatCannotBeWrittenIsNamed) {

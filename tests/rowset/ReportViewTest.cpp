@@ -67,8 +67,9 @@ TEST_F(ReportViewTest, PercentagesAreNumbers) {
 // "Total" and its sum have columns of their own in the rowset, which nobody wants to look for.
 TEST(ReportViewSums, StandUnderTheirColumns) {
   constexpr ReportColumn kColumns[] = {
-      Display("Item"),     Display("Value"),    Display("Total"),    Display("TotalValue"),
-      Display("GrpValue"), Display("TotalQty"), Marker("TotalLine"), NumberTwin("DummySort")};
+      Display("Item"),     Display("Value"),       Display("Total"), Display("TotalValue"),
+      Display("GrpValue"), Display("TotalQty"),    Display("Rate"),  Display("TotRate"),
+      Marker("TotalLine"), NumberTwin("DummySort")};
   const RecordsetPtr report = NewReportRowset(kColumns);
   const auto add = [&](const std::vector<std::pair<const char*, const char*>>& cells) {
     report->AddNew();
@@ -82,30 +83,146 @@ TEST(ReportViewSums, StandUnderTheirColumns) {
   add({{"Total", "Total"},
        {"TotalValue", "₹9.00"},
        {"TotalQty", "3.00"},
+       {"TotRate", "2.00"},
        {"TotalLine", rule.c_str()}});
   const ReportView view(*report, Locale::Get("en_IN"));
   Names names;
   for (const ReportView::Column& column : view.Columns()) names.push_back(column.name);
-  EXPECT_EQ(names, (Names{"Item", "Value", "TotalQty"}));  // nothing sums up to TotalQty
+  // Nothing sums up to TotalQty; what sums up to TotRate is empty.
+  EXPECT_EQ(names, (Names{"Item", "Value", "TotalQty", "Rate"}));
   EXPECT_TRUE(view.Columns().at(1).numeric);
-  EXPECT_EQ(view.Lines().at(0).cells, (Names{"Engine", "₹9.00", ""}));
-  EXPECT_EQ(view.Lines().at(1).cells, (Names{"Bolt", "₹9.00", ""}));
-  EXPECT_EQ(view.Lines().at(3).cells, (Names{"Total", "₹9.00", "3.00"}));
+  EXPECT_EQ(view.Lines().at(0).cells, (Names{"Engine", "₹9.00", "", ""}));
+  EXPECT_EQ(view.Lines().at(1).cells, (Names{"Bolt", "₹9.00", "", ""}));
+  EXPECT_EQ(view.Lines().at(3).cells, (Names{"Total", "₹9.00", "3.00", "2.00"}));
   EXPECT_EQ(view.Lines().at(3).kind, Kind::kTotal);
 }
 
 // The last month's line holds the figures of the month and those of the period.
-TEST(ReportViewSums, StayApartWhereALineHasBoth) {
+TEST(ReportViewSums, BesideTheFiguresOfTheLastLineGetALineOfTheirOwn) {
   constexpr ReportColumn kColumns[] = {Display("Month"), Display("QtyIn"), Display("TotalQtyIn"),
                                        NumberTwin("DummySort")};
   const RecordsetPtr report = NewReportRowset(kColumns);
-  report->AddNew();
-  report->Collect("Month", Variant("March"));
-  report->Collect("QtyIn", Variant("2.00"));
-  report->Collect("TotalQtyIn", Variant("7.00"));
-  report->Update();
+  const auto add = [&](const char* month, const char* in, const char* total) {
+    report->AddNew();
+    report->Collect("Month", Variant(month));
+    report->Collect("QtyIn", Variant(in));
+    if (*total != 0) report->Collect("TotalQtyIn", Variant(total));
+    report->Update();
+  };
+  add("February", "5.00", "");
+  add("March", "2.00", "7.00");
   const ReportView view(*report, Locale::Get("en_IN"));
-  EXPECT_EQ(view.Lines().at(0).cells, (Names{"March", "2.00", "7.00"}));
+  ASSERT_EQ(view.Lines().size(), 4U);
+  EXPECT_EQ(view.Lines().at(1).cells, (Names{"March", "2.00"}));
+  EXPECT_EQ(view.Lines().at(2).kind, Kind::kRule);
+  EXPECT_EQ(view.Lines().at(3).cells, (Names{"Total", "7.00"}));
+  EXPECT_EQ(view.Lines().at(3).kind, Kind::kTotal);
+}
+
+TEST(ReportViewSums, StayApartWhereALineBeforeTheLastHasBoth) {
+  constexpr ReportColumn kColumns[] = {Display("Month"), Display("QtyIn"), Display("TotalQtyIn"),
+                                       NumberTwin("DummySort")};
+  const RecordsetPtr report = NewReportRowset(kColumns);
+  for (const char* const total : {"5.00", "7.00"}) {
+    report->AddNew();
+    report->Collect("Month", Variant("March"));
+    report->Collect("QtyIn", Variant("2.00"));
+    report->Collect("TotalQtyIn", Variant(total));
+    report->Update();
+  }
+  const ReportView view(*report, Locale::Get("en_IN"));
+  EXPECT_EQ(view.Lines().at(1).cells, (Names{"March", "2.00", "7.00"}));
+}
+
+// Heads: a group's name fills the first column, its items stand one deeper in the same column,
+// what is told twice is not shown.
+TEST(ReportViewLook, PutsColumnsTogetherAndTellsGroupsFromTotals) {
+  constexpr ReportColumn kColumns[] = {
+      Display("Twice"), Display("Group"),  Display("Item"),     Display("Head"),
+      Display("Value"), Marker("GrpLine"), Marker("TotalLine"), NumberTwin("DummySort")};
+  const RecordsetPtr report = NewReportRowset(kColumns);
+  const auto add = [&](const std::vector<std::pair<const char*, const char*>>& cells) {
+    report->AddNew();
+    for (const auto& [column, text] : cells) report->Collect(column, Variant(text));
+    report->Update();
+  };
+  const std::string rule(90, '_');
+  add({{"Head", "Inwards:"}});
+  add({{"Group", "Engine"}, {"Twice", "Engine"}, {"Value", "₹9.00"}, {"GrpLine", rule.c_str()}});
+  add({{"Item", "Bolt"}, {"Value", "₹9.00"}});
+  add({{"Group", "Labour"}, {"Twice", "Labour"}});
+  add({{"TotalLine", rule.c_str()}});
+  add({{"Group", "Total"}, {"Value", "₹9.00"}, {"TotalLine", rule.c_str()}});
+  const ReportView view(*report, Locale::Get("en_IN"), {"Stock", {}, [](std::string_view column) {
+                                                          ColumnLook look;
+                                                          look.shown = column != "Twice";
+                                                          look.leads = column == "Group";
+                                                          if (column == "Group")
+                                                            look.label = "Item group";
+                                                          if (column == "Item" || column == "Head")
+                                                            look.stands_in = "Group";
+                                                          if (column == "Item") look.level = 1;
+                                                          if (column == "Head")
+                                                            look.level = ColumnLook::kHeading;
+                                                          return look;
+                                                        }});
+  ASSERT_EQ(view.Columns().size(), 2U);
+  EXPECT_EQ(view.Columns().at(0).label, "Item group");
+  EXPECT_EQ(view.Columns().at(1).label, "Value");
+  std::vector<Kind> kinds;
+  std::vector<int> levels;
+  for (const ReportView::Line& line : view.Lines()) {
+    kinds.push_back(line.kind);
+    levels.push_back(line.level);
+  }
+  EXPECT_EQ(kinds, (std::vector<Kind>{Kind::kGroup, Kind::kGroup, Kind::kLine, Kind::kLine,
+                                      Kind::kRule, Kind::kTotal}));
+  EXPECT_EQ(levels, (std::vector<int>{0, 0, 1, 0, 0, 0}));
+  EXPECT_EQ(view.Lines().at(2).cells, (Names{"Bolt", "₹9.00"}));
+  EXPECT_TRUE(view.Lines().at(0).IsHeading());
+  EXPECT_FALSE(view.Lines().at(1).IsHeading());
+}
+
+// 2 stands below 1, with its item; 3 and the group in a circle outermost; the total stays last.
+TEST(ReportViewLook, PutsGroupsBelowTheOnesThatTheyBelongTo) {
+  constexpr ReportColumn kColumns[] = {Display("Group"), Display("Item"), Key("Group_Id"),
+                                       Marker("TotalLine"), NumberTwin("DummySort")};
+  const RecordsetPtr report = NewReportRowset(kColumns);
+  const auto add = [&](const char* column, const char* text, std::int32_t key) {
+    report->AddNew();
+    report->Collect(column, Variant(text));
+    if (key > 0) report->Collect("Group_Id", key);
+    report->Update();
+  };
+  add("Group", "Bolts", 2);
+  add("Item", "M8", 2);
+  add("Group", "Circle", 4);
+  add("Group", "Parts", 1);
+  add("Group", "Vehicles", 3);
+  add("TotalLine", "____", 0);
+  add("Group", "Total", 0);
+  ReportLook look{"Stock", {}, [](std::string_view column) {
+                    ColumnLook its;
+                    if (column == "Item") its.stands_in = "Group";
+                    if (column == "Item") its.level = 1;
+                    return its;
+                  }};
+  look.group_key = "Group_Id";
+  look.group_above = [](std::int64_t key) { return key == 2 ? 1 : key == 4 ? 4 : 0; };
+  const ReportView view(*report, Locale::Get("en_IN"), look);
+  std::vector<std::pair<int, std::string>> lines;
+  for (const ReportView::Line& line : view.Lines()) {
+    lines.emplace_back(line.level, line.cells.front());
+  }
+  EXPECT_EQ(lines, (std::vector<std::pair<int, std::string>>{{0, "Circle"},
+                                                             {0, "Parts"},
+                                                             {1, "Bolts"},
+                                                             {2, "M8"},
+                                                             {0, "Vehicles"},
+                                                             {0, ""},
+                                                             {0, "Total"}}));
+  EXPECT_EQ(view.Lines().at(1).kind, Kind::kGroup);
+  EXPECT_EQ(view.Lines().at(4).kind, Kind::kLine);
 }
 
 TEST_F(ReportViewTest, LinesAreToldApart) {
