@@ -4,9 +4,12 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
+#include <unistd.h>
 
 #include "host/Command.h"
 #include "host/OutputWords.h"
+#include "host/SqlNames.h"
+#include "host/SqlPrompt.h"
 #include "host/StopSignals.h"
 #include "session/CheckCondition.h"
 #include "session/data/ThreadWork.h"
@@ -21,10 +24,27 @@ std::string StandardInput() {
   return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
 }
 
-void ReadAndWrite(const SqlOptions& options, const std::shared_ptr<Connection>& books) {
+void ReadAndWrite(const SqlOptions& options, const std::shared_ptr<Connection>& books,
+                  const std::string& select) {
+  if (options.translate) {
+    WriteText(books->Translate(select) + "\n", options.output);
+    return;
+  }
   const RecordsetPtr rowset = Recordset::New();
-  rowset->Open(options.text, books);
+  rowset->Open(select, books);
   Write(*rowset, {.title = "Query"}, options.output, [&rowset] { return ExportJson(*rowset); });
+}
+
+void RunSelect(const SqlOptions& options, const std::shared_ptr<Connection>& books,
+               const std::string& select) {
+  const auto abandon = [&books, work = ThreadWork::OfThisThread()] {
+    work->Abandon(nullptr);
+    books->StopReading();
+  };
+  DoUntilSignal(abandon, [&] {
+    const WorkInHand in_hand;
+    ReadAndWrite(options, books, select);
+  });
 }
 
 }  // namespace
@@ -38,18 +58,17 @@ void Sql(const SqlOptions& options) {
   }
   const std::shared_ptr<Connection> books = NewConnection();
   books->Open(options.books);
-  if (options.translate) {
-    WriteText(books->Translate(options.text) + "\n", options.output);
+  SqlNames names(options.books);
+  const auto run = [&](const std::string& select) { RunSelect(options, books, select); };
+  if (options.typed) {
+    ReadStatements(std::cin, isatty(STDIN_FILENO) == 1, names, options.output, run);
     return;
   }
-  const auto abandon = [&books, work = ThreadWork::OfThisThread()] {
-    work->Abandon(nullptr);
-    books->StopReading();
-  };
-  DoUntilSignal(abandon, [&] {
-    const WorkInHand in_hand;
-    ReadAndWrite(options, books);
-  });
+  try {
+    run(options.text);
+  } catch (const Error& error) {
+    throw names.WithSuggestion(error, options.text);
+  }
 }
 
 void AddSqlCommand(CLI::App& app, Asked& asked) {
@@ -57,8 +76,9 @@ void AddSqlCommand(CLI::App& app, Asked& asked) {
   CLI::App* sql = app.add_subcommand("sql", "One SELECT of the reports' dialect on any database");
   CLI::Option* const books =
       sql->add_option("--books", options->books, "the database")->option_text("CONNECTION");
-  sql->add_option("TEXT", options->text, "the SELECT, or the condition; - reads the standard input")
-      ->required();
+  CLI::Option* const text = sql->add_option(
+      "TEXT", options->text,
+      "the SELECT, or the condition; - reads the standard input; without it a prompt");
   CLI::Option* const condition =
       sql->add_option("--condition", options->condition_on,
                       "check TEXT as a condition on these tables of the reports, without books")
@@ -70,9 +90,12 @@ void AddSqlCommand(CLI::App& app, Asked& asked) {
       "Examples:\n"
       "  stolvane sql --books mine.db \"select top 5 * from Items1\"\n"
       "  stolvane sql --books mine.db - < query.sql\n"
+      "  stolvane sql --books mine.db                 a prompt with .tables and .columns\n"
       "  stolvane sql --condition Desr1,DesrDetails1 \"Desr1.Date > #03/31/2004#\"");
-  sql->callback([&asked, options, books, condition] {
+  sql->callback([&asked, options, books, condition, text] {
     if (books->empty() && condition->empty()) throw CLI::RequiredError(books->get_name());
+    if (text->empty() && books->empty()) throw CLI::RequiredError(text->get_name());
+    options->typed = text->empty();
     options->output.books = options->books;
     asked.command = [options] {
       if (options->text == "-") options->text = StandardInput();

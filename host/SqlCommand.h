@@ -11,6 +11,7 @@ struct SqlOptions {
   std::string books;
   std::string text;
   std::string condition_on;  // tables: the text is a condition on them, which is checked alone
+  bool typed = false;        // texts come from the standard input, one after the other
   bool translate = false;    // print the engine's text instead of running it
   OutputOptions output;
 };

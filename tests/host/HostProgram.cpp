@@ -41,11 +41,12 @@ int WaitFor(pid_t process) {
 }
 
 Running Start(const books::test::Folder& folder, const Words& words,
-              const std::optional<std::string>& output = {}) {
+              const std::optional<std::string>& output = {},
+              const std::string& input = "/dev/null") {
   Running running{.out_file = folder.File("out"), .err_file = folder.File("err")};
   posix_spawn_file_actions_t files;
   posix_spawn_file_actions_init(&files);
-  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, input.c_str(), O_RDONLY, 0);
   if (!output) {
     posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, running.out_file.c_str(),
                                      O_WRONLY | O_CREAT, 0600);
@@ -79,6 +80,11 @@ Finished Stolvane(const Words& words) {
   return Finish(Start(folder, words));
 }
 
+Finished StolvaneWithInput(const std::string& input, const Words& words) {
+  const books::test::Folder folder;
+  return Finish(Start(folder, words, {}, input));
+}
+
 Finished StolvaneInto(const std::string& output, const Words& words) {
   const books::test::Folder folder;
   folder.Write("out", "");
@@ -93,11 +99,12 @@ Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds) {
   return Finish(running);
 }
 
-Finished StolvaneOnTerminal(const Words& words, unsigned short lines, unsigned short columns,
-                            const std::string& pager) {
+namespace {
+
+Finished OnTerminal(const Words& words, const winsize& size, const std::string& pager,
+                    const std::string& typed) {
   Words own = words;
   const std::vector<char*> arguments = ArgumentsOf(own);
-  const winsize size{.ws_row = lines, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
   int terminal = -1;
   const pid_t process = forkpty(&terminal, nullptr, nullptr, &size);
   if (process < 0) throw std::runtime_error("there is no terminal to be had");
@@ -105,6 +112,9 @@ Finished StolvaneOnTerminal(const Words& words, unsigned short lines, unsigned s
     setenv("PAGER", pager.c_str(), 1);
     execv(PST_HOST_PROGRAM, arguments.data());
     _exit(127);
+  }
+  if (write(terminal, typed.data(), typed.size()) < 0) {
+    throw std::runtime_error("the terminal takes no input");
   }
   Finished finished;
   char bytes[4096];
@@ -115,6 +125,19 @@ Finished StolvaneOnTerminal(const Words& words, unsigned short lines, unsigned s
   close(terminal);
   finished.status = WaitFor(process);
   return finished;
+}
+
+}  // namespace
+
+Finished StolvaneOnTerminal(const Words& words, unsigned short lines, unsigned short columns,
+                            const std::string& pager) {
+  return OnTerminal(words, {.ws_row = lines, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0},
+                    pager, "");
+}
+
+Finished StolvaneAtPrompt(const Words& words, const std::string& typed) {
+  return OnTerminal(words, {.ws_row = 200, .ws_col = 200, .ws_xpixel = 0, .ws_ypixel = 0}, "cat",
+                    typed);
 }
 
 const std::string& SampleHost::Books() {

@@ -19,6 +19,8 @@ using Words = std::vector<std::string>;
 
 // Runs the program to its end, neither input nor output being a terminal.
 [[nodiscard]] Finished Stolvane(const Words& words);
+// The same with its standard input from a file.
+[[nodiscard]] Finished StolvaneWithInput(const std::string& input, const Words& words);
 // The same with its standard output into a file, from which nothing is read, or closed for "".
 [[nodiscard]] Finished StolvaneInto(const std::string& output, const Words& words);
 // Runs it and sends it a signal once it has been at work for a while.
@@ -27,6 +29,9 @@ using Words = std::vector<std::string>;
 // with line ends as a terminal has them.
 [[nodiscard]] Finished StolvaneOnTerminal(const Words& words, unsigned short lines,
                                           unsigned short columns, const std::string& pager);
+
+// The same on a large terminal, where somebody types this.
+[[nodiscard]] Finished StolvaneAtPrompt(const Words& words, const std::string& typed);
 
 // Sample books for all tests of a program, and a folder for each.
 class SampleHost : public testing::Test {

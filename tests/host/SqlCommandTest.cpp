@@ -78,6 +78,47 @@ TEST_F(Sql, AConditionIsCheckedWithoutBooks) {
   EXPECT_EQ(Stolvane({"sql", "--books", Other(), "--condition", "Desr1", "1 = 1"}).status, 2);
 }
 
+// What somebody types, or sends from a file; at a prompt an error does not end it.
+TEST_F(Sql, StatementsAreTypedOneAfterTheOther) {
+  folder.Write("typed",
+               ".tables\n.columns thing\nselect name\nfrom thing\nwhere id = 1;\n"
+               "select count(*) as many from thing\n\n.quit\nselect never\n");
+  const Finished typed = StolvaneWithInput(folder.File("typed"), {"sql", "--books", Other()});
+  EXPECT_EQ(typed.status, 0) << typed.err;
+  for (const char* const part :
+       {"Table\n─────\nthing\n", "price", "money", "A \"b\"", "many", "2"}) {
+    EXPECT_NE(typed.out.find(part), std::string::npos) << part << '\n' << typed.out;
+  }
+  folder.Write("wrong", "select nme from thing;\nselect 1 as one;\n");
+  const Finished wrong = StolvaneWithInput(folder.File("wrong"), {"sql", "--books", Other()});
+  EXPECT_EQ(wrong.status, 1);
+  EXPECT_EQ(wrong.out, "");
+  EXPECT_NE(wrong.err.find("unknown column \"nme\"; did you mean \"name\"?"), std::string::npos)
+      << wrong.err;
+}
+
+TEST_F(Sql, ANameThatIsNotThereIsAnsweredWithTheNearest) {
+  const auto told = [this](const std::string& text) {
+    return Stolvane({"sql", "--books", Other(), text}).err;
+  };
+  EXPECT_NE(told("select id from thng").find("\"thng\"; did you mean \"thing\"?"),
+            std::string::npos);
+  EXPECT_NE(told("select thing.nam from thing").find("\"nam\"; did you mean \"name\"?"),
+            std::string::npos);
+  EXPECT_EQ(told("select quantity from thing").find("did you mean"), std::string::npos);
+}
+
+TEST_F(Sql, APromptGoesOnAfterAnError) {
+  const Finished seen = StolvaneAtPrompt({"sql", "--books", Other()},
+                                         "select nme from thing;\n.columns thng\nselect 6 * 7 as "
+                                         "answer;\n.quit\n");
+  EXPECT_EQ(seen.status, 0) << seen.out;
+  for (const char* const part : {"sql> ", "unknown column \"nme\"; did you mean \"name\"?",
+                                 "there is no table \"thng\"; did you mean \"thing\"?", "42"}) {
+    EXPECT_NE(seen.out.find(part), std::string::npos) << part << '\n' << seen.out;
+  }
+}
+
 TEST_F(Sql, ShowsAnEmptyResult) {
   const Finished finished =
       Stolvane({"sql", "--books", Other(), "select id from thing where id > 5"});
