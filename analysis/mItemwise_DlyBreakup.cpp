@@ -5,7 +5,6 @@
 #include "analysis/ItemWise_DlyBkup.h"
 #include "session/RowLoop.h"
 #include "session/data/RowGroups.h"
-#include "session/data/SureSum.h"
 #include "session/data/TextFold.h"
 #include "session/rowset/ReportWriter.h"
 
@@ -181,12 +180,11 @@ class Breakup {
 
   // Null counts as nothing beside a quantity, and alone is error 94.
   [[nodiscard]] float OpeningIn(ColumnHandle quantity) const {
-    SureSum sum;
+    std::optional<double> sum;
     for (const Recordset::Row& row : days_.Undated()) {
-      if (!row.IsNull(quantity)) sum.Add(row.Double(quantity));
+      if (!row.IsNull(quantity)) sum = sum.value_or(0) + row.Double(quantity);
     }
-    return static_cast<float>(sum.count > 0 ? sum.Result()
-                                            : days_.Undated().front().Double(quantity));
+    return static_cast<float>(sum ? *sum : days_.Undated().front().Double(quantity));
   }
 
   void WriteName(Target to, const Recordset::Row& row) {
