@@ -27,6 +27,12 @@ std::string Within(Date from, Date to) {
   return fmt::format("godownitem1.date between #{}# and #{}#", SqlDateText(from), SqlDateText(to));
 }
 
+// Before the period or in it, also where the period ends before it begins.
+std::string UpToTheEnd(Date from, Date to) {
+  if (to < from) return Before(from);
+  return fmt::format("(godownitem1.date is null or godownitem1.date <= #{}#)", SqlDateText(to));
+}
+
 std::string OfColor(const ColorMonthsArguments& arguments) {
   return fmt::format("godownitem1.item_id = {} and godownitem1.color_id = {}", arguments.lngItem_id,
                      arguments.lngColor_Id);
@@ -40,24 +46,26 @@ constexpr std::string_view kOutwards =
 constexpr std::string_view kBalance =
     "case when godownitem1.isadded = 1 then godownitem1.qty else -godownitem1.qty end";
 
-// The sums of each item and colour, as "moved".
+// The sums of each item and colour, as "moved". Each row's date is compared as seldom as can be:
+// what is not before the period lies in it, for the rest is left out.
 std::string MovedColors(const ColorwiseArguments& arguments, const DocumentFilter& filter) {
   const QueryFilter colors = FilterOfColors(filter);
-  const std::string before = Before(arguments.dtFromDate);
-  const std::string within = fmt::format("godownitem1.yearno = {} and {}", arguments.bytYearno,
-                                         Within(arguments.dtFromDate, arguments.dtToDate));
-  const auto sum = [](std::string_view quantity, std::string_view where) {
-    return fmt::format("isnull(sum(case when {} then {} else 0 end),0)", where, quantity);
+  const std::string from = SqlDateText(arguments.dtFromDate);
+  const auto moved = [&](int added) {
+    return fmt::format(
+        "isnull(sum(case when godownitem1.isadded = {} and godownitem1.date >= #{}# and "
+        "godownitem1.yearno = {} then godownitem1.qty else 0 end),0)",
+        added, from, arguments.bytYearno);
   };
   return fmt::format(
-      "(select godownitem1.item_id,godownitem1.color_id,{} as opening,{} as inwards,"
-      "{} as outwards from godownitem1{} where {}{}godownitem1.yearno <= {} and {} and "
-      "({} or {}) group by godownitem1.item_id,godownitem1.color_id) as moved",
-      sum(kBalance, before), sum(kInwards, within), sum(kOutwards, within), colors.Joins(),
-      colors.Conditions(),
+      "(select godownitem1.item_id,godownitem1.color_id,"
+      "isnull(sum(case when godownitem1.date >= #{}# then 0 else {} end),0) as opening,"
+      "{} as inwards,{} as outwards from godownitem1{} where {}{}godownitem1.yearno <= {} and {} "
+      "and {} group by godownitem1.item_id,godownitem1.color_id) as moved",
+      from, kBalance, moved(1), moved(0), colors.Joins(), colors.Conditions(),
       arguments.lngItem_id > 0 ? fmt::format("godownitem1.item_id = {} and ", arguments.lngItem_id)
                                : std::string(),
-      arguments.bytYearno, kCounts, before, Within(arguments.dtFromDate, arguments.dtToDate));
+      arguments.bytYearno, kCounts, UpToTheEnd(arguments.dtFromDate, arguments.dtToDate));
 }
 
 }  // namespace
@@ -99,9 +107,11 @@ std::string ComposeColorMonths(const ColorMonthsArguments& arguments,
                                const DocumentFilter& filter) {
   const QueryFilter colors = FilterOfColors(filter);
   return fmt::format(
-      "select year(godownitem1.date) * 100 + month(godownitem1.date) as Inc_Id,"
-      "isnull(sum({}),0) as Inwards,isnull(sum({}),0) as Outwards from godownitem1{} "
-      "where {}{} and {} and {} group by year(godownitem1.date),month(godownitem1.date)",
+      "select year(date) * 100 + month(date) as Inc_Id,isnull(sum(inwards),0) as Inwards,"
+      "isnull(sum(outwards),0) as Outwards from "
+      "(select godownitem1.date as date,sum({}) as inwards,sum({}) as outwards from "
+      "godownitem1{} where {}{} and {} and {} group by godownitem1.date) as days "
+      "group by year(date),month(date)",
       kInwards, kOutwards, colors.Joins(), colors.Conditions(),
       Within(arguments.dtFromDate, arguments.dtToDate), kCounts, OfColor(arguments));
 }
