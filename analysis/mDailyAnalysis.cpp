@@ -156,8 +156,9 @@ class Days {
     writer_.AddLine(numbered_ ? counter_ : ReportWriter::kNoNumber);
     writer_.Text(kColumns.At("Child"), date);
     writer_.Text(kColumns.At("Date"), date);
-    writer_.Text(kColumns.At("Particulars1Sort"),
-                 locale_.FormatGeneralDate(row[from_.date].ToDate()));
+    writer_.Text(
+        kColumns.At("Particulars1Sort"),
+        arguments_.blnUseLongDate ? locale_.FormatGeneralDate(row.DateOf(from_.date)) : date);
     writer_.NumberOrBlank(kColumns.At("QtyOut"), figures.out);
     writer_.NumberOrBlank(kColumns.At("QtyIn"), figures.in);
     writer_.Value(kColumns.At("QtyOut1Sort"), figures.out);
