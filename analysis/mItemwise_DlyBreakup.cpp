@@ -5,6 +5,7 @@
 #include "analysis/ItemWise_DlyBkup.h"
 #include "session/RowLoop.h"
 #include "session/data/RowGroups.h"
+#include "session/data/SureSum.h"
 #include "session/data/TextFold.h"
 #include "session/rowset/ReportWriter.h"
 
@@ -180,11 +181,12 @@ class Breakup {
 
   // Null counts as nothing beside a quantity, and alone is error 94.
   [[nodiscard]] float OpeningIn(ColumnHandle quantity) const {
-    std::optional<double> sum;
+    SureSum sum;
     for (const Recordset::Row& row : days_.Undated()) {
-      if (!row.IsNull(quantity)) sum = sum.value_or(0) + row.Double(quantity);
+      if (!row.IsNull(quantity)) sum.Add(row.Double(quantity));
     }
-    return static_cast<float>(sum ? *sum : days_.Undated().front().Double(quantity));
+    return static_cast<float>(sum.count > 0 ? sum.Result()
+                                            : days_.Undated().front().Double(quantity));
   }
 
   void WriteName(Target to, const Recordset::Row& row) {

@@ -8,8 +8,8 @@
  * says what was wrong, for this thread, until the next call that fails on it. docs/hosts.md lists
  * the numbers. 7 is memory that has run out; while books are opened it is 501, and the text ends in
  * "out of memory". Nothing is thrown out of these functions. A null handle is error 91; so are a
- * released one, one that is none, and one of another thread, unless a new handle has taken the place
- * of a released one. Zero bytes in error texts are written as "\0".
+ * released one, one that is none, and one of another thread, unless a new handle has taken the
+ * place of a released one. Zero bytes in error texts are written as "\0".
  * Texts. UTF-8. What is returned as char* belongs to the caller and goes back by pst_text_free;
  * what is returned as const char* belongs to the library and lives as long as is said with it. */
 #ifndef PSTOLVANE1_C_H

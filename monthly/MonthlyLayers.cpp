@@ -46,17 +46,19 @@ class LineReader {
 // A group is always taken alone: that is meant.
 std::string ComposeMonthlyLayers(const MonthlyArguments& arguments) {
   const QueryPart subject = MovementsOf(arguments, Below::kNothing);
+  // On every line, as the ledger has one source: a group, which has many lines, does without.
+  const std::string_view units = IsOfOneItem(arguments)
+                                     ? " , uom1.uomname as uom , uomalt.uomname as altuom , "
+                                       "items1.relationformula as relformula"
+                                     : "";
   return fmt::format(
-      "select {} , godownitem1.qty "
-      ", godownitem1.rate , godownitem1.isopeningbal , godownitem1.isadded , godownitem1.yearno , "
-      "godownitem1.date , uom1.uomname as uom , uomalt.uomname as altuom , items1.relationformula "
-      "as relformula from godownitem1{}{} where {} and {} <= "
-      "{} and ( godownitem1.date <= #{}# or godownitem1.isopeningbal = -1 ) and "
-      "godownitem1.optional = 0 order by {} , godownitem1.yearno , godownitem1.date , "
-      "godownitem1.desrdetails_id , "
-      "godownitem1.godownitem_id ",
-      kStockKey, subject.joins, kUnitJoins, subject.condition, kYear, arguments.bytYearno,
-      SqlDateText(arguments.dtToDate), kStockKey);
+      "select {0} , godownitem1.qty , godownitem1.rate , godownitem1.isopeningbal , "
+      "godownitem1.isadded , godownitem1.yearno , godownitem1.date{1} from godownitem1{2}{3} where "
+      "{4} and {5} <= {6} and ( godownitem1.date <= #{7}# or godownitem1.isopeningbal = -1 ) and "
+      "godownitem1.optional = 0 order by {0} , godownitem1.yearno , godownitem1.date , "
+      "godownitem1.desrdetails_id , godownitem1.godownitem_id ",
+      kStockKey, units, subject.joins, kUnitJoins, subject.condition, kYear, arguments.bytYearno,
+      SqlDateText(arguments.dtToDate));
 }
 
 SourceQueries Monthly_Layers(const modStolvane1& /*module*/, const MonthlyArguments& arguments) {

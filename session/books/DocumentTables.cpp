@@ -76,9 +76,9 @@ constexpr Column kGodownItem1[] = {{"GodownItem_id", kKey},
                                    {"Color_id", kWhole},
                                    {"IsAltUnit", kFlag}};
 // Two wide indexes stand in for the table in the valuations: one in the order of the stock keys,
-// for what is summed by key, and one in the order of days, for what walks the movements. Of two
-// that serve alike the engine takes the one made last, and the order of keys suits the grouping
-// queries better.
+// for what is summed by key or walks the layers of one, and one in the order of days, for what
+// walks the movements of all. Of two that serve alike the engine takes the one made last, and the
+// order of keys suits the grouping queries better.
 constexpr Index kGodownItem1Indexes[] = {
     {"GodownItem1_Date", "Date"},
     {"GodownItem1_Desr", "GDesr_id, Item_id, Godown_id, Batch_id, GSrNo, GOriginalVouchertype_id"},
@@ -91,8 +91,8 @@ constexpr Index kGodownItem1Indexes[] = {
      "YearNo, Date, DesrDetails_id, GodownItem_id, Item_id, Godown_id, Batch_id, IsAdded, "
      "IsOpeningBal, Optional, Qty, Rate, GOriginalVouchertype_id, GDesr_id, Color_id"},
     {"GodownItem1_Item",
-     "Item_id, Godown_id, Batch_id, YearNo, Date, IsAdded, IsOpeningBal, Optional, Qty, Rate, "
-     "GOriginalVouchertype_id, GDesr_id, Color_id"}};
+     "Item_id, Godown_id, Batch_id, YearNo, Date, DesrDetails_id, GodownItem_id, IsAdded, "
+     "IsOpeningBal, Optional, Qty, Rate, GOriginalVouchertype_id, GDesr_id, Color_id"}};
 
 constexpr Column kTerms1[] = {{"DesrTerms_id", kKey},
                               {"Desr_id", kWhole},

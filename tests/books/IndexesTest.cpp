@@ -58,6 +58,14 @@ TEST_F(Indexes, FindTheMovementsOfOneItem) {
             "SEARCH GodownItem1 USING COVERING INDEX GodownItem1_Item (Item_id=?)\n");
 }
 
+TEST_F(Indexes, WalkTheLayersOfOneItemWithoutSortingOrTouchingTheTable) {
+  EXPECT_EQ(Plan("SELECT Godown_id, Batch_id, Qty, Rate, YearNo, Date, IsOpeningBal, IsAdded FROM "
+                 "GodownItem1 WHERE Item_id = 20 AND (Date <= '2006-03-31' OR IsOpeningBal = 1) "
+                 "AND Optional = 0 ORDER BY Godown_id, Batch_id, YearNo, Date, DesrDetails_id, "
+                 "GodownItem_id"),
+            "SEARCH GodownItem1 USING COVERING INDEX GodownItem1_Item (Item_id=?)\n");
+}
+
 TEST_F(Indexes, FindWhatExecutesAMovementWithoutTouchingTheTable) {
   EXPECT_THAT(
       Plan("SELECT g.GDesr_id, (SELECT sum(abs(e.Qty)) FROM GodownItem1 e WHERE "
