@@ -32,7 +32,7 @@ std::string DidYouMean(const std::string& word, const std::vector<std::string>& 
 }
 
 RecordsetPtr NewList(std::initializer_list<std::string_view> columns) {
-  const RecordsetPtr rowset = Recordset::New();
+  RecordsetPtr rowset = Recordset::New();
   for (const std::string_view column : columns) rowset->Fields().Append(column, adVarChar);
   rowset->Open();
   return rowset;
@@ -59,13 +59,13 @@ books::Reader& SqlNames::Opened() {
 }
 
 RecordsetPtr SqlNames::Tables() {
-  const RecordsetPtr rowset = NewList({"Table"});
+  RecordsetPtr rowset = NewList({"Table"});
   for (const std::string& name : Opened().TableNames()) Add(*rowset, {name});
   return rowset;
 }
 
 RecordsetPtr SqlNames::Columns(const std::string& table) {
-  const RecordsetPtr rowset = NewList({"Column", "Type"});
+  RecordsetPtr rowset = NewList({"Column", "Type"});
   for (const books::DeclaredColumn& column : Opened().ColumnsIn({table, {}, {}, {}})) {
     Add(*rowset, {column.name, column.type ? sql::NameOf(*column.type) : "cannot be read"});
   }
