@@ -79,8 +79,9 @@ class ToldDays {
       if (!std::is_sorted(days.begin(), days.end(), is_earlier)) {
         std::sort(days.begin(), days.end(), is_earlier);
       }
-      items_.push_back({.name = NameIn(days.front(), from.item_name),
-                        .id = days.front().Int64(from.item_id),
+      const Recordset::Row first = days.front();
+      items_.push_back({.name = NameIn(first, from.item_name),
+                        .id = first.Int64(from.item_id),
                         .days = std::move(days)});
     }
     if (!undated_.empty()) {
