@@ -98,7 +98,7 @@ class BillReport {
       return a.IsNull(column) == b.IsNull(column) &&
              (a.IsNull(column) || a.Double(column) == b.Double(column));
     };
-    return same(document_) && same(item_) && same(quantity_) && same(rate_);
+    return same(item_) && same(quantity_) && same(rate_) && same(document_);
   }
 
   void WriteReceipts(const Recordset::Row& bill) {
