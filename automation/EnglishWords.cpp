@@ -4,6 +4,7 @@
 namespace pstolvane1::automation {
 namespace {
 
+constexpr ColumnWords kStockByItem[] = {First("ItemName", "Item")};
 constexpr ColumnWords kStockByGodown[] = {Is("Particulars", "Godown")};
 constexpr ColumnWords kStockByClass[] = {Is("Particulars", "Item class")};
 constexpr ColumnWords kStockByCategory[] = {Is("Particulars", "Item category")};
@@ -257,6 +258,7 @@ constexpr ColumnWords kServiceTax[] = {
 };
 
 const ReportWords kEnglish[] = {
+    {"StockDetails_Item", kStockByItem},
     {"StockDetails_Godown", kStockByGodown},
     {"StockDetails_Class", kStockByClass},
     {"StockDetails_Category", kStockByCategory},

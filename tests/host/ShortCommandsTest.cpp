@@ -90,6 +90,20 @@ TEST_F(ShortCommands, EveryFormRunsOnTheSampleBooks) {
   }
 }
 
+// Godowns stand below their item, items below their group, groups below the group above.
+TEST_F(ShortCommands, WhatBelongsToALineIsMovedInBelowIt) {
+  const auto shown = [](const Words& more) {
+    Words words = {"stock", Books(), "2004-05", "--detailed", "--columns"};
+    words.insert(words.end(), more.begin(), more.end());
+    return Stolvane(words).out;
+  };
+  const std::string items = shown({"item"});
+  EXPECT_NE(items.find("\nItem\n"), std::string::npos) << items;
+  EXPECT_NE(items.find("\n  Main Store"), std::string::npos) << items;
+  const std::string groups = shown({"item category", "--by", "group"});
+  EXPECT_NE(groups.find("\nSpare Parts\n  Body Parts\n    "), std::string::npos) << groups;
+}
+
 TEST_F(ShortCommands, WhatCannotBeIsToldWithWhatCould) {
   EXPECT_EQ(Told({"months", Books()}),
             "stolvane: \"months --by item\" is of one item: name it with --only\n");
