@@ -26,12 +26,13 @@ std::size_t StorageWidth(DataType type) {
     case adInteger:
     case adSingle:
       return sizeof(std::int32_t);
+    case adBSTR:
+    case adVarChar:
+      return sizeof(TextRef);
     case adDouble:
     case adCurrency:
     case adDate:
     case adBigInt:
-    case adBSTR:
-    case adVarChar:
       return sizeof(std::int64_t);
     case adChapter:
       return 0;
@@ -45,8 +46,10 @@ std::size_t StorageWidth(DataType type) {
 Chunk::Chunk(const std::vector<ColumnInfo>& columns, std::size_t capacity) : capacity_(capacity) {
   columns_.reserve(columns.size());
   for (const ColumnInfo& column : columns) {
-    columns_.push_back({StorageWidth(column.type), nullptr, kZeros.data(),
-                        std::make_unique<std::uint64_t[]>(Words(capacity))});
+    columns_.push_back({.width = StorageWidth(column.type),
+                        .values = nullptr,
+                        .readable = kZeros.data(),
+                        .present = std::make_unique<std::uint64_t[]>(Words(capacity))});
     if (capacity > kRows) MakeRoom(columns_.back());
   }
 }
@@ -71,13 +74,13 @@ void Chunk::Reserve(std::size_t capacity) {
 }
 
 void Chunk::SetText(std::size_t column, std::size_t row, std::string_view text) {
-  if (row > 0 && !IsNull(column, row - 1) && Text(column, row - 1) == text) {
-    Set(column, row, Get<TextRef>(column, row - 1));
-    return;
+  TextRef& last = columns_[column].last;
+  if (texts_.At(last) != text) {
+    // A cell that is written anew with what it holds takes no room either.
+    if (!IsNull(column, row) && Text(column, row) == text) return;
+    last = texts_.Add(text);
   }
-  // A cell that is written anew with what it holds takes no room either.
-  if (!IsNull(column, row) && Text(column, row) == text) return;
-  Set(column, row, texts_.Add(text));
+  Set(column, row, last);
 }
 
 std::size_t Chunk::Bytes() const {

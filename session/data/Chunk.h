@@ -63,7 +63,7 @@ class Chunk {
   [[nodiscard]] std::string_view Text(std::size_t column, std::size_t row) const {
     return texts_.At(Get<TextRef>(column, row));
   }
-  // A text that repeats the one of the row before takes no room of its own.
+  // A text that repeats the one written last into the column takes no room of its own.
   void SetText(std::size_t column, std::size_t row, std::string_view text);
 
   // A whole column, for scans: the cells (those that are Null hold anything), and a bit per row
@@ -85,6 +85,7 @@ class Chunk {
     std::unique_ptr<std::byte[]> values;  // null before the first write
     const std::byte* readable;            // the values, or zeros in their stead
     std::unique_ptr<std::uint64_t[]> present;
+    TextRef last{};  // the text that was written last
   };
 
   void MakeRoom(Column& column) const;

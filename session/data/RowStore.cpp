@@ -103,7 +103,7 @@ std::uint32_t RowStore::AddRow() {
     chunks_.push_back(std::make_unique<Chunk>(columns_, kFirstRoom));
   } else if (chunks_.back()->Full()) {
     if (chunks_.back()->Capacity() < Chunk::kRows && chunks_.size() == 1) {
-      chunks_.back()->Reserve(std::min(chunks_.back()->Capacity() * 4, Chunk::kRows));
+      chunks_.back()->Reserve(std::min(chunks_.back()->Capacity() * 2, Chunk::kRows));
     } else {
       chunks_.push_back(std::make_unique<Chunk>(columns_));
       first_rows_ = chunks_.front()->Capacity();

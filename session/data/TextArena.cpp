@@ -1,6 +1,5 @@
 #include "session/data/TextArena.h"
 
-#include <cstring>
 #include <limits>
 
 #include "session/data/Error.h"
@@ -25,21 +24,30 @@ std::uint32_t TextArena::AddBlock(std::size_t bytes) {
 }
 
 TextRef TextArena::Add(std::string_view text) {
-  if (text.empty()) return {0, 0};
+  if (text.empty()) return {};
+  const auto size = static_cast<std::uint32_t>(text.size());
+  const bool in_a_byte = text.size() < kLong;
+  const std::size_t bytes = text.size() + 1 + (in_a_byte ? 0 : sizeof(size));
   std::uint32_t offset = 0;
-  if (text.size() > kSlotBytes) {
-    offset = AddBlock(text.size());
+  if (bytes > kSlotBytes) {
+    offset = AddBlock(bytes);
   } else {
-    if (text.size() > open_room_) {
+    if (bytes > open_room_) {
       open_offset_ = AddBlock(kSlotBytes);
       open_room_ = kSlotBytes;
     }
     offset = open_offset_;
-    open_offset_ += static_cast<std::uint32_t>(text.size());
-    open_room_ -= text.size();
+    open_offset_ += static_cast<std::uint32_t>(bytes);
+    open_room_ -= bytes;
   }
-  std::memcpy(slots_[offset >> kSlotBits] + (offset & (kSlotBytes - 1)), text.data(), text.size());
-  return {offset, static_cast<std::uint32_t>(text.size())};
+  char* to = ByteAt(offset);
+  *to++ = static_cast<char>(in_a_byte ? text.size() : kLong);
+  if (!in_a_byte) {
+    std::memcpy(to, &size, sizeof(size));
+    to += sizeof(size);
+  }
+  std::memcpy(to, text.data(), text.size());
+  return {offset + 1};
 }
 
 }  // namespace pstolvane1

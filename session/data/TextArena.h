@@ -3,33 +3,45 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string_view>
 #include <vector>
 
 namespace pstolvane1 {
 
-// A text's place in its arena. Length 0 is the empty text.
+// A text's place in its arena, from 1. 0 is the empty text.
 struct TextRef {
-  std::uint32_t offset;
-  std::uint32_t length;
+  std::uint32_t place = 0;
 };
 
 // Texts laid one behind another in blocks that never move, so that a view of one stays valid until
-// the arena goes. Nothing is taken back before that.
+// the arena goes. Nothing is taken back before that. A text's length stands before it, in a byte
+// for all but long ones, so that a cell holds its place alone.
 class TextArena {
  public:
   // Error 6 beyond 4 GiB.
   [[nodiscard]] TextRef Add(std::string_view text);
   [[nodiscard]] std::string_view At(TextRef ref) const {
-    if (ref.length == 0) return "";
-    return {slots_[ref.offset >> kSlotBits] + (ref.offset & (kSlotBytes - 1)), ref.length};
+    if (ref.place == 0) return "";
+    const char* const length = ByteAt(ref.place - 1);
+    const auto in_a_byte = static_cast<unsigned char>(*length);
+    if (in_a_byte != kLong) return {length + 1, in_a_byte};
+    std::uint32_t size = 0;
+    std::memcpy(&size, length + 1, sizeof(size));
+    return {length + 1 + sizeof(size), size};
   }
   [[nodiscard]] std::size_t Bytes() const { return bytes_; }
 
  private:
   static constexpr unsigned kSlotBits = 14;
   static constexpr std::size_t kSlotBytes = std::size_t{1} << kSlotBits;
+  // The first byte of a length that takes the four behind it. Shorter ones are a byte alone.
+  static constexpr unsigned char kLong = 255;
+
+  [[nodiscard]] char* ByteAt(std::uint32_t offset) const {
+    return slots_[offset >> kSlotBits] + (offset & (kSlotBytes - 1));
+  }
 
   // Takes the next slots for a block of that many bytes and gives the offset of its first byte.
   std::uint32_t AddBlock(std::size_t bytes);

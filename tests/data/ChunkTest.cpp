@@ -132,6 +132,31 @@ TEST(Chunk, NullCellsHoldNoRunTogether) {
   EXPECT_TRUE(chunk.IsNull(1, 0));
 }
 
+TEST(Chunk, KeepsATextOnceThatComesBackAfterOtherRows) {
+  Chunk chunk(kColumns);
+  chunk.AddRow();
+  chunk.SetText(1, 0, std::string(1000, 'x'));
+  const std::size_t once = chunk.Bytes();
+  for (std::size_t row = 1; row < Chunk::kRows; ++row) {
+    chunk.AddRow();
+    if (row % 2 == 0) chunk.SetText(1, row, std::string(1000, 'x'));
+  }
+  EXPECT_EQ(chunk.Bytes(), once);
+  EXPECT_TRUE(chunk.IsNull(1, 4093));
+  EXPECT_EQ(chunk.Text(1, 4094).size(), 1000U);
+}
+
+TEST(Chunk, ReadsTextsOfEveryLength) {
+  Chunk chunk(kColumns);
+  std::vector<std::string> texts;
+  for (const std::size_t size :
+       {1U, 254U, 255U, 256U, 16378U, 16379U, 16383U, 16384U, 70000U, 3U}) {
+    texts.push_back(std::string(size - 1, 'a') + static_cast<char>('a' + texts.size()));
+  }
+  for (const std::string& text : texts) chunk.SetText(1, chunk.AddRow(), text);
+  for (std::size_t row = 0; row < texts.size(); ++row) EXPECT_EQ(chunk.Text(1, row), texts[row]);
+}
+
 TEST(Chunk, ReserveKeepsTheRows) {
   Chunk chunk(kColumns, 2);
   chunk.AddRow();
