@@ -29,41 +29,45 @@ DataType TypeOf(CellPlace cell) {
   return cell.store.Column(cell.column).type;
 }
 
-void CheckPresent(CellPlace cell) {
-  if (cell.store.IsNull(cell.column, cell.row)) {
+// A cell of a column that is there, once it is known not to be Null.
+RowStore::Place PresentAt(CellPlace cell) {
+  const RowStore::Place at = cell.store.At(cell.row);
+  if (at.chunk->IsNull(static_cast<std::size_t>(cell.column), at.row)) {
     throw Error(ErrorNumber::kInvalidUseOfNull,
                 Told(cell.store.Column(cell.column)) + " is Null in this row");
   }
+  return at;
 }
 
-Currency MoneyOf(CellPlace cell) {
-  return Currency::FromTenThousandths(cell.store.Get<std::int64_t>(cell.column, cell.row));
+// T is the storage type of the column.
+template <typename T>
+T Stored(CellPlace cell, RowStore::Place at) {
+  return at.chunk->Get<T>(static_cast<std::size_t>(cell.column), at.row);
 }
 
-Date DateOf(CellPlace cell) { return Date(cell.store.Get<double>(cell.column, cell.row)); }
+Currency MoneyOf(CellPlace cell, RowStore::Place at) {
+  return Currency::FromTenThousandths(Stored<std::int64_t>(cell, at));
+}
 
-// Of any column that numbers can be read from.
-Number NumberAt(CellPlace cell, DataType type) {
-  if (type == adChapter) RaiseMismatch(cell, "a number");
-  CheckPresent(cell);
+Number NumberOf(CellPlace cell, DataType type, RowStore::Place at) {
   switch (type) {
     case adBoolean:
-      return std::int32_t{cell.store.Get<std::int16_t>(cell.column, cell.row)};
+      return std::int32_t{Stored<std::int16_t>(cell, at)};
     case adInteger:
-      return cell.store.Get<std::int32_t>(cell.column, cell.row);
+      return Stored<std::int32_t>(cell, at);
     case adBigInt:
-      return cell.store.Get<std::int64_t>(cell.column, cell.row);
+      return Stored<std::int64_t>(cell, at);
     case adSingle:
-      return static_cast<double>(cell.store.Get<float>(cell.column, cell.row));
+      return static_cast<double>(Stored<float>(cell, at));
     case adCurrency:
-      return MoneyOf(cell);
+      return MoneyOf(cell, at);
     case adDouble:
     case adDate:
-      return cell.store.Get<double>(cell.column, cell.row);
+      return Stored<double>(cell, at);
     default:
       break;
   }
-  const std::string_view text = cell.store.Text(cell.column, cell.row);
+  const std::string_view text = at.chunk->Text(static_cast<std::size_t>(cell.column), at.row);
   const std::optional<Number> number = Number::FromText(text);
   if (!number) {
     throw Error(ErrorNumber::kTypeMismatch, Told(cell.store.Column(cell.column)) +
@@ -73,22 +77,28 @@ Number NumberAt(CellPlace cell, DataType type) {
   return *number;
 }
 
-// Cells of the type that is wanted are read at once, all others by way of a Number.
-template <typename Stored, typename Convert>
-auto ReadNumber(CellPlace cell, DataType wanted, Convert convert) -> decltype(convert(Number(0))) {
+// Cells of the types that direct knows are read at once, all others by way of a Number.
+template <typename Direct, typename Convert>
+auto ReadNumber(CellPlace cell, const Direct& direct, const Convert& convert) {
   const DataType type = TypeOf(cell);
-  if constexpr (std::is_same_v<Stored, decltype(convert(Number(0)))>) {
-    if (type == wanted) {
-      CheckPresent(cell);
-      return cell.store.Get<Stored>(cell.column, cell.row);
-    }
-  }
-  const Number number = NumberAt(cell, type);
+  if (type == adChapter) RaiseMismatch(cell, "a number");
+  const RowStore::Place at = PresentAt(cell);
+  if (const auto value = direct(type, at)) return *value;
+  const Number number = NumberOf(cell, type, at);
   try {
     return convert(number);
   } catch (const Error& error) {
     throw error.While("reading " + Told(cell.store.Column(cell.column)));
   }
+}
+
+// Of cells that are stored as T in a column of one type alone.
+template <typename T, typename Convert>
+T ReadOwn(CellPlace cell, DataType own, const Convert& convert) {
+  const auto direct = [&](DataType type, RowStore::Place at) {
+    return type == own ? std::optional(Stored<T>(cell, at)) : std::nullopt;
+  };
+  return ReadNumber(cell, direct, convert);
 }
 
 bool IsText(DataType type) { return type == adBSTR || type == adVarChar; }
@@ -133,26 +143,34 @@ bool IsNullAt(CellPlace cell) {
 }
 
 std::int32_t Int32At(CellPlace cell) {
-  return ReadNumber<std::int32_t>(cell, adInteger, [](Number n) { return n.ToInt32(); });
+  return ReadOwn<std::int32_t>(cell, adInteger, [](Number n) { return n.ToInt32(); });
 }
 std::int64_t Int64At(CellPlace cell) {
-  return ReadNumber<std::int64_t>(cell, adBigInt, [](Number n) { return n.ToInt64(); });
+  return ReadOwn<std::int64_t>(cell, adBigInt, [](Number n) { return n.ToInt64(); });
 }
 float SingleAt(CellPlace cell) {
-  return ReadNumber<float>(cell, adSingle, [](Number n) { return n.ToSingle(); });
+  return ReadOwn<float>(cell, adSingle, [](Number n) { return n.ToSingle(); });
 }
 double DoubleAt(CellPlace cell) {
-  return ReadNumber<double>(cell, adDouble, [](Number n) { return n.ToDouble(); });
+  const auto direct = [&](DataType type, RowStore::Place at) -> std::optional<double> {
+    if (type == adDouble) return Stored<double>(cell, at);
+    if (type == adCurrency) return MoneyOf(cell, at).ToDouble();
+    return std::nullopt;
+  };
+  return ReadNumber(cell, direct, [](Number n) { return n.ToDouble(); });
 }
 Currency MoneyAt(CellPlace cell) {
-  return ReadNumber<void>(cell, adCurrency, [](Number n) { return n.ToCurrency(); });
+  const auto direct = [&](DataType type, RowStore::Place at) {
+    return type == adCurrency ? std::optional(MoneyOf(cell, at)) : std::nullopt;
+  };
+  return ReadNumber(cell, direct, [](Number n) { return n.ToCurrency(); });
 }
 
 Date DateAt(CellPlace cell) {
   const DataType type = TypeOf(cell);
   if (type == adChapter || type == adBoolean) RaiseMismatch(cell, "a date");
-  CheckPresent(cell);
-  if (type == adDate) return DateOf(cell);
+  const RowStore::Place at = PresentAt(cell);
+  if (type == adDate) return Date(Stored<double>(cell, at));
   try {
     return ValueAt(cell).ToDate();
   } catch (const Error& error) {
@@ -163,8 +181,8 @@ Date DateAt(CellPlace cell) {
 bool FlagAt(CellPlace cell) {
   const DataType type = TypeOf(cell);
   if (type == adChapter || type == adDate) RaiseMismatch(cell, "a flag");
-  CheckPresent(cell);
-  if (type == adBoolean) return cell.store.Get<std::int16_t>(cell.column, cell.row) != 0;
+  const RowStore::Place at = PresentAt(cell);
+  if (type == adBoolean) return Stored<std::int16_t>(cell, at) != 0;
   try {
     return ValueAt(cell).ToBoolean().IsSet();
   } catch (const Error& error) {
@@ -198,19 +216,19 @@ Variant ValueAt(CellPlace cell) {
   if (at.chunk->IsNull(column, at.row)) return Null;
   switch (type) {
     case adBoolean:
-      return Boolean(at.chunk->Get<std::int16_t>(column, at.row));
+      return Boolean(Stored<std::int16_t>(cell, at));
     case adInteger:
-      return at.chunk->Get<std::int32_t>(column, at.row);
+      return Stored<std::int32_t>(cell, at);
     case adBigInt:
-      return at.chunk->Get<std::int64_t>(column, at.row);
+      return Stored<std::int64_t>(cell, at);
     case adSingle:
-      return at.chunk->Get<float>(column, at.row);
+      return Stored<float>(cell, at);
     case adDouble:
-      return at.chunk->Get<double>(column, at.row);
+      return Stored<double>(cell, at);
     case adCurrency:
-      return MoneyOf(cell);
+      return MoneyOf(cell, at);
     case adDate:
-      return DateOf(cell);
+      return Date(Stored<double>(cell, at));
     default:
       return at.chunk->Text(column, at.row);
   }
