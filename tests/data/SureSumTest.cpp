@@ -1,5 +1,6 @@
 // Sums of floats in any order.
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <random>
 #include <vector>
@@ -36,6 +37,24 @@ TEST(SureSum, TheOrderDoesNotCount) {
   for (int i = 0; i < 50; ++i) {
     std::shuffle(values.begin(), values.end(), random);
     EXPECT_EQ(SumOf(values), sum);
+  }
+}
+
+// The rule as the server's text reckons it.
+double ByLogarithm(const SureSum& sum) {
+  const double places = 13 - std::ceil(std::log10(sum.size) - 0.02);
+  const double up = std::pow(10.0, std::clamp(places, 0.0, 300.0));
+  const double down = std::pow(10.0, std::clamp(-places, 0.0, 22.0));
+  return std::nearbyint((sum.sum + sum.lost) * up / down) * down / up + 0.0;
+}
+
+TEST(SureSum, EverySizeIsRoundedToItsThirteenthFigure) {
+  std::mt19937 random(11);
+  std::uniform_real_distribution<double> any(-1, 1);
+  for (double size = 1e-12; size < 1e20; size *= 1.03) {
+    SureSum sum;
+    for (int i = 0; i < 5; ++i) sum.Add(any(random) * size);
+    EXPECT_EQ(sum.Result(), ByLogarithm(sum)) << size;
   }
 }
 
