@@ -7,6 +7,7 @@
 #include "stock/AverageYears.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
+#include "stock/KeyOrder.h"
 #include "valuation/UnpricedStock.h"
 
 namespace pstolvane1 {
@@ -50,10 +51,13 @@ ValuedKeys ValueKeys(ReportFrame& frame) {
     const RecordsetPtr source = frame.Rowset(Source::rsReport);
     const auto first_year = std::make_shared<FirstYear>(frame, source);
     return {.keys = source,
+            .rows = KeysInOrder(*source),
             .value = [first_year](const Recordset::Row& row) { return first_year->Value(row); }};
   }
   const RecordsetPtr folded = mStock_MergeYears(frame);
-  return {.keys = folded, .value = [figures = AverageColumns(*folded)](const Recordset::Row& row) {
+  return {.keys = folded,
+          .rows = {folded->Rows().begin(), folded->Rows().end()},
+          .value = [figures = AverageColumns(*folded)](const Recordset::Row& row) {
             return figures.Read(row);
           }};
 }

@@ -8,11 +8,10 @@
 
 namespace pstolvane1 {
 
-// One row an item, godown, batch and year, ordered by item name, item, godown, batch and year:
-// names and units; QTYBAL, AVGRATE, TOTALVALUE at the end of the period, QTYOP, RATEOP, VALUEOP at
-// the day before it, what enters the average up to both days (qtyinforcalculation,
-// totalvalueinforcalculation and the same with "op" behind), and QTYIN, RATEIN, VALUEIN, QTYOUT,
-// RATEOUT, VALUEOUT of the period. Under a tree also ItemCategory_Id. Not normalised.
+// One row an item, godown, batch and year, in no order: names and units; QTYBAL and TOTALVALUE at
+// the end of the period, QTYOP and VALUEOP at the day before it, what enters the average up to both
+// days (qtyinforcalculation, totalvalueinforcalculation and the same with "op" behind), and QTYIN,
+// VALUEIN, QTYOUT, VALUEOUT of the period. Under a tree also ItemCategory_Id. Not normalised.
 [[nodiscard]] std::string ComposeAverage(const StockArguments& arguments,
                                          const DocumentFilter& filter);
 

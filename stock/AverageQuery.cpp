@@ -13,19 +13,19 @@ constexpr std::string_view kKey =
     "GODOWNITEM1.ITEM_ID , GODOWNITEM1.GODOWN_ID , GODOWNITEM1.BATCH_ID , GODOWNITEM1.YEARNO";
 
 // What a line counts in the position with, and what it enters the average with: inwards its
-// quantity, an outward opening line negative, any other outward line nothing.
+// quantity, an outward opening line negative, any other outward line nothing. A sum takes Null for
+// nothing, and costs an engine less than adding zeros.
 constexpr std::string_view kMoved =
     "CASE WHEN ISADDED = -1 THEN GODOWNITEM1.QTY ELSE -GODOWNITEM1.QTY END";
 constexpr std::string_view kEntering =
     "CASE WHEN ISADDED = -1 THEN GODOWNITEM1.QTY WHEN GODOWNITEM1.ISOPENINGBAL = -1 THEN "
-    "-GODOWNITEM1.QTY ELSE 0 END";
+    "-GODOWNITEM1.QTY END";
 
 // A sum of the lines that meet a condition, or of all lines; never Null.
 std::string Sum(std::string_view name, std::string_view value, std::string_view condition) {
-  return condition.empty()
-             ? fmt::format(" , ISNULL ( SUM ( {} ) , 0 ) as {}", value, name)
-             : fmt::format(" , ISNULL ( SUM ( CASE WHEN {} THEN {} ELSE 0 END ) , 0 ) as {}",
-                           condition, value, name);
+  return condition.empty() ? fmt::format(" , ISNULL ( SUM ( {} ) , 0 ) as {}", value, name)
+                           : fmt::format(" , ISNULL ( SUM ( CASE WHEN {} THEN {} END ) , 0 ) as {}",
+                                         condition, value, name);
 }
 
 // The sums of a position. Its names end in "op" for the opening.
@@ -48,18 +48,14 @@ std::string PeriodSums(std::string_view days) {
   return sums;
 }
 
-std::string Rate(std::string_view value, std::string_view quantity) {
-  return fmt::format("CASE WHEN AAA.{0} <> 0 THEN AAA.{1} / AAA.{0} ELSE 0 END", quantity, value);
-}
-
-// A position's rate and value. The rate is rounded to money and made positive before it is
-// multiplied, so that the value has the quantity's sign.
-std::string Valued(std::string_view op, std::string_view quantity, std::string_view rate_name,
-                   std::string_view value_name) {
-  const std::string rate = Rate(fmt::format("totalvalueinforcalculation{}", op),
-                                fmt::format("qtyinforcalculation{}", op));
-  return fmt::format(" , {0} as {1} , ABS(CAST( {0} AS MONEY)) * AAA.{2} as {3}", rate, rate_name,
-                     quantity, value_name);
+// A position's value. The rate is rounded to money and made positive before it is multiplied, so
+// that the value has the quantity's sign.
+std::string Valued(std::string_view op, std::string_view quantity, std::string_view value_name) {
+  return fmt::format(
+      " , ABS(CAST( CASE WHEN AAA.qtyinforcalculation{0} <> 0 THEN "
+      "AAA.totalvalueinforcalculation{0} / AAA.qtyinforcalculation{0} ELSE 0 END AS MONEY)) * "
+      "AAA.{1} as {2}",
+      op, quantity, value_name);
 }
 
 std::string UpTo(std::string_view day) {
@@ -82,18 +78,16 @@ std::string ComposeAverage(const StockArguments& arguments, const DocumentFilter
   return fmt::format(
       "select GODOWN1.GODOWNNAME as GODOWN , ITEMS1.ITEMNAME as ITEMNAME , BATCHES1.BATCHCODE as "
       "BATCHCODE , ITEMS1.MaintainBatches as MaintainBatches , UOM1.UOMNAME as UOM , "
-      "UOMALT.UOMNAME as ALTUOM , ITEMS1.RELATIONFORMULA as RELFORMULA , {}AAA.*{}{} , {} as "
-      "ratein , {} as rateout from ((((( select {}{}{}{} from GODOWNITEM1 {} where {}"
+      "UOMALT.UOMNAME as ALTUOM , ITEMS1.RELATIONFORMULA as RELFORMULA , {}AAA.*{}{} "
+      "from ((((( select {}{}{}{} from GODOWNITEM1 {} where {}"
       "GODOWNITEM1.OPTIONAL = 0 and GODOWNITEM1.YEARNO < {} and {} group by {} ) as AAA "
       "inner join GODOWN1 on GODOWN1.GODOWN_ID = AAA.GODOWN_ID and GODOWN1.DELETED = 0 ) "
       "inner join ITEMS1 on ITEMS1.ITEM_ID = AAA.ITEM_ID and ITEMS1.DELETED = 0 ) "
       "inner join UOM1 on UOM1.UOM_ID = ITEMS1.UOM_ID ) "
       "inner join UOM1 AS  UOMALT on UOMALT.UOM_ID = ITEMS1.ALTERNATEUOM_ID ) "
-      "inner join BATCHES1 on BATCHES1.BATCH_ID = AAA.BATCH_ID {} order by  Items1.ItemName,  "
-      "aaa.item_Id , aaa.godown_Id , aaa.batch_Id ,  aaa.yearno ",
-      SelectGroup(arguments.tree), Valued("", "qtybal", "avgrate", "totalvalue"),
-      Valued("op", "qtyop", "rateop", "valueop"), Rate("valuein", "qtyin"),
-      Rate("valueout", "qtyout"), kKey, PositionSums("qtybal", "", turned ? up_to : ""),
+      "inner join BATCHES1 on BATCHES1.BATCH_ID = AAA.BATCH_ID {}",
+      SelectGroup(arguments.tree), Valued("", "qtybal", "totalvalue"),
+      Valued("op", "qtyop", "valueop"), kKey, PositionSums("qtybal", "", turned ? up_to : ""),
       PositionSums("qtyop", "op", before), PeriodSums(days), with_openings.Joins(),
       with_openings.Conditions(), arguments.bytYearno + 1, turned ? before : up_to, kKey,
       arguments.condition);

@@ -5,6 +5,7 @@
 #include "movements/GroupRows.h"
 #include "movements/RateReader.h"
 #include "stock/AverageColumns.h"
+#include "stock/KeyOrder.h"
 #include "stock/ValuedKeys.h"
 #include "valuation/AverageFold.h"
 #include "valuation/UnpricedStock.h"
@@ -27,8 +28,7 @@ RecordsetPtr NewFoldedRows(bool with_group) {
   for (const std::string_view name : kKeys) append(name, adBigInt);
   if (with_group) append(kGroupId, adBigInt);
   for (const std::string_view name : {"QtyBal", "QtyOp", "QtyIn", "QtyOut"}) append(name, adSingle);
-  for (const std::string_view name :
-       {"AvgRate", "TotalValue", "RateOP", "ValueOp", "RateIn", "ValueIn", "RateOut", "ValueOut"}) {
+  for (const std::string_view name : {"TotalValue", "ValueOp", "ValueIn", "ValueOut"}) {
     append(name, adCurrency);
   }
   rows->Open();
@@ -61,15 +61,14 @@ class YearFolding {
     }
     carried_.insert(carried_.end(), key_.begin(), key_.end());
     if (source->HasColumn(kGroupId)) carried_.push_back(Both(kGroupId));
-    for (const std::string_view name :
-         {"QtyIn", "RateIn", "ValueIn", "QtyOut", "RateOut", "ValueOut"}) {
+    for (const std::string_view name : {"QtyIn", "ValueIn", "QtyOut", "ValueOut"}) {
       last_year_.push_back(Both(name));
     }
   }
 
   RecordsetPtr Fold() {
     std::optional<Recordset::Row> last;
-    for (const Recordset::Row row : source_->Rows()) {
+    for (const Recordset::Row& row : KeysInOrder(*source_)) {
       if (last && SameKey(*last, row)) {
         AddYear(row);
       } else {
@@ -122,22 +121,18 @@ class YearFolding {
 
   void EndKey() {
     if (!closing_) return;
-    WritePosition(closing_->Position(), to_figures_.qtybal, to_figures_.total_value, "AvgRate");
-    WritePosition(opening_->Position(), to_figures_.qtyop, to_figures_.value_op, "RateOp");
+    WritePosition(closing_->Position(), to_figures_.qtybal, to_figures_.total_value);
+    WritePosition(opening_->Position(), to_figures_.qtyop, to_figures_.value_op);
     folded_->Update();
   }
 
-  void WritePosition(const StockFigure& position, ColumnHandle quantity, ColumnHandle value,
-                     std::string_view rate) {
+  void WritePosition(const StockFigure& position, ColumnHandle quantity, ColumnHandle value) {
     folded_->Set(quantity, position.quantity);
     folded_->Set(value, position.value);
-    if (position.quantity != 0) {
-      folded_->Set(folded_->Column(rate), Currency::FromDouble(RateOf(position)));
-    }
   }
 
   void Carry(const std::vector<Carried>& columns, const Recordset::Row& row) {
-    for (const Carried& column : columns) folded_->Set(column.to, row[column.from]);
+    for (const Carried& column : columns) folded_->SetFrom(column.to, row, column.from);
   }
 
   RecordsetPtr source_;

@@ -5,42 +5,52 @@
 
 #include "movements/GroupQuery.h"
 #include "movements/RateQueries.h"
+#include "session/data/Error.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
+#include "stock/KeyOrder.h"
 #include "valuation/LayerLines.h"
 
 namespace pstolvane1 {
 namespace {
 
-constexpr std::int32_t kPeriodBook = 2;
+// The parts of LINE.
+constexpr std::uint32_t kKindBits = 3;
+constexpr unsigned kSaleShift = 2;
+constexpr std::uint32_t kPeriodBit = 16;
+
+Currency AsMoney(double amount) {
+  try {
+    return Currency::FromDouble(amount);
+  } catch (const Error& error) {
+    throw error.While("reading the amount of a line");
+  }
+}
 
 // Where a line stands, the same in the lines of every stock key.
 struct LineColumns {
   explicit LineColumns(const Recordset& lines)
-      : kind(lines.Column("KIND")),
-        sale(lines.Column("SALE")),
-        book(lines.Column("BOOK_ID")),
+      : line(lines.Column("LINE")),
         year(lines.Column("YEARNO")),
         quantity(lines.Column("QUANTITY")),
-        amount(lines.Column("AMOUNT")),
         rate(lines.Column("RATE")) {}
 
-  // A line that is nothing to the layers may have no quantity.
-  [[nodiscard]] StockLine Read(const Recordset::Row& line) const {
-    StockLine read{.kind = static_cast<StockLine::Kind>(line.Int32(kind)),
-                   .sale = static_cast<StockLine::Sale>(line.Int32(sale)),
-                   .year = line.Int32(year),
-                   .in_period = line.Int32(book) == kPeriodBook,
-                   .rate = line.Double(rate)};
-    if (read.kind != StockLine::Kind::kNothing || !line.IsNull(quantity)) {
-      read.quantity = line.Double(quantity);
-      read.amount = line.Double(amount);
-      read.value = line.Money(amount);
+  // Without its year. A line that is nothing to the layers may have no quantity.
+  [[nodiscard]] StockLine Read(const Recordset::Row& row) const {
+    const auto parts = static_cast<std::uint32_t>(row.Int32(line));
+    StockLine read{.kind = static_cast<StockLine::Kind>(parts & kKindBits),
+                   .sale = static_cast<StockLine::Sale>(parts >> kSaleShift & kKindBits),
+                   .in_period = (parts & kPeriodBit) != 0,
+                   .rate = row.Double(rate)};
+    if (read.kind != StockLine::Kind::kNothing || !row.IsNull(quantity)) {
+      read.quantity = row.Double(quantity);
+      read.amount = read.quantity * read.rate;
+      read.value = AsMoney(read.amount);
     }
     return read;
   }
 
-  ColumnHandle kind, sale, book, year, quantity, amount, rate;
+  ColumnHandle line, year, quantity, rate;
 };
 
 // The lines of one stock key at a time.
@@ -58,13 +68,20 @@ class LayerReader {
       read_.push_back(columns_->Read(line));
       layers_.push_back(AsLayer(read_.back()));
     }
-    return WalkLayers(layers_, SumSales(read_), method_, [this] {
-      years_ = SumYears(read_);
+    return WalkLayers(layers_, SumSales(read_), method_, [&] {
+      years_ = YearsOf(*chapter);
       return std::span<const LayerYear>(years_);
     });
   }
 
  private:
+  // Few keys need them.
+  std::vector<LayerYear> YearsOf(const Recordset& chapter) {
+    auto line = read_.begin();
+    for (const Recordset::Row row : chapter.Rows()) line++->year = row.Int32(columns_->year);
+    return SumYears(read_);
+  }
+
   ColumnHandle lines_;
   enmValuationMethod method_;
   std::optional<LineColumns> columns_;
@@ -81,6 +98,7 @@ ValuedKeys ValueKeys(ReportFrame& frame) {
   const RecordsetPtr keys = frame.Rowset(Source::rsReport);
   const auto reader = std::make_shared<LayerReader>(*keys, frame.module.ValuationMethod);
   return {.keys = keys,
+          .rows = KeysInOrder(*keys),
           .value = [reader](const Recordset::Row& key) { return reader->Value(key); },
           .block_end = BlockEnd::kRuleLine};
 }

@@ -8,10 +8,10 @@
 
 namespace pstolvane1 {
 
-// A shape command: one row an item, godown and batch with names and units, by item name, and under
-// a tree ItemCategory_Id. Its chapter CHPTRANS has its lines in walking order: KIND and SALE as
-// numbers of StockLine, BOOK_ID (1 before the period and 2 in it), YEARNO, QUANTITY, AMOUNT (the
-// quantity at the rate) and RATE. Not normalised.
+// A shape command: one row an item, godown and batch with names and units, in no order, and under a
+// tree ItemCategory_Id. Its chapter CHPTRANS has its lines in walking order: LINE (its kind as a
+// number of StockLine, 4 times its sale, and 16 in the period), YEARNO, QUANTITY and RATE. Not
+// normalised.
 [[nodiscard]] std::string ComposeFifoLifo(const StockArguments& arguments,
                                           const DocumentFilter& filter);
 

@@ -8,11 +8,14 @@
 namespace pstolvane1 {
 namespace {
 
-// The numbers are those of StockLine. Opening lines have no date; an outward one is a negative
-// layer and no sale.
-constexpr std::string_view kKind =
+// What a line is, in one number: cells are what a line costs. Its kind in StockLine, 4 times its
+// sale, and 16 in the period. Opening lines have no date; an outward one is a negative layer and no
+// sale.
+constexpr std::string_view kLine =
     "CASE WHEN ISADDED = -1 THEN 1 WHEN ISOPENINGBAL = -1 THEN 2 WHEN ISADDED = 0 AND ISOPENINGBAL "
-    "= 0 THEN 3 ELSE 0 END";
+    "= 0 THEN 3 ELSE 0 END + CASE WHEN ISADDED = 0 AND GODOWNITEM1.DATE <= #{0}#{1} THEN CASE WHEN "
+    "GODOWNITEM1.DATE < #{2}# THEN 4 ELSE 8 END ELSE 0 END + CASE WHEN GODOWNITEM1.DATE < #{2}# OR "
+    "ISOPENINGBAL = -1 THEN 0 ELSE 16 END";
 // Opening lines have neither date nor voucher line: the last column settles which comes first.
 constexpr std::string_view kOldestFirst =
     "Godownitem1.YEARNO ASC , GODOWNITEM1.DATE ASC , DESRDETAILS_ID ASC , GODOWNITEM_ID ASC";
@@ -35,15 +38,13 @@ std::string Keys(const Texts& texts) {
 
 std::string Lines(enmValuationMethod method, const Texts& texts) {
   return fmt::format(
-      "SELECT ITEM_ID , GODOWN_ID , BATCH_ID , {0} AS KIND , CASE WHEN ISADDED = 0 AND "
-      "GODOWNITEM1.DATE <= #{1}#{2} THEN CASE WHEN GODOWNITEM1.DATE < #{3}# THEN 1 ELSE 2 END ELSE "
-      "0 END AS SALE , CASE WHEN GODOWNITEM1.DATE < #{3}# OR ISOPENINGBAL = -1 THEN 1 ELSE 2 END "
-      "AS BOOK_ID , GODOWNITEM1.YEARNO , CAST ( QTY AS FLOAT ) AS QUANTITY , QTY * "
-      "GODOWNITEM1.RATE AS AMOUNT , GODOWNITEM1.RATE AS RATE from GODOWNITEM1 {4} where {5} ( "
-      "GODOWNITEM1.DATE <= #{1}# OR ISOPENINGBAL = -1 ) AND GODOWNITEM1.OPTIONAL = 0 AND "
-      "GODOWNITEM1.YEARNO <= {6} ORDER BY {7}",
-      kKind, texts.to, texts.filter.Joined(), texts.from, texts.filter.Joins(),
-      texts.filter.Conditions(), texts.year, method == FifoRate ? kOldestFirst : kNewestFirst);
+      "SELECT ITEM_ID , GODOWN_ID , BATCH_ID , {0} AS LINE , GODOWNITEM1.YEARNO , CAST ( QTY AS "
+      "FLOAT ) AS QUANTITY , GODOWNITEM1.RATE AS RATE from GODOWNITEM1 {1} where {2} ( "
+      "GODOWNITEM1.DATE <= #{3}# OR ISOPENINGBAL = -1 ) AND GODOWNITEM1.OPTIONAL = 0 AND "
+      "GODOWNITEM1.YEARNO <= {4} ORDER BY {5}",
+      fmt::format(kLine, texts.to, texts.filter.Joined(), texts.from), texts.filter.Joins(),
+      texts.filter.Conditions(), texts.to, texts.year,
+      method == FifoRate ? kOldestFirst : kNewestFirst);
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #include "stock/GroupStatement.h"
 
+#include <map>
+#include <vector>
+
 #include "movements/GroupRows.h"
 #include "session/RowLoop.h"
-#include "session/data/RowGroups.h"
 #include "valuation/GroupTree.h"
 
 namespace pstolvane1 {
@@ -16,8 +18,12 @@ class GroupStatement {
         arguments_(frame.module.Kept<StockArguments>()),
         item_lines_(arguments_.blnDetailed || arguments_.blnOnlyItems),
         keys_(*valued.keys),
-        by_group_(valued.keys->GroupBy({kGroupId})),
-        writer_(frame, arguments_, false) {}
+        writer_(frame, arguments_, false) {
+    const ColumnHandle group_id = valued.keys->Column(kGroupId);
+    for (const Recordset::Row& row : valued.rows) {
+      if (!row.IsNull(group_id)) by_group_[row.Int64(group_id)].push_back(row);
+    }
+  }
 
   RecordsetPtr Write() {
     const std::vector<StockGroup> groups = ReadGroups(*frame_.Rowset(Source::RsCategory));
@@ -39,17 +45,16 @@ class GroupStatement {
     const Bookmark head = Lines().Line();
     sums_ = {};
     bool has_stock = false;
-    ForEachSourceRow(frame_, *valued_.keys, by_group_.Find({group.id}),
-                     [&](const Recordset::Row& row) {
-                       const std::optional<StockFigures> figures = valued_.value(row);
-                       if (!figures) return;
-                       has_stock = true;
-                       if (!in_item_ || keys_.ItemId(row) != item_id_) {
-                         CloseItem(group);
-                         OpenItem(group, row);
-                       }
-                       item_sums_ += *figures;
-                     });
+    ForEachSourceRow(frame_, *valued_.keys, by_group_[group.id], [&](const Recordset::Row& row) {
+      const std::optional<StockFigures> figures = valued_.value(row);
+      if (!figures) return;
+      has_stock = true;
+      if (!in_item_ || keys_.ItemId(row) != item_id_) {
+        CloseItem(group);
+        OpenItem(group, row);
+      }
+      item_sums_ += *figures;
+    });
     CloseItem(group);
     if (!has_stock) return;
     Lines().ReturnTo(head);
@@ -89,7 +94,7 @@ class GroupStatement {
   StockArguments arguments_;
   bool item_lines_;
   StockKeyColumns keys_;
-  RowGroups by_group_;
+  std::map<std::int64_t, std::vector<Recordset::Row>> by_group_;
   StockWriter writer_;
   bool in_item_ = false;
   std::int64_t item_id_ = 0;

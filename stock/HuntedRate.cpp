@@ -6,6 +6,7 @@
 #include "stock/HuntedRateQuery.h"
 #include "stock/HuntedValues.h"
 #include "stock/ItemStatement.h"
+#include "stock/KeyOrder.h"
 
 namespace pstolvane1 {
 namespace {
@@ -50,7 +51,7 @@ ValuedKeys ValueKeys(ReportFrame& frame) {
   const ColumnHandle item = keys->Column("Item_Id");
   const ColumnHandle godown = keys->Column("Godown_Id");
   const ColumnHandle batch = keys->Column("Batch_Id");
-  return {.keys = keys, .value = [=](const Recordset::Row& key) {
+  return {.keys = keys, .rows = KeysInOrder(*keys), .value = [=](const Recordset::Row& key) {
             return values->Value(quantities.Read(key), key.Int64(item),
                                  {key.Int64(godown), key.Int64(batch)});
           }};

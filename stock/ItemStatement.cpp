@@ -15,7 +15,7 @@ class ItemStatement {
         writer_(frame, frame.module.Kept<StockArguments>(), true) {}
 
   RecordsetPtr Write() {
-    ForEachSourceRow(frame_, *valued_.keys, [this](const Recordset::Row& row) {
+    ForEachSourceRow(frame_, *valued_.keys, valued_.rows, [this](const Recordset::Row& row) {
       const std::optional<StockFigures> figures = valued_.value(row);
       if (!figures) return;
       if (!in_item_ || keys_.ItemId(row) != item_id_) {

@@ -21,8 +21,7 @@ std::string ComposeNamedKeys(const StockArguments& arguments, KeyItems items, st
       "inner join UOM1 on UOM1.UOM_ID = ITEMS1.UOM_ID ) "
       "inner join UOM1 as UOMALT1 on UOMALT1.UOM_ID = ITEMS1.ALTERNATEUOM_ID ) "
       "inner join BATCHES1 on BATCHES1.BATCH_ID = STOCKKEYS.BATCH_ID "
-      "where {3}ITEMS1.DELETED = 0 and GODOWN1.DELETED = 0 {4} "
-      "order by ITEMS1.ITEMNAME , STOCKKEYS.ITEM_ID , STOCKKEYS.GODOWN_ID , STOCKKEYS.BATCH_ID",
+      "where {3}ITEMS1.DELETED = 0 and GODOWN1.DELETED = 0 {4}",
       SelectGroup(arguments.tree), figures, keys, made, arguments.condition);
 }
 

@@ -14,8 +14,8 @@ enum class KeyItems { kAll, kMadeByTheYear };
 // One row for each row of keys, a SELECT that gives ITEM_ID, GODOWN_ID and BATCH_ID and each key
 // once, if its item and godown are not deleted: the ids, under a tree ItemCategory_Id, ITEMNAME,
 // GODOWNNAME, BATCHCODE, MAINTAINBATCHES, UOMNAME, ALTUOMNAME, RELATIONFORMULA, and the figures of
-// keys, named with a comma in front of each. By item name, then by the ids. The names are joined
-// to the keys, which are few beside the movements.
+// keys, named with a comma in front of each. In no order: see KeyOrder. The names are joined to the
+// keys, which are few beside the movements.
 [[nodiscard]] std::string ComposeNamedKeys(const StockArguments& arguments, KeyItems items,
                                            std::string_view keys, std::string_view figures = {});
 

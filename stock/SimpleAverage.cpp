@@ -69,6 +69,7 @@ ValuedKeys ValueKeys(ReportFrame& frame) {
   const RecordsetPtr year = frame.Rowset(Source::rsReport)->Clone(adLockUnspecified);
   const auto totals = std::make_shared<Totals>(*year);
   return {.keys = items,
+          .rows = {items->Rows().begin(), items->Rows().end()},
           .value = [totals, id = items->Column("Item_Id")](const Recordset::Row& item) {
             return totals->Value(item.Int64(id));
           }};

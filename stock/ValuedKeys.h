@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "session/data/Recordset.h"
 #include "stock/StockWriter.h"
@@ -19,7 +20,8 @@ enum class BlockEnd {
 };
 
 struct ValuedKeys {
-  RecordsetPtr keys;  // one row a stock key, the rows of an item together
+  RecordsetPtr keys;                 // one row a stock key
+  std::vector<Recordset::Row> rows;  // those of keys in a statement's order
   // The figures of a row of keys, called once for each row in the statement's order; nothing for a
   // row that the statement passes over.
   std::function<std::optional<StockFigures>(const Recordset::Row&)> value;

@@ -103,6 +103,7 @@ class StatementTest : public testing::Test {
     }
     const ColumnHandle item = rows->Column("Item_Id"), godown = rows->Column("Godown_Id");
     return {.keys = rows,
+            .rows = {rows->Rows().begin(), rows->Rows().end()},
             .value = [=](const Recordset::Row& row) -> std::optional<StockFigures> {
               return figures.at({row.Int64(item), row.Int64(godown)});
             },
