@@ -71,7 +71,7 @@ std::size_t UnbalancedLines(const Recordset& report) {
     });
     const auto& [opening, inwards, outwards, closing] = quantity;
     // Quantities are 32-bit floats.
-    const double size = opening + inwards + outwards + 1;
+    const double size = std::fabs(opening) + std::fabs(inwards) + std::fabs(outwards) + 1;
     if (std::fabs(opening + inwards - outwards - closing) > size * kFloatNoise) ++lines;
   }
   return lines;

@@ -390,16 +390,17 @@ TEST(Export, AClosingQuantityThatDoesNotFollowHasANote) {
   }
   report->Fields().Append("DummySort", adBigInt, 0, adFldIsNullable);
   report->Open();
-  const auto add = [&](const char* name, float closing) {
+  const auto add = [&](const char* name, float closing, float opening = 10) {
     report->AddNew();
     report->Collect("ItemName", Variant(name));
-    report->Collect("QtyOpSort", 10.0F);
+    report->Collect("QtyOpSort", opening);
     report->Collect("QtyInSort", 5.0F);
     report->Collect("QtyOutSort", 4.0F);
     report->Collect("QtyClSort", closing);
     report->Update();
   };
   add("Bolt", 11);
+  add("Sold before it came", -29, -30);
   std::ostringstream balanced, unbalanced;
   ExportHtml(*report, "Stock", kIndia, balanced);
   EXPECT_EQ(balanced.str().find("class=\"note\""), std::string::npos);
