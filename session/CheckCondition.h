@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 // "" for a condition that a report can take, else one sentence with the place in the text: a name

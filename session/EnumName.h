@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 struct EnumName {

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 // Each is an expression of the reports' query dialect, such as another column of the same table

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 // Published for hosts to share among themselves; no operation takes or returns it.

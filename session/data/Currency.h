@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 // A 64-bit count of ten-thousandths, so +-922,337,203,685,477.5807. Sums and differences are exact;

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 enum DataType : std::int16_t {

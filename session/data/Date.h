@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 // Days since 30 December 1899 (serial 0), the time of day as fraction of a day, from year 100 to

@@ -5,6 +5,8 @@
 #include <functional>
 #include <memory>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 // The messages that wait for one thread. Every thread that uses rowsets or connections has its own,
