@@ -5,6 +5,7 @@
 #include "session/ReportFrame.h"
 #include "session/data/MessageLoop.h"
 #include "session/data/OutOfMemory.h"
+#include "session/data/RecordsetAccess.h"
 
 namespace pstolvane1 {
 namespace {
@@ -31,6 +32,9 @@ void ReportFrame::ConnectEvents(Source source, Recordset& rowset) {
       frame->SourceFetchProgress(source, rows, max_rows);
     }
   };
+  RecordsetAccess::ImplOf(rowset).fetch_waits = [current](Recordset& from) {
+    if (const auto frame = current(from)) frame->SourceFetchWaits();
+  };
   rowset.FetchComplete = [current, source](const Error* error, int, Recordset& from) {
     const RecordsetPtr keep = from.shared_from_this();
     if (const auto frame = current(from)) {
@@ -52,6 +56,13 @@ void ReportFrame::SourceFetchProgress(Source source, std::int32_t rows, std::int
   }
   slot.seen = true;
   RaiseStepProgress(rows, "FetchingData", max_rows, 20);
+}
+
+void ReportFrame::SourceFetchWaits() {
+  try {
+    TellProgress(progress.Percent(), "FetchingData");
+  } catch (...) {  // the host's own, as from any of its handlers for progress
+  }
 }
 
 void ReportFrame::SourceFetchComplete() {
@@ -122,12 +133,15 @@ void ReportFrame::BeginManipulating() {
 void ReportFrame::RaiseStepProgress(std::int32_t /*lngProgress*/, std::string_view strMessage,
                                     std::int32_t lngCount, std::int32_t lngRange) noexcept {
   try {
-    const std::uint8_t percent = progress.Step(lngCount, lngRange);
-    if (events_ == nullptr || !events_->FetchProgress) return;
-    const auto handler = events_->FetchProgress;  // it may assign another or end the session
-    handler(percent, strMessage);
+    TellProgress(progress.Step(lngCount, lngRange), strMessage);
   } catch (...) {
   }
+}
+
+void ReportFrame::TellProgress(std::uint8_t percent, std::string_view message) const {
+  if (events_ == nullptr || !events_->FetchProgress) return;
+  const auto handler = events_->FetchProgress;  // it may assign another or end the session
+  handler(percent, message);
 }
 
 bool ReportFrame::EndPass(std::int32_t lngRange) {

@@ -1,5 +1,6 @@
 #include "session/Progress.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "session/data/Error.h"
@@ -11,7 +12,11 @@ std::uint8_t Progress::Step(std::int32_t lngCount, std::int32_t lngRange) {
       lngCount == 0 ? 1.0F : static_cast<float>(static_cast<double>(lngRange) / lngCount);
   sngFetchPercent += step;
   if (sngFetchPercent > sngFetchCeiling) sngFetchPercent = sngFetchCeiling;
-  const float rounded = std::nearbyint(sngFetchPercent);
+  return Percent();
+}
+
+std::uint8_t Progress::Percent() const {
+  const float rounded = std::nearbyint(std::min(sngFetchPercent, sngFetchCeiling));
   if (!(rounded >= 0 && rounded <= 255)) {
     throw Error(ErrorNumber::kOverflow, "the percentage of a report does not fit into a byte");
   }

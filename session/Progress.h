@@ -17,6 +17,8 @@ struct Progress {
   // A step of lngRange / lngCount, of 1 where lngCount is 0. Gives the percentage, rounded half to
   // even. Error 6 outside 0 to 255, which only a count or range below 0 can lead to.
   std::uint8_t Step(std::int32_t lngCount, std::int32_t lngRange);
+  // Where it stands, without a step.
+  [[nodiscard]] std::uint8_t Percent() const;
 };
 
 }  // namespace pstolvane1

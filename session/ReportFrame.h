@@ -77,6 +77,8 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   [[nodiscard]] bool Seen(Source source) const;  // it has reported progress
 
   void SourceFetchProgress(Source source, std::int32_t rows, std::int32_t max_rows);
+  // It has no rows yet: the host is told the percentage again, which stays as it is.
+  void SourceFetchWaits();
   // Counts the fetch as done, failed or not, and dispatches.
   void SourceFetchComplete();
   void DispatchFetchComplete();
@@ -111,6 +113,7 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
     return slots_[static_cast<std::size_t>(source)];
   }
   [[nodiscard]] bool Fetches(const Slot& slot) const;
+  void TellProgress(std::uint8_t percent, std::string_view message) const;
   void DropAbandoned();
   // Nothing once the report of that mark is abandoned.
   [[nodiscard]] RecordsetPtr BuildUnlessAbandoned(const ReportRow& row, std::uint64_t mark);

@@ -21,8 +21,9 @@ struct clsStolvane1Events {
   // to whoever pumps.
   std::function<void(RecordsetPtr Rss, std::int32_t anyCount)> FetchComplete;
   // How far a report is: up to 20 with "FetchingData" while rows are read, up to 60 with
-  // "Manipulating" and "manipulating" while its lines are written; it never reaches 100. A report
-  // that is asked for synchronously stays at 20. What the handler throws is passed over.
+  // "Manipulating" and "manipulating" while its lines are written; it never reaches 100. As long as
+  // a fetch has no rows yet, the percentage so far is told about once a second. A report that is
+  // asked for synchronously stays at 20. What the handler throws is passed over.
   std::function<void(std::uint8_t bytFetchPercent, std::string_view strmessage)> FetchProgress;
 };
 

@@ -15,6 +15,7 @@ namespace pstolvane1 {
 namespace {
 
 constexpr std::string_view kDoing = "fetching the rows";
+constexpr std::chrono::seconds kBetweenSigns{1};
 
 std::optional<Error> ErrorOf(const std::exception_ptr& failure) {
   try {
@@ -80,7 +81,8 @@ void AsyncFetch::Run(const shape::Plan& plan, std::shared_ptr<BooksState> state,
 
 void AsyncFetch::Fetch(const shape::Plan& plan, std::shared_ptr<BooksState> state,
                        std::chrono::milliseconds time_limit, std::size_t first_rows) {
-  QueryReader reader(std::move(state), time_limit, stop_);
+  Pulse pulse(kBetweenSigns, [this] { TellThatItWaits(); });
+  QueryReader reader(std::move(state), time_limit, stop_, &pulse);
   if (plan.IsQueryAlone()) {
     reader.Read(*plan.query, plan.columns, first_rows,
                 [this](Chunk chunk) { HandOver(std::move(chunk)); });
@@ -100,10 +102,23 @@ void AsyncFetch::HandOver(Chunk chunk) {
   {
     const std::lock_guard lock(mutex_);
     stop_->Check();
+    any_rows_ = true;
     on_their_way_.push_back(std::move(chunk));
   }
   changed_.notify_one();
   queue_->Post([self = shared_from_this()] { self->TellChunk(); });
+}
+
+void AsyncFetch::TellThatItWaits() {
+  {
+    const std::lock_guard lock(mutex_);
+    if (any_rows_) return;
+  }
+  queue_->Post([self = shared_from_this()] {
+    const RecordsetPtr rowset = self->LiveRowset();
+    if (!rowset || self->handed_over_ > 0) return;
+    if (const auto handler = RecordsetAccess::ImplOf(*rowset).fetch_waits) handler(*rowset);
+  });
 }
 
 void AsyncFetch::Cancel() noexcept {

@@ -17,6 +17,7 @@
 #include "session/data/Error.h"
 #include "session/data/FetchStop.h"
 #include "session/data/MessageLoop.h"
+#include "session/data/Pulse.h"
 #include "session/data/Recordset.h"
 #include "session/data/RecordsetImpl.h"
 #include "session/data/RowStore.h"
@@ -26,7 +27,8 @@ namespace pstolvane1 {
 
 // A thread of its own reads the plan's queries and hands the rows over in whole chunks, one message
 // each, then says that it is at the end; the rowset's thread appends them while it pumps and raises
-// FetchProgress per chunk and FetchComplete once. The rows of a shape command are handed over when
+// FetchProgress per chunk and FetchComplete once. As long as there are no rows the rowset is told
+// once a second that it waits. The rows of a shape command are handed over when
 // all are joined. The reading thread runs ahead of a rowset's thread that does not pump.
 //
 // Who holds what: the reading thread and its messages hold this object, the rowset holds a Handle,
@@ -57,6 +59,7 @@ class AsyncFetch : public std::enable_shared_from_this<AsyncFetch> {
   void Fetch(const shape::Plan& plan, std::shared_ptr<BooksState> state,
              std::chrono::milliseconds time_limit, std::size_t first_rows);
   void HandOver(Chunk chunk);
+  void TellThatItWaits();
 
   // On the rowset's thread.
   void Cancel() noexcept;
@@ -75,6 +78,7 @@ class AsyncFetch : public std::enable_shared_from_this<AsyncFetch> {
 
   std::mutex mutex_;
   std::condition_variable changed_;
+  bool any_rows_ = false;
   JoinedChapters chapters_;  // before the rows that they belong to
   std::list<Chunk> on_their_way_;
   bool ended_ = false;

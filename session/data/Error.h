@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 enum class ErrorNumber : std::int32_t {
@@ -33,7 +35,11 @@ class Error : public std::exception {
   [[nodiscard]] const std::string& Description() const noexcept { return description_; }
   // What lay behind it, where the description is a fixed text that does not say; else "".
   [[nodiscard]] const std::string& Cause() const noexcept { return cause_; }
-  [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
+  // The description, and behind it the cause if there is one: "Unable to Connect to Database:
+  // books.db: no such file".
+  [[nodiscard]] const char* what() const noexcept override {
+    return told_.empty() ? description_.c_str() : told_.c_str();
+  }
 
   // The same error, told with what was being done: "while opening Rs1: ..." .
   [[nodiscard]] Error While(std::string_view doing) const;
@@ -42,6 +48,7 @@ class Error : public std::exception {
   ErrorNumber number_;
   std::string description_;
   std::string cause_;
+  std::string told_;  // with the cause; empty without one
 };
 
 }  // namespace pstolvane1

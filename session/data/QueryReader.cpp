@@ -18,8 +18,8 @@ bool SameColumns(const std::vector<ColumnInfo>& a, const std::vector<ColumnInfo>
 }  // namespace
 
 QueryReader::QueryReader(std::shared_ptr<BooksState> state, std::chrono::milliseconds time_limit,
-                         std::shared_ptr<FetchStop> stop)
-    : state_(std::move(state)), time_limit_(time_limit), stop_(std::move(stop)) {}
+                         std::shared_ptr<FetchStop> stop, Pulse* pulse)
+    : state_(std::move(state)), time_limit_(time_limit), stop_(std::move(stop)), pulse_(pulse) {}
 
 void QueryReader::Read(const shape::QueryPlan& query, const std::vector<ColumnInfo>& columns,
                        std::size_t first_rows, const std::function<void(Chunk)>& take) const {
@@ -34,6 +34,7 @@ void QueryReader::Read(const shape::QueryPlan& query, const std::vector<ColumnIn
 
 void QueryReader::ReadChunks(const shape::QueryPlan& query, const std::vector<ColumnInfo>& columns,
                              std::size_t first_rows, const std::function<void(Chunk)>& take) const {
+  const Pulse::AtWork at_work(pulse_);
   stop_->Check();
   const std::shared_ptr<Snapshot> snapshot = state_->Take(*stop_);
   stop_->Check();

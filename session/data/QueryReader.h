@@ -10,6 +10,7 @@
 #include "session/data/BooksState.h"
 #include "session/data/Chunk.h"
 #include "session/data/FetchStop.h"
+#include "session/data/Pulse.h"
 #include "session/data/ShapePlan.h"
 
 namespace pstolvane1 {
@@ -22,8 +23,9 @@ class QueryReader {
   // without the room of a whole chunk.
   static constexpr std::size_t kSmallChunk = 256;
 
+  // The pulse beats while queries are read; it may be null and must outlive the reader.
   QueryReader(std::shared_ptr<BooksState> state, std::chrono::milliseconds time_limit,
-              std::shared_ptr<FetchStop> stop);
+              std::shared_ptr<FetchStop> stop, Pulse* pulse = nullptr);
 
   // Reads all rows of a query into chunks with the columns given, which begin with the query's own,
   // and hands each over when it is full or the last. The first has first_rows rows. Error
@@ -44,6 +46,7 @@ class QueryReader {
   std::shared_ptr<BooksState> state_;
   std::chrono::milliseconds time_limit_;
   std::shared_ptr<FetchStop> stop_;
+  Pulse* pulse_;
 };
 
 }  // namespace pstolvane1

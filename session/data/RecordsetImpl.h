@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -40,6 +41,9 @@ struct Recordset::Impl {
   // The source.
   std::shared_ptr<Connection> connection;
   std::shared_ptr<RunningFetch> fetch;  // null when none runs
+  // Raised about once a second while the fetch has no rows yet, on the rowset's thread; may be
+  // null.
+  std::function<void(Recordset& self)> fetch_waits;
   std::int32_t initial_fetch_size = 50;
 
   // Error 3704 when closed.

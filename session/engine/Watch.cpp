@@ -1,5 +1,6 @@
 #include "session/engine/Watch.h"
 
+#include "session/data/Pulse.h"
 #include "session/data/WaitingFor.h"
 
 namespace pstolvane1 {
@@ -13,6 +14,7 @@ Watch::Watch(std::chrono::milliseconds limit,
 }
 
 Stop Watch::Check() const noexcept {
+  Pulse::Feel();
   if (WaitingFor::Over()) return Stop::kCancelled;
   for (const Seen& seen : seen_) {
     if (seen.signal != nullptr && seen.signal->Count() != seen.count) return Stop::kCancelled;

@@ -43,8 +43,11 @@ std::string TableOf(Recordset& rowset, const Cells& columns) {
   return Aligned(lines);
 }
 
+// A fetch that is slow to begin repeats the percentage that it has: how often is no part of a
+// report.
 void Record(clsStolvane1& session, Outcome& outcome) {
   session.FetchProgress = [&outcome](std::uint8_t percent, std::string_view message) {
+    if (percent == 0 && message == "FetchingData" && outcome.events.empty()) return;
     const std::string event = std::to_string(percent) + " " + std::string(message);
     if (outcome.events.empty() || outcome.events.back() != event) outcome.events.push_back(event);
   };

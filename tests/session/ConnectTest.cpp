@@ -65,6 +65,7 @@ TEST_F(ConnectTest, ASynchronousFailureIsError501WithItsCause) {
     EXPECT_EQ(error.Number(), ErrorNumber::kConnection);
     EXPECT_EQ(error.Description(), "Unable to Connect to Database");
     EXPECT_EQ(error.Cause(), "books: no such file");
+    EXPECT_STREQ(error.what(), "Unable to Connect to Database: books: no such file");
   }
   EXPECT_EQ(session->GetConnectionObject(), nullptr);
   EXPECT_FALSE(module.blnConnected);

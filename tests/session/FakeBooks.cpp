@@ -1,5 +1,7 @@
 #include "FakeBooks.h"
 
+#include "session/data/Pulse.h"
+
 namespace pstolvane1 {
 namespace {
 
@@ -197,6 +199,7 @@ void FakeBooks::Ran(std::string_view select) {
 void FakeBooks::WaitForRelease(const std::atomic<bool>& cancelled) const {
   std::unique_lock lock(mutex_);
   while (!released_ && !cancelled) {
+    Pulse::Feel();
     released_changed_.wait_for(lock, std::chrono::milliseconds(2));
   }
 }

@@ -59,6 +59,25 @@ TEST_F(ReportTest, BlnReportOf1IsNotTrue) {
   PumpUntil([&] { return !events.empty() && events.back() == "FetchComplete 0"; });
 }
 
+TEST_F(ReportTest, AFetchThatHasNoRowsYetTellsThePercentageAgain) {
+  books->Answer("as amount", [] {
+    FakeTable ledgers = LedgerAmounts({});
+    ledgers.held = true;
+    return ledgers;
+  }());
+  Connect();
+  int told = 0;
+  const auto logging = session->FetchProgress;
+  session->FetchProgress = [&](std::uint8_t percent, std::string_view message) {
+    logging(percent, message);
+    if (message == "FetchingData" && ++told == 2) books->Release();
+  };
+  (void)FetchDocuments();
+  EXPECT_GE(told, 2);
+  EXPECT_EQ(events.front(), "0 FetchingData");
+  EXPECT_EQ(events[1], "1 Manipulating");
+}
+
 TEST_F(ReportTest, ASecondReportBeginsAt20) {
   Connect();
   (void)FetchDocuments();
