@@ -6,6 +6,7 @@
 
 #include "automation/CGuard.h"
 #include "automation/CHandles.h"
+#include "automation/SortText.h"
 #include "automation/pstolvane1_c.h"
 #include "session/rowset/Export.h"
 
@@ -127,6 +128,28 @@ int32_t pst_rowset_number(pst_rowset* rowset, int32_t row, int32_t column, doubl
     result = value.IsNull()                       ? 0.0
              : value.Type() == pstolvane1::adDate ? value.ToDate().Serial()
                                                   : value.ToDouble();
+  });
+}
+
+int32_t pst_rowset_sort(pst_rowset* rowset, const char* columns) {
+  return Guarded([&] {
+    pst_rowset& sorted = Mine(rowset);
+    sorted.rows->Sort(&Given(columns, "order"));
+    sorted.row = -1;
+  });
+}
+
+int32_t pst_sort_text(const char* operation, int32_t asked, int32_t flags, const char* twin,
+                      char** text) {
+  return Guarded([&] {
+    char*& result = Given(text, "place for the text");
+    result = nullptr;
+    const auto has = [flags](int32_t flag) { return (flags & flag) != 0; };
+    const pstolvane1::automation::SortedReport report{.operation = &Given(operation, "operation"),
+                                                      .detailed = has(pst_sort_detailed),
+                                                      .asked = asked};
+    result = CopyText(
+        pstolvane1::automation::SortText(report, &Given(twin, "twin"), has(pst_sort_descending)));
   });
 }
 

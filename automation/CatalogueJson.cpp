@@ -5,6 +5,7 @@
 #include "automation/Arguments.h"
 #include "automation/Calls.h"
 #include "automation/Operations.h"
+#include "automation/SortText.h"
 
 namespace pstolvane1::automation {
 namespace {
@@ -53,6 +54,12 @@ Json Described(const Operation& operation) {
     if (!operation.decided_by.empty()) one["when"] = rule.asked;
     types.push_back(std::move(one));
   }
+  Json sorting = Json::array();
+  for (const SortRule& rule : SortRules()) {
+    if (rule.operation != operation.name) continue;
+    sorting.push_back(
+        {{"when", NameOf(rule.when)}, {"dummySort", NameOf(rule.form)}, {"sort", rule.pattern}});
+  }
   Json arguments = Json::array();
   for (const Argument& argument : operation.arguments) arguments.push_back(Described(argument));
   Json json{{"name", operation.name},
@@ -63,6 +70,7 @@ Json Described(const Operation& operation) {
             {"help", operation.help},
             {"reportTypes", std::move(types)}};
   if (!operation.decided_by.empty()) json["decidedBy"] = operation.decided_by;
+  if (!sorting.empty()) json["sorting"] = std::move(sorting);
   json["arguments"] = std::move(arguments);
   return json;
 }

@@ -104,6 +104,17 @@ int32_t pst_rowset_text(pst_rowset* rowset, int32_t row, int32_t column, char** 
 /* The same as a number; a date is days since 30 December 1899. *is_null is 1 for Null, else 0. */
 int32_t pst_rowset_number(pst_rowset* rowset, int32_t row, int32_t column, double* number,
                           int* is_null);
+/* Puts the rows in an order: "DummySort, AmountSort DESC". Null stands first, and last in a column
+ * in descending order; "" is the rows' own order. */
+int32_t pst_rowset_sort(pst_rowset* rowset, const char* columns);
+/* What pst_rowset_sort takes to put a report of the operation in the order of a twin, so that
+ * totals stay last and lines with their heads, as docs/reports.md says. asked is the
+ * ValuationMethod or reptype that the report was asked with, 0 where it takes none; flags are
+ * pst_sort_detailed for a report in detail, or of one party, item or group, and
+ * pst_sort_descending. Error 3001 for a report that cannot be sorted. */
+enum { pst_sort_detailed = 1, pst_sort_descending = 2 };
+int32_t pst_sort_text(const char* operation, int32_t asked, int32_t flags, const char* twin,
+                      char** text);
 /* All columns and rows. */
 int32_t pst_rowset_json(const pst_rowset* rowset, char** json);
 int32_t pst_rowset_csv(const pst_rowset* rowset, char** csv);

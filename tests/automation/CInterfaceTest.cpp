@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation/pstolvane1_c.h"
+#include "session/enmValuationMethod.h"
 #include "tests/automation/CHost.h"
 #include "tests/automation/SampleCompany.h"
 
@@ -57,6 +58,42 @@ TEST_F(CInterface, TellsWhetherAReportIsWhole) {
   EXPECT_EQ(whole, 0);
   EXPECT_EQ(pst_session_report_is_whole(session_.get(), nullptr), 91);
   EXPECT_EQ(pst_session_report_is_whole(nullptr, &whole), 91);
+}
+
+TEST_F(CInterface, SortsAReportByATwin) {
+  Connect();
+  pst_rowset* const sales = Open(
+      "Doc_Initial",
+      R"({"bytYearno":1,"lngVouchertype_id":10,"dtFromDate":"2003-04-01","dtToDate":"2004-03-31"})");
+  char* order = nullptr;
+  ASSERT_EQ(pst_sort_text("Doc_Initial", 0, pst_sort_descending, "LedgerSort", &order), pst_ok);
+  const std::string text = Taken(order);
+  EXPECT_EQ(text, "DummySort, LedgerSort DESC");
+  const auto cell = [&](std::int32_t row, std::int32_t column) {
+    char* taken = nullptr;
+    EXPECT_EQ(pst_rowset_text(sales, row, column, &taken), pst_ok);
+    return Taken(taken);
+  };
+  EXPECT_EQ(cell(0, 0), "Asha Motors");
+  ASSERT_EQ(pst_rowset_sort(sales, text.c_str()), pst_ok);
+  EXPECT_EQ(cell(0, 0), "Bharat Traders");
+  EXPECT_EQ(cell(1, 0), "Asha Motors");
+  EXPECT_EQ(cell(3, 0), "Total");
+  EXPECT_EQ(pst_rowset_sort(sales, "Nothing"), 3265);
+  EXPECT_EQ(pst_rowset_sort(sales, nullptr), 91);
+  EXPECT_EQ(pst_rowset_sort(nullptr, ""), 91);
+  EXPECT_EQ(pst_sort_text("LedgersByCode", 0, 0, "NAME", &order), 3001);
+  EXPECT_EQ(order, nullptr);
+  EXPECT_EQ(pst_sort_text("Nothing", 0, 0, "NAME", &order), 3001);
+  EXPECT_EQ(pst_sort_text(nullptr, 0, 0, "NAME", &order), 91);
+  EXPECT_EQ(pst_sort_text("Doc_Initial", 0, 0, nullptr, &order), 91);
+  EXPECT_EQ(pst_sort_text("Doc_Initial", 0, 0, "LedgerSort", nullptr), 91);
+  EXPECT_EQ(pst_sort_text("StockDetails_Itemwise", FifoRate, 0, "ValueSort", &order), pst_ok);
+  EXPECT_EQ(Taken(order), "DummySort, ValueSort");
+  EXPECT_EQ(
+      pst_sort_text("StockDetails_Itemwise", AverageRate, pst_sort_detailed, "ValueSort", &order),
+      pst_ok);
+  EXPECT_EQ(Taken(order), "TotalLine, ValueSort, DummySort");
 }
 
 TEST_F(CInterface, ServesAHostWrittenInC) {

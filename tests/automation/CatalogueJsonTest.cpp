@@ -48,6 +48,15 @@ TEST_F(Catalogue, DescribesAnOperation) {
     ]})"));
 }
 
+TEST_F(Catalogue, SaysHowAReportIsSorted) {
+  EXPECT_EQ(Operation("Doc_Initial")["sorting"],
+            Json::parse(R"([{"when": "always", "dummySort": "class", "sort": "DummySort, {}"}])"));
+  EXPECT_EQ(Operation("ServiceReportRegno")["sorting"], Json::parse(R"([
+    {"when": "in summary", "dummySort": "group", "sort": "DummySort, {}"},
+    {"when": "in detail", "dummySort": "none", "sort": ""}])"));
+  EXPECT_EQ(Operation("StockDetails_Itemwise")["sorting"][0]["when"], "in summary, FIFO and LIFO");
+}
+
 TEST_F(Catalogue, GivesDefaultsAsValuesOfTheirType) {
   const Json& arguments = Operation("MultiplePriceList")["arguments"];
   EXPECT_EQ(arguments[4]["default"], -1);
