@@ -1,5 +1,6 @@
-# The installed library: one shared library from all folders, its public headers, a CMake package
-# and a pkg-config file.
+# What is installed: one shared library from all folders with its public headers, a CMake package and
+# a pkg-config file, the program, its manual page, the documents and the examples. It may be moved
+# to another folder as a whole.
 include(CMakePackageConfigHelpers)
 
 get_property(pst_libraries GLOBAL PROPERTY PST_LIBRARIES)
@@ -18,6 +19,7 @@ target_link_libraries(pStolvane1 PRIVATE
 
 # All that a host may include, by its path from the root.
 set(PST_PUBLIC_HEADERS
+  automation/SortText.h
   automation/pstolvane1_arrow.h
   automation/pstolvane1_c.h
   session/CheckCondition.h
@@ -33,6 +35,7 @@ set(PST_PUBLIC_HEADERS
   session/data/Date.h
   session/data/Error.h
   session/data/MessageLoop.h
+  session/data/NeedsCpp20.h
   session/data/Provider.h
   session/data/Recordset.h
   session/data/RowGroups.h
@@ -46,6 +49,14 @@ set(PST_PUBLIC_HEADERS
   session/typCompanyInfoInv.h)
 
 install(TARGETS pStolvane1 EXPORT pStolvane1Targets)
+# The library that is installed is stripped; a debugger finds its debug data beside it.
+install(CODE "
+  set(library \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:pStolvane1>\")
+  foreach(command \"${CMAKE_OBJCOPY};--only-keep-debug;\${library};\${library}.debug\"
+                  \"${CMAKE_STRIP};--strip-unneeded;\${library}\"
+                  \"${CMAKE_OBJCOPY};--add-gnu-debuglink=\${library}.debug;\${library}\")
+    execute_process(COMMAND \${command} COMMAND_ERROR_IS_FATAL ANY)
+  endforeach()")
 foreach(header IN LISTS PST_PUBLIC_HEADERS)
   get_filename_component(folder ${header} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/pStolvane1/${folder})
@@ -58,5 +69,9 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/pStolvane1ConfigVersion.c
   COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/pStolvane1Config.cmake
   ${PROJECT_BINARY_DIR}/pStolvane1ConfigVersion.cmake DESTINATION ${pst_package})
+file(RELATIVE_PATH pst_prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" pst_prefix_from_pc "${pst_prefix_from_pc}")
 configure_file(${CMAKE_CURRENT_LIST_DIR}/pStolvane1.pc.in ${PROJECT_BINARY_DIR}/pStolvane1.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/pStolvane1.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
