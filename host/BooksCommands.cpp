@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <fmt/format.h>
 #include <functional>
+#include <iostream>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -93,6 +94,9 @@ void SampleBooksFile(const std::string& path, std::int64_t movements, std::uint6
 
 void ImportBooksFile(const std::string& path, const std::string& folder) {
   WriteToStandardOutput(RowsOf(books::ImportBooks(path, folder)));
+  for (const books::Finding& unread : books::CheckUnread(path)) {
+    std::cerr << "stolvane: warning: " << unread.sentence << '\n';
+  }
 }
 
 void CopyBooksTo(const std::string& from, const std::string& to, bool leave_out) {

@@ -67,12 +67,16 @@ void CheckContent(Reader& books, const CheckProgress& progress, Findings& findin
   }
 }
 
+std::unique_ptr<Reader> ReaderOf(const std::string& connection) {
+  const ConnectionTarget target = TargetOf(connection);
+  return target.engine == EngineKind::kPostgresql ? ReadServer(connection)
+                                                  : ReadFile(FileOf(target));
+}
+
 }  // namespace
 
 std::vector<Finding> CheckBooks(const std::string& connection, const CheckProgress& progress) {
-  const ConnectionTarget target = TargetOf(connection);
-  const std::unique_ptr<Reader> reader =
-      target.engine == EngineKind::kPostgresql ? ReadServer(connection) : ReadFile(FileOf(target));
+  const std::unique_ptr<Reader> reader = ReaderOf(connection);
   Reader& books = *reader;
   if (std::ranges::none_of(Tables(), [&](const Table& table) {
         return books.Understands("SELECT 1 FROM " + std::string(table.name));
@@ -89,6 +93,12 @@ std::vector<Finding> CheckBooks(const std::string& connection, const CheckProgre
     if (!damaged) throw;  // else what cannot be read has been told
   }
   std::ranges::stable_sort(findings, {}, &Finding::severity);
+  return findings;
+}
+
+std::vector<Finding> CheckUnread(const std::string& connection) {
+  Findings findings;
+  CheckUnread(*ReaderOf(connection), findings);
   return findings;
 }
 

@@ -33,4 +33,8 @@ using CheckProgress = std::function<void(std::string_view part, double done)>;
 [[nodiscard]] std::vector<Finding> CheckBooks(const std::string& connection,
                                               const CheckProgress& progress = {});
 
+// Of books with the reference schema only what no report reads, such as a movement without a batch,
+// each sentence with the keys of the rows.
+[[nodiscard]] std::vector<Finding> CheckUnread(const std::string& connection);
+
 }  // namespace pstolvane1::books

@@ -112,7 +112,7 @@ void CheckTrees(Reader& books, bool complete, Findings& findings) {
     }
     for (const std::string& loop : LoopsIn(parents)) {
       findings.push_back({Severity::kError,
-                          "The tree " + name + " runs in a loop (" + loop +
+                          "The tree of " + name + ".RelatedTo runs in a loop (" + loop +
                               "): a report that is asked for one of these groups ends with an "
                               "error.",
                           ""});

@@ -18,6 +18,8 @@ void CheckIndexes(Reader& books, Findings& findings);
 // With complete false, a check that needs a missing table or column is skipped.
 void CheckReferences(Reader& books, bool complete, Findings& findings);
 void CheckValues(Reader& books, bool complete, Findings& findings);
+// The rules about rows that no report reads, each with the keys of its rows.
+void CheckUnread(Reader& books, Findings& findings);
 void CheckRules(Reader& books, bool complete, Findings& findings);
 void CheckYears(Reader& books, bool complete, Findings& findings);
 void CheckTrees(Reader& books, bool complete, Findings& findings);

@@ -120,9 +120,9 @@ TEST_F(CheckBooks, TellsMissingTablesColumnsAndIndexesWithTheirRemedies) {
 TEST_F(CheckBooks, StillChecksTheDataOfIncompleteBooks) {
   EXPECT_THAT(Found("DROP TABLE Hypo; INSERT INTO Items1 (Item_id, RelationFormula, Uom_id, "
                     "AlternateUom_id) VALUES (5, 0, 1, 1); INSERT INTO Uom1 VALUES (1, 'Nos')"),
-              Contains("error 1 item has no relation between its units (RelationFormula is 0 or "
-                       "Null), by which reports in alternate units divide, the first with Item_id "
-                       "5."));
+              Contains("error 1 item has no relation between its units, by which reports in "
+                       "alternate units divide, the first with Item_id 5 "
+                       "(Items1.RelationFormula)."));
 }
 
 TEST_F(CheckBooks, ItsRemediesMendWhatIsMissing) {
@@ -183,7 +183,7 @@ constexpr const char* kSound =
     "INSERT INTO Uom1 VALUES (1, 'Nos');"
     "INSERT INTO Items1 (Item_id, Uom_id, AlternateUom_id, RelationFormula, Deleted) VALUES "
     "(5, 1, 1, 1, 0);"
-    "INSERT INTO Godown1 (Godown_id, RelatedTo) VALUES (1, 1), (2, 1);"
+    "INSERT INTO Godown1 (Godown_id, RelatedTo, Deleted) VALUES (1, 1, 0), (2, 1, 0);"
     "INSERT INTO ItemCategory1 (ItemCategory_id, RelatedTo) VALUES (1, 1), (2, 1), (3, 2);"
     "INSERT INTO Batches1 (Batch_id, Item_id, EngineNo) VALUES (8, 5, 'E1');"
     "INSERT INTO Vouchertype1 VALUES (7, 'Purchase Bill', 7, 7), (40, 'Sale', 10, 40);"
@@ -210,64 +210,70 @@ TEST_F(CheckBooks, FindsNothingInSmallSoundBooks) { EXPECT_THAT(Found(kSound), I
 TEST_F(CheckBooks, TellsEachOddityWithItsCountAndFirstKey) {
   constexpr Spoiled kSpoiled[] = {
       {"UPDATE GodownItem1 SET Item_id = NULL",
-       "error 2 movements have no item, the first with GodownItem_id 40."},
+       "error 2 movements have no item, the first with GodownItem_id 40 (GodownItem1.Item_id)."},
       {"UPDATE GodownItem1 SET Item_id = 6 WHERE GodownItem_id = 41",
        "error 1 row of GodownItem1 names in Item_id what Items1 does not have, the first with "
        "GodownItem_id 41."},
       {"UPDATE GodownItem1 SET Batch_id = 0 WHERE GodownItem_id = 41",
        "error 1 movement has no godown or no batch and stays out of the stock statements, the "
        "first "
-       "with GodownItem_id 41."},
+       "with GodownItem_id 41 (GodownItem1.Godown_id, Batch_id)."},
       {"UPDATE GodownItem1 SET IsAdded = NULL WHERE GodownItem_id = 41",
-       "error 1 movement does not tell whether it goes in or out (IsAdded is Null), the first with "
-       "GodownItem_id 41."},
+       "error 1 movement does not tell whether it goes in or out, the first with "
+       "GodownItem_id 41 (GodownItem1.IsAdded)."},
       {"UPDATE GodownItem1 SET Optional = NULL",
        "error 2 movements have a Null in Optional or IsOpeningBal and stay out of the reports, the "
-       "first with GodownItem_id 40."},
+       "first with GodownItem_id 40 (GodownItem1.Optional, IsOpeningBal)."},
       {"UPDATE GodownItem1 SET Rate = NULL WHERE GodownItem_id = 40",
-       "error 1 movement has no quantity or no rate, the first with GodownItem_id 40."},
+       "error 1 movement has no quantity or no rate, the first with GodownItem_id 40 "
+       "(GodownItem1.Qty, Rate)."},
       {"UPDATE GodownItem1 SET Qty = -Qty WHERE GodownItem_id = 41",
        "error 1 movement has a negative quantity, where IsAdded should tell the direction, the "
        "first "
-       "with GodownItem_id 41."},
+       "with GodownItem_id 41 (GodownItem1.Qty)."},
       {"UPDATE GodownItem1 SET Date = NULL WHERE GodownItem_id = 41",
        "warning 1 movement that is no opening balance has no date, the first with GodownItem_id "
-       "41."},
+       "41 (GodownItem1.Date)."},
       {"UPDATE Desr1 SET Deleted = 1 WHERE Desr_id = 21",
        "warning 1 movement of a deleted document still counts as stock, the first with "
-       "GodownItem_id 41."},
+       "GodownItem_id 41 (GodownItem1.GDesr_id, Desr1.Deleted)."},
       {"UPDATE GodownItem1 SET GRefNo = 9 WHERE GodownItem_id = 41",
        "warning 1 movement differs from its document in number, party, year or date, the first "
        "with "
-       "GodownItem_id 41."},
+       "GodownItem_id 41 (GodownItem1.GRefNo, GLedger_id, YearNo, Date)."},
       {"UPDATE DesrDetails1 SET BilledQty = -1 WHERE DesrDetails_id = 30",
-       "warning 1 document line has a negative quantity, the first with DesrDetails_id 30."},
+       "warning 1 document line has a negative quantity, the first with DesrDetails_id 30 "
+       "(DesrDetails1.QtyDespIn, QtyDespOut, QtyReturned, BilledQty)."},
       {"UPDATE DesrDetails1 SET QtyDespOut = 1",
-       "warning 1 document line goes both in and out, the first with DesrDetails_id 30."},
+       "warning 1 document line goes both in and out, the first with DesrDetails_id 30 "
+       "(DesrDetails1.QtyDespIn, QtyDespOut)."},
       {"UPDATE DesrDetails1 SET Price = NULL WHERE DesrDetails_id = 31",
        "error 1 document line has a Null in its quantities or its price, the first with "
-       "DesrDetails_id 31."},
+       "DesrDetails_id 31 (DesrDetails1.QtyDespIn, QtyDespOut, QtyReturned, Price)."},
       {"UPDATE DesrDetails1 SET Desr_id = 20",
-       "warning 1 document has no lines, the first with Desr_id 21."},
+       "warning 1 document has no lines, the first with Desr_id 21 (DesrDetails1.Desr_id)."},
       {"UPDATE Desr1 SET Optional = NULL WHERE Desr_id = 20",
        "error 1 document has a Null in Deleted or Optional and stays out of the reports, the first "
-       "with Desr_id 20."},
+       "with Desr_id 20 (Desr1.Deleted, Optional)."},
       {"UPDATE Desr1 SET Vouchertype_id = 7, YearNo = 1",
-       "warning 1 document number is given twice in its type and year, the first with Desr_id 20."},
+       "warning 1 document number is given twice in its type and year, the first with Desr_id 20 "
+       "(Desr1.Prefix, DesrRefno, Suffix)."},
       {"UPDATE Items1 SET AlternateUom_id = 0",
        "error 1 item has no unit or no alternate unit and stays out of the stock statements, the "
-       "first with Item_id 5."},
+       "first with Item_id 5 (Items1.Uom_id, AlternateUom_id)."},
       {"UPDATE GodownItem1 SET GOriginalVouchertype_id = 7",
        "error 1 vehicle is bought more than once, and looking it up fails, the first with Batch_id "
-       "8."},
+       "8 (Batches1.EngineNo, GodownItem1.Batch_id)."},
       {"UPDATE VoucherDetails1 SET CreditAmt = 0.4 WHERE CreditAmt > 0",
-       "warning 1 voucher's debits differ from its credits, the first with Voucher_id 90."},
+       "warning 1 voucher's debits differ from its credits, the first with Voucher_id 90 "
+       "(VoucherDetails1.DebitAmt, CreditAmt)."},
       {"INSERT INTO PriceListDiscount1 (Item_id, Price1) VALUES (5, 10)",
        "warning 1 price list row has a Null price, which the price list cannot show, the first "
        "with "
-       "Item_id 5."},
+       "Item_id 5 (PriceListDiscount1.Price1 to Price6)."},
       {"INSERT INTO StandardRate1 VALUES (5, 10, '2004-01-01', '2003-12-31', 1, 0)",
-       "warning 1 standard rate ends before it begins or has no rate, the first with Item_id 5."},
+       "warning 1 standard rate ends before it begins or has no rate, the first with Item_id 5 "
+       "(StandardRate1.DateFrom, DateTo, Rate)."},
       {"UPDATE GodownItem1 SET IsOpeningBal = 2 WHERE GodownItem_id = 41",
        "error 1 flag is neither 0 nor 1 nor -1 in GodownItem1.IsOpeningBal, the first with "
        "GodownItem_id 41."},
@@ -284,8 +290,21 @@ TEST_F(CheckBooks, TellsEachOddityWithItsCountAndFirstKey) {
        "(51, '2004-03-31', 1), (52, '2004-05-01', 2), (53, '2005-03-31', 2)",
        "warning 1 row of GodownItem1 has a date outside the year of YearNo, the first with "
        "GodownItem_id 41."},
+      {"UPDATE Items1 SET Deleted = NULL",
+       "error 1 item does not tell whether it is deleted and stays out of the reports, the first "
+       "with Item_id 5 (Items1.Deleted)."},
+      {"UPDATE Godown1 SET Deleted = NULL",
+       "error 1 godown does not tell whether it is deleted and stays out of the stock statements, "
+       "the first with Godown_id 1 (Godown1.Deleted)."},
+      {"UPDATE GodownItem1 SET YearNo = NULL WHERE GodownItem_id = 41",
+       "error 1 movement has no year and stays out of the reports, the first with GodownItem_id 41 "
+       "(GodownItem1.YearNo)."},
+      {"UPDATE DesrDetails1 SET Desr_id = 0 WHERE DesrDetails_id = 31",
+       "error 1 document line has no document and stays out of the reports, the first with "
+       "DesrDetails_id 31 (DesrDetails1.Desr_id)."},
       {"UPDATE ItemCategory1 SET RelatedTo = 3 WHERE ItemCategory_id = 2",
-       "error The tree ItemCategory1 runs in a loop (2, 3, 2): a report that is asked for one of "
+       "error The tree of ItemCategory1.RelatedTo runs in a loop (2, 3, 2): a report that is asked "
+       "for one of "
        "these groups ends with an error."},
       {"UPDATE Godown1 SET RelatedTo = 9 WHERE Godown_id = 2",
        "warning 1 row of Godown1 names in RelatedTo what Godown1 does not have, the first with "
@@ -296,6 +315,27 @@ TEST_F(CheckBooks, TellsEachOddityWithItsCountAndFirstKey) {
     EXPECT_THAT(Found(std::string(kSound) + one.statements), Contains(one.finding))
         << one.statements;
   }
+}
+
+TEST_F(CheckBooks, NamesTheRowsThatNoReportReads) {
+  std::string rows = kSound;
+  for (int key = 50; key < 62; ++key) {
+    rows +=
+        "INSERT INTO GodownItem1 (GodownItem_id, Date, YearNo, Item_id, Godown_id, Qty, Rate, "
+        "IsAdded, IsOpeningBal, Optional) VALUES (" +
+        std::to_string(key) + ", '2003-04-01', 1, 5, 1, 2, 10, 1, 0, 0);";
+  }
+  CreateBooks(file_);
+  EXPECT_THAT(books::CheckUnread(file_), IsEmpty());
+  Database(file_).Execute(rows + "UPDATE Items1 SET Deleted = NULL");
+  std::vector<std::string> found;
+  for (const Finding& one : books::CheckUnread(file_)) found.push_back(one.sentence);
+  EXPECT_THAT(found,
+              ElementsAre("12 movements have no godown or no batch and stay out of the stock "
+                          "statements: GodownItem_id 50, 51, 52, 53, 54, 55, 56, 57, 58, 59 and 2 "
+                          "more (GodownItem1.Godown_id, Batch_id).",
+                          "1 item does not tell whether it is deleted and stays out of the "
+                          "reports: Item_id 5 (Items1.Deleted)."));
 }
 
 TEST_F(CheckBooks, FindsTheMonthInWhichYearsBegin) {

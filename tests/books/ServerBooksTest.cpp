@@ -215,8 +215,9 @@ TEST_F(ServerBooks, CheckTellsWhatIsMissingOrOddAndWhatMendsIt) {
            "GodownItem_id 7.\n",
            "error: 1 movement has a negative quantity, where IsAdded should tell the direction, "
            "the "
-           "first with GodownItem_id 5.\n",
-           "error: The tree ItemClass1 runs in a loop (1, 2, 1): a report that is asked for one of "
+           "first with GodownItem_id 5 (GodownItem1.Qty).\n",
+           "error: The tree of ItemClass1.RelatedTo runs in a loop (1, 2, 1): a report that is "
+           "asked for one of "
            "these groups ends with an error.\n",
            "hint: No index of Items1 begins with ItemName.\n  CREATE INDEX \"Items1_Name\" ON "
            "\"Items1\" ((CASE WHEN octet_length(\"ItemName\") = length(\"ItemName\") THEN "

@@ -46,6 +46,26 @@ TEST_F(BooksCommands, ImportIsAllOrNothing) {
   EXPECT_EQ(good.out, "Uom1                             2 rows\n");
 }
 
+TEST_F(BooksCommands, ImportNamesWhatNoReportWillRead) {
+  folder.Write("Items1.csv",
+               "Item_id,ItemName,Uom_id,AlternateUom_id,RelationFormula,Deleted\n"
+               "5,Bolt,1,1,1,0\n6,Nut,1,1,1,\n");
+  folder.Write(
+      "GodownItem1.csv",
+      "GodownItem_id,Date,YearNo,Item_id,Godown_id,Qty,Rate,IsAdded,IsOpeningBal,Optional\n"
+      "40,2003-04-01,1,5,1,2,10,1,0,0\n");
+  const Finished done = Stolvane({"books", "import", File(), folder.Path()});
+  EXPECT_EQ(done.status, 0);
+  EXPECT_EQ(done.out,
+            "Items1                           2 rows\n"
+            "GodownItem1                      1 rows\n");
+  EXPECT_EQ(done.err,
+            "stolvane: warning: 1 movement has no godown or no batch and stays out of the stock "
+            "statements: GodownItem_id 40 (GodownItem1.Godown_id, Batch_id).\n"
+            "stolvane: warning: 1 item does not tell whether it is deleted and stays out of the "
+            "reports: Item_id 6 (Items1.Deleted).\n");
+}
+
 TEST_F(BooksCommands, CheckTellsWhatIsMissing) {
   const Finished fine = Stolvane({"books", "check", Books()});
   EXPECT_EQ(fine.status, 0);
