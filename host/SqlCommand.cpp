@@ -20,18 +20,37 @@ namespace pstolvane1::host {
 
 namespace {
 
+// Dates between "#", as conditions have them, between the quotes of the dialect. What stands in
+// quotes or brackets stays as it is.
+std::string WithQuotedDates(std::string text) {
+  char closing = '\0';
+  for (char& c : text) {
+    if (closing != '\0') {
+      if (c == closing) closing = '\0';
+    } else if (c == '\'' || c == '"') {
+      closing = c;
+    } else if (c == '[') {
+      closing = ']';
+    } else if (c == '#') {
+      c = '\'';
+    }
+  }
+  return text;
+}
+
 std::string StandardInput() {
   return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
 }
 
 void ReadAndWrite(const SqlOptions& options, const std::shared_ptr<Connection>& books,
                   const std::string& select) {
+  const std::string text = WithQuotedDates(select);
   if (options.translate) {
-    WriteText(books->Translate(select) + "\n", options.output);
+    WriteText(books->Translate(text) + "\n", options.output);
     return;
   }
   const RecordsetPtr rowset = Recordset::New();
-  rowset->Open(select, books);
+  rowset->Open(text, books);
   Write(*rowset, {.title = "Query"}, options.output, [&rowset] { return ExportJson(*rowset); });
 }
 

@@ -41,10 +41,23 @@ TEST_F(Sql, CsvKeepsNullAndEmptyApart) {
             "name,flag,price,made\r\n\"A \"\"b\"\"\",-1,12.5000,2004-03-31\r\n\"\",0,-0.0500,\r\n");
 }
 
+TEST_F(Sql, TakesTheLiteralsOfConditions) {
+  const auto ids = [this](const std::string& condition) {
+    const Finished finished = Stolvane(
+        {"sql", "--books", Other(), "--format", "csv", "select id from thing where " + condition});
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    return finished.out;
+  };
+  EXPECT_EQ(ids("made < #01/01/2005#"), "id\r\n1\r\n");
+  EXPECT_EQ(ids("made < '01/01/2005'"), "id\r\n1\r\n");
+  EXPECT_EQ(ids("made between #03/31/2004# and #12/31/2004# and name <> '#'"), "id\r\n1\r\n");
+  EXPECT_EQ(ids("name like 'a%'"), "id\r\n1\r\n");
+  EXPECT_EQ(ids("name like 'a*'"), "id\r\n");  // the star is a letter
+  EXPECT_EQ(ids("flag = True"), "id\r\n1\r\n");
+  EXPECT_EQ(ids("name = '#' or [name] = 'A \"b\"'"), "id\r\n1\r\n");
+}
+
 TEST_F(Sql, TranslateShowsTheEnginesTextAndRunsNothing) {
-  const Finished finished = Stolvane({"sql", "--books", Other(), "--translate",
-                                      "select top 1 name from thing where made < #01/01/2005#"});
-  EXPECT_EQ(finished.status, 1);  // a date between "#" is the reports' own way of writing
   const Finished translated = Stolvane({"sql", "--books", Other(), "--translate",
                                         "select top 1 name from thing where made < '01/01/2005'"});
   EXPECT_EQ(translated.status, 0) << translated.err;
