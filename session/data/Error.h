@@ -12,6 +12,7 @@ namespace pstolvane1 {
 
 enum class ErrorNumber : std::int32_t {
   kOverflow = 6,
+  kOutOfMemory = 7,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
   kObjectNotSet = 91,

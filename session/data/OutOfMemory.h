@@ -9,16 +9,14 @@
 
 namespace pstolvane1 {
 
-inline constexpr ErrorNumber kOutOfMemory{7};
-
 // "while reading the rows: out of memory"; the last three words alone, for which no memory is
 // needed, where there is no room for the others.
 [[nodiscard]] inline Error OutOfMemory(std::string_view doing = {}) noexcept {
   try {
-    const Error alone(kOutOfMemory, "out of memory");
+    const Error alone(ErrorNumber::kOutOfMemory, "out of memory");
     return doing.empty() ? alone : alone.While(doing);
   } catch (const std::bad_alloc&) {
-    return {kOutOfMemory, "out of memory"};
+    return {ErrorNumber::kOutOfMemory, "out of memory"};
   }
 }
 

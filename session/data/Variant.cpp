@@ -62,6 +62,11 @@ Date DateOfNumber(double serial) {
 
 }  // namespace
 
+Variant::Variant(const char* text) {
+  if (!text) throw Error(ErrorNumber::kObjectNotSet, "no text was given");
+  value_ = std::string(text);
+}
+
 DataType Variant::Type() const {
   static constexpr std::array<DataType, 11> kTypes = {adEmpty,  adEmpty,  adBoolean, adInteger,
                                                       adBigInt, adSingle, adDouble,  adCurrency,

@@ -64,7 +64,7 @@ class Variant {
   Variant(Date date) : value_(date) {}
   Variant(std::string text) : value_(std::move(text)) {}
   Variant(std::string_view text) : value_(std::string(text)) {}
-  Variant(const char* text) : value_(std::string(text)) {}
+  Variant(const char* text);  // error 91 for none
   Variant(std::shared_ptr<Recordset> rowset) : value_(std::move(rowset)) {}
   // NOLINTEND(google-explicit-constructor)
 

@@ -56,6 +56,11 @@ class HollowProvider final : public Provider {
   const bool has_states_;
 };
 
+TEST(NoPointers, OfAText) {
+  const char* const none = nullptr;
+  EXPECT_EQ(ErrorOf([&] { (void)Variant(none); }), "91 no text was given");
+}
+
 TEST(NoPointers, OfAConnection) {
   EXPECT_EQ(ErrorOf([] { (void)Connection::New({}); }), "91 no factory of databases was given");
   EXPECT_EQ(ErrorOf([] { const Connection::OneState state(nullptr); }),

@@ -36,7 +36,8 @@ std::string OutcomeOf(const std::function<std::string()>& call, const std::strin
   } catch (const Error& error) {
     const std::string& words = error.Description();
     const bool tells = words.starts_with("while ") || (from == From::kOn && words == kRanOut);
-    const bool ran_out = error.Number() == kOutOfMemory && tells && words.ends_with(kRanOut);
+    const bool ran_out =
+        error.Number() == ErrorNumber::kOutOfMemory && tells && words.ends_with(kRanOut);
     return ran_out ? kRanOut : "error: " + error.Description() + " " + error.Cause();
   } catch (const std::exception& error) {
     return std::string("bare exception: ") + error.what();
@@ -190,7 +191,7 @@ TEST_P(OutOfMemoryOnEngines, EndsAConnectAndTheNextOneSucceeds) {
       if (error.Number() != ErrorNumber::kConnection) throw;
       EXPECT_EQ(error.Description(), "Unable to Connect to Database");
       EXPECT_EQ(session.session.GetConnectionObject(), nullptr);
-      throw Error(kOutOfMemory, error.Cause());
+      throw Error(ErrorNumber::kOutOfMemory, error.Cause());
     }
     return session.ReportText(true);
   };
@@ -298,7 +299,7 @@ class CSession {
     if (result == pst_ok) return;
     const std::string text = pst_error_text();
     if (!text.ends_with(kRanOut) || (result != 7 && result != 501)) throw std::runtime_error(text);
-    throw Error(kOutOfMemory, std::string("while calling: ") + kRanOut);
+    throw Error(ErrorNumber::kOutOfMemory, std::string("while calling: ") + kRanOut);
   }
 
   const std::string books_;

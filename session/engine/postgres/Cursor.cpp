@@ -26,7 +26,7 @@ PostgresCursor::PostgresCursor(std::shared_ptr<HeldState> state,
   try {
     database_ = state_->pool->Take(watch_);
   } catch (const Error& error) {
-    if (error.Number() == kOutOfMemory) throw;
+    if (error.Number() == ErrorNumber::kOutOfMemory) throw;
     throw Error(ErrorNumber::kQueryRefused, error.Description());
   }
   if (!state_->AreSound(doubtful_)) return;

@@ -79,7 +79,7 @@ Database::Database(const Settings& settings, Watch& watch) {
     Connect(settings, connecting);
     CheckServer(connecting);
   } catch (const Error& error) {
-    if (error.Number() == kOutOfMemory) throw error.While("opening the books");
+    if (error.Number() == ErrorNumber::kOutOfMemory) throw error.While("opening the books");
     throw Error(ErrorNumber::kConnection, error.Description());
   }
 }
@@ -261,7 +261,7 @@ bool Database::Failed() const noexcept {
 
 Error Database::Lost() const {
   const Error failure = FailureOf(native_.get());
-  if (failure.Number() == kOutOfMemory) return failure.While("asking the server");
+  if (failure.Number() == ErrorNumber::kOutOfMemory) return failure.While("asking the server");
   return Refused("the connection to the server was lost (" + failure.Description() + ")");
 }
 

@@ -99,7 +99,7 @@ Error ErrorOf(std::string_view state, std::string_view message, std::string_view
   if (state == "22P02" || state == "22007" || state == "22008") {
     return Error(ErrorNumber::kTypeMismatch, OneLine(message));
   }
-  if (state == "53200") return Error(kOutOfMemory, "the server is out of memory");
+  if (state == "53200") return Error(ErrorNumber::kOutOfMemory, "the server is out of memory");
   if (state == "21000") {
     return Error(ErrorNumber::kQueryRefused, std::string(kMoreThanOneRow));
   }

@@ -31,7 +31,7 @@ std::unique_ptr<Database> Pool::Take(Watch& watch) {
   try {
     return std::make_unique<Database>(settings_, watch);
   } catch (const Error& error) {
-    if (error.Number() == kOutOfMemory) throw;
+    if (error.Number() == ErrorNumber::kOutOfMemory) throw;
     throw Error(ErrorNumber::kConnection, "The books " + settings_.Name() + " cannot be opened: " +
                                               Sentence(error.Description()));
   }

@@ -15,7 +15,7 @@ PostgresProvider::PostgresProvider(std::string_view connection_string,
   try {
     static_cast<void>(TakeState(time_limit));
   } catch (const Error& error) {
-    if (error.Number() == kOutOfMemory) throw;
+    if (error.Number() == ErrorNumber::kOutOfMemory) throw;
     throw Error(ErrorNumber::kConnection, error.Description());
   }
 }

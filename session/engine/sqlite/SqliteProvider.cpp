@@ -48,7 +48,7 @@ std::unique_ptr<Database> Open(const std::string& path, Watch& watch) {
   try {
     return std::make_unique<Database>(path, watch);
   } catch (const Error& error) {
-    if (error.Number() == kOutOfMemory) throw error.While("opening the books");
+    if (error.Number() == ErrorNumber::kOutOfMemory) throw error.While("opening the books");
     throw cannot(error.Description());
   }
 }
@@ -121,7 +121,7 @@ SqliteProvider::SqliteProvider(const std::string& path, std::chrono::millisecond
         std::make_shared<sql::Catalog>(ReadCatalog(*database, translations_->Translate(), watch)),
         version);
   } catch (const Error& error) {
-    if (error.Number() == kOutOfMemory) throw;
+    if (error.Number() == ErrorNumber::kOutOfMemory) throw;
     throw Error(ErrorNumber::kConnection,
                 fmt::format("The books \"{}\" cannot be opened: {}.", path_, error.Description()));
   }
