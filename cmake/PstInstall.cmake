@@ -19,6 +19,7 @@ target_link_libraries(pStolvane1 PRIVATE
 
 # All that a host may include, by its path from the root.
 set(PST_PUBLIC_HEADERS
+  automation/ColumnLooks.h
   automation/SortText.h
   automation/pstolvane1_arrow.h
   automation/pstolvane1_c.h
@@ -45,6 +46,7 @@ set(PST_PUBLIC_HEADERS
   session/enmValuationMethod.h
   session/rowset/Export.h
   session/rowset/Locale.h
+  session/rowset/ReportLook.h
   session/typAliases.h
   session/typCompanyInfoInv.h)
 

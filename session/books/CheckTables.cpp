@@ -111,7 +111,7 @@ void CheckIndexes(Reader& books, Findings& findings) {
       findings.push_back({Severity::kHint,
                           "No index of " + std::string(table.name) + " begins with " +
                               std::string(index.columns) + ".",
-                          books.CreateIndex(table, index)});
+                          books.MakeIndex(table, index)});
     }
   }
 }

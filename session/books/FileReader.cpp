@@ -50,9 +50,7 @@ class FileReader final : public Reader {
   [[nodiscard]] std::string CreateTable(const Table& table) const override {
     return SqliteCreateTable(table) + ";";
   }
-  [[nodiscard]] std::string CreateIndex(const Table& table, const Index& index) const override {
-    return SqliteCreateIndex(table, index) + ";";
-  }
+  [[nodiscard]] std::string MakeIndex(const Table& table, const Index& index) override;
   [[nodiscard]] std::string AddColumn(const Table& table, const Column& column) const override {
     return "ALTER TABLE " + std::string(table.name) + " ADD COLUMN " + std::string(column.name) +
            " " + SqliteType(column) + ";";
@@ -150,6 +148,15 @@ bool FileReader::IsTable(const Table& table) {
   return !Select("SELECT 1 FROM sqlite_master WHERE type = 'table' AND lower(name) = '" +
                  InSmallLetters(table.name) + "'")
               .empty();
+}
+
+std::string FileReader::MakeIndex(const Table& table, const Index& index) {
+  const bool taken =
+      !Select("SELECT 1 FROM sqlite_master WHERE type = 'index' AND lower(name) = '" +
+              InSmallLetters(index.name) + "'")
+           .empty();
+  return (taken ? "DROP INDEX " + std::string(index.name) + "; " : std::string()) +
+         SqliteCreateIndex(table, index) + ";";
 }
 
 // Those over expressions do not count.

@@ -55,7 +55,8 @@ class Reader {
 
   // The statements that would mend the books, ended by ";".
   [[nodiscard]] virtual std::string CreateTable(const Table& table) const = 0;
-  [[nodiscard]] virtual std::string CreateIndex(const Table& table, const Index& index) const = 0;
+  // One of the same name with other columns goes first.
+  [[nodiscard]] virtual std::string MakeIndex(const Table& table, const Index& index) = 0;
   [[nodiscard]] virtual std::string AddColumn(const Table& table, const Column& column) const = 0;
   [[nodiscard]] virtual std::string TypeOf(const Column& column) const = 0;
 

@@ -153,8 +153,15 @@ class ServerReader final : public Reader {
   [[nodiscard]] std::string CreateTable(const Table& table) const override {
     return PostgresCreateTable(table) + ";";
   }
-  [[nodiscard]] std::string CreateIndex(const Table& table, const Index& index) const override {
-    return PostgresCreateIndex(table, index, {}, catalog_.TextCharacters()) + ";";
+  [[nodiscard]] std::string MakeIndex(const Table& table, const Index& index) override {
+    const std::string name(index.name);
+    const postgres::NativeResult taken = catalog_.Run(
+        "SELECT 1 FROM pg_index i JOIN pg_class c ON c.oid = i.indexrelid WHERE c.relname = '" +
+            name + "' AND i.indrelid = " + Named(table),
+        watch_);
+    return (PQntuples(taken.get()) > 0 ? "DROP INDEX " + sql::QuotedName(name) + "; "
+                                       : std::string()) +
+           PostgresCreateIndex(table, index, {}, catalog_.TextCharacters()) + ";";
   }
   [[nodiscard]] std::string AddColumn(const Table& table, const Column& column) const override {
     return "ALTER TABLE " + sql::QuotedName(table.name) + " ADD COLUMN " +

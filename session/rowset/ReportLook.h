@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "session/data/NeedsCpp20.h"
+
 namespace pstolvane1 {
 
 struct ColumnLook {

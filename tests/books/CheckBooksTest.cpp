@@ -146,6 +146,16 @@ TEST_F(CheckBooks, TakesAnIndexOfAnotherNameAndMoreColumns) {
                           "[CREATE INDEX Desr1_Ledger ON Desr1 (Ledger_id, Date);]"));
 }
 
+TEST_F(CheckBooks, AnIndexOfTheSameNameWithOtherColumnsGoesFirst) {
+  EXPECT_THAT(Found("DROP INDEX Desr1_Ledger; CREATE INDEX desr1_ledger ON Desr1 (Ledger_id)"),
+              ElementsAre("hint No index of Desr1 begins with Ledger_id, Date. "
+                          "[DROP INDEX Desr1_Ledger; "
+                          "CREATE INDEX Desr1_Ledger ON Desr1 (Ledger_id, Date);]"));
+  std::string mending;
+  for (const Finding& one : books::CheckBooks(file_)) mending += one.remedy;
+  EXPECT_THAT(Found(mending), IsEmpty());
+}
+
 TEST_F(CheckBooks, TakesOtherTypesOfTheSameMeaningAndMoreColumns) {
   EXPECT_THAT(Found("DROP TABLE EmployeeCommision; CREATE TABLE employeecommision ("
                     "EMPLOYEECOMMISION_ID bigint primary key, Employee_id int, Item_id smallint, "
