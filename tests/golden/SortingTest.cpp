@@ -121,7 +121,7 @@ class Lines {
       std::string block;
       for (const std::string& column : block_columns) {
         const std::string text = row[column].IsNull() ? "" : row[column].ToText();
-        if (!text.empty()) block += text + "|";
+        if (!text.empty()) block += LowerCase(text) + "|";  // as a sort compares them
       }
       places_[row.Bookmark()] = marks_.size();
       marks_.push_back(row.Bookmark());
