@@ -7,6 +7,7 @@
 #include "SessionHarness.h"
 #include "session/ReportFrame.h"
 #include "session/ReportTable.h"
+#include "session/data/Provider.h"
 
 namespace pstolvane1 {
 namespace {
@@ -182,7 +183,8 @@ TEST_F(DispatchTest, SearchesDeliverACloneOfTheirSourceRowset) {
     const auto frame = Frame(AllReports());
     frame->lngReportType = type;
     const RecordsetPtr found = frame->Replace(source);
-    const std::shared_ptr<Connection> connection = Connection::New(nullptr);
+    const std::shared_ptr<Connection> connection =
+        Connection::New([](const auto&, auto) { return std::shared_ptr<Provider>(); });
     found->ActiveConnection(connection);
     found->Fields().Append("A", adInteger);
     found->Open();

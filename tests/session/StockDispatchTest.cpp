@@ -132,10 +132,9 @@ TEST_F(StockDispatchTest, AConditionStandsBehindWhereForTheAverageAndBehindAndFo
 
 TEST_F(StockDispatchTest, WithoutAConditionNothingIsAdded) {
   Ask(StockTree::kItem, AverageRate);
-  EXPECT_NE(MainQuery().find("on batches1.batch_id = aaa.batch_id  order by  items1.itemname,"),
-            std::string::npos);
+  EXPECT_TRUE(MainQuery().ends_with("on batches1.batch_id = aaa.batch_id "));
   Ask(StockTree::kItem, LifoRate);
-  EXPECT_NE(MainQuery().find("and godown1.deleted = 0  order by"), std::string::npos);
+  EXPECT_NE(MainQuery().find("and godown1.deleted = 0  } append"), std::string::npos);
   Ask(StockTree::kItem, LastSaleRate);
   EXPECT_EQ(MainQuery().find("itemstate"), std::string::npos);
 }

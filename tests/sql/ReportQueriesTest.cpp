@@ -34,7 +34,7 @@ TEST(ReportQueries, AllAreWrittenForSqliteAndPrepared) {
       }
     }
   }
-  EXPECT_GT(selects, 300U);
+  EXPECT_GT(selects, 250U);
 }
 
 // The file says above its text where and why.
