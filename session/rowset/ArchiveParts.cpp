@@ -65,24 +65,34 @@ class Ends {
   std::string last_;
 };
 
-void Unpack(std::string_view packed, Ends& ends) {
-  z_stream stream{};
-  // No header of its own stands before the bytes of an archive's part.
-  if (inflateInit2(&stream, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
-  std::basic_string<Bytef> bytes(packed.begin(), packed.end());
-  stream.next_in = bytes.data();
-  stream.avail_in = static_cast<uInt>(bytes.size());
-  std::array<Bytef, 65536> room{};
-  int result = Z_OK;
-  while (result == Z_OK) {
-    stream.next_out = room.data();
-    stream.avail_out = room.size();
-    result = inflate(&stream, Z_NO_FLUSH);
-    ends.Add(std::string(room.begin(), room.end() - stream.avail_out));
+class Unpacker {
+ public:
+  Unpacker() {
+    // No header of its own stands before the bytes of an archive's part.
+    if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
   }
-  inflateEnd(&stream);
-  if (result != Z_STREAM_END) RefuseArchive();
-}
+  ~Unpacker() { inflateEnd(&stream_); }
+  Unpacker(const Unpacker&) = delete;
+  Unpacker& operator=(const Unpacker&) = delete;
+
+  void Unpack(std::string_view packed, Ends& ends) {
+    std::basic_string<Bytef> bytes(packed.begin(), packed.end());
+    stream_.next_in = bytes.data();
+    stream_.avail_in = static_cast<uInt>(bytes.size());
+    std::array<Bytef, 65536> room{};
+    int result = Z_OK;
+    while (result == Z_OK) {
+      stream_.next_out = room.data();
+      stream_.avail_out = room.size();
+      result = inflate(&stream_, Z_NO_FLUSH);
+      ends.Add(std::string(room.begin(), room.end() - stream_.avail_out));
+    }
+    if (result != Z_STREAM_END) RefuseArchive();
+  }
+
+ private:
+  z_stream stream_{};
+};
 
 }  // namespace
 
@@ -95,7 +105,7 @@ std::string BrokenPart(std::string_view archive) {
     const std::string_view bytes = Piece(archive, from, Number(archive, at + kSizeAt, 4));
     Ends ends;
     if (Number(archive, at + kMethodAt, 2) == kPacked) {
-      Unpack(bytes, ends);
+      Unpacker().Unpack(bytes, ends);
     } else {
       ends.Add(bytes);
     }
