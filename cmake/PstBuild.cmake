@@ -59,14 +59,13 @@ function(pst_library name)
   set_property(GLOBAL APPEND PROPERTY PST_LIBRARIES ${name})
 endfunction()
 
-# pst_test(NAME [SERVER] [THREADS] [ONCE] [FAULTS] [SHARDS n] SOURCES files... LINK targets...): one test program,
+# pst_test(NAME [SERVER] [THREADS] [ONCE] [SHARDS n] SOURCES files... LINK targets...): one test program,
 # which ctest runs as a whole, or as n runs that share its cases. With SERVER it has the throw-away
 # PostgreSQL server of tests/server. Those with THREADS run under the thread sanitizer as well. Those
-# with ONCE are long and compare what other programs run too: a sanitizer and another locale leave
-# them out. Those with FAULTS try what breaks a server or runs out, which no locale changes.
+# with ONCE are long and compare what other programs run too: the sanitizers leave them out.
 add_custom_target(threads_tests)
 function(pst_test name)
-  cmake_parse_arguments(ARG "SERVER;THREADS;ONCE;FAULTS" "SHARDS" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SERVER;THREADS;ONCE" "SHARDS" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   pst_compile_together(${name})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} test_files GTest::gtest_main GTest::gmock pst_flags)
@@ -84,9 +83,6 @@ function(pst_test name)
   endif()
   if(ARG_ONCE)
     list(APPEND labels once)
-  endif()
-  if(ARG_FAULTS)
-    list(APPEND labels faults)
   endif()
   if(NOT ARG_SHARDS)
     set(ARG_SHARDS 1)

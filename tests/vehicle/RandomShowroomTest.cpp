@@ -39,33 +39,33 @@ class Session {
   }
 
   RecordsetPtr OfVehicles(const std::string& criteria) {
-    session_.AutoSearch(rtAutoSearch, 1, kFrom, kTo, criteria, False, 1, {}, 0, {}, kTypes);
+    session_.AutoSearch(rtAutoSearch, 1, from_, to_, criteria, False, 1, {}, 0, {}, kTypes);
     return Found();
   }
   RecordsetPtr OfBuyers(const std::string& filter) {
-    session_.AutoSearch(rtAutoSearch, 1, kFrom, kTo, {}, False, 1, filter, 0, {}, kTypes);
+    session_.AutoSearch(rtAutoSearch, 1, from_, to_, {}, False, 1, filter, 0, {}, kTypes);
     return Found();
   }
   RecordsetPtr OfInsurance(const std::string& filter) {
-    session_.RTOInsSearch(rtRtoInsSearch, 1, kFrom, kTo, {}, False, 1, filter, 0, {}, kTypes);
+    session_.RTOInsSearch(rtRtoInsSearch, 1, from_, to_, {}, False, 1, filter, 0, {}, kTypes);
     return Found();
   }
   RecordsetPtr Buyers() {
     RecordsetPtr items = Recordset::New();
     items->Open("select item_id as itemnew_id, itemname from items1",
                 session_.GetConnectionObject());
-    return session_.BuyerReport(1, kFrom, kTo, True, False, 1, 0, items);
+    return session_.BuyerReport(1, from_, to_, True, False, 1, 0, items);
   }
   RecordsetPtr TransportOffice() {
-    return session_.RtoSalesDetails(1, kFrom, kTo, False).ToRowset();
+    return session_.RtoSalesDetails(1, from_, to_, False).ToRowset();
   }
   RecordsetPtr Tax(Boolean detailed) {
-    return session_.ServiceTax(1, kFrom, kTo, 0, 0, False, "/", 0, True, detailed).ToRowset();
+    return session_.ServiceTax(1, from_, to_, 0, 0, False, "/", 0, True, detailed).ToRowset();
   }
 
  private:
   static constexpr const char* kTypes = "Vouchertype1.Relatedto in (7,10)";
-  const Date kFrom = Date::FromYmd(2003, 4, 1), kTo = Date::FromYmd(2004, 3, 31);
+  const Date from_ = Date::FromYmd(2003, 4, 1), to_ = Date::FromYmd(2004, 3, 31);
 
   // Searches are always fetched in the background.
   RecordsetPtr Found() {
