@@ -80,6 +80,7 @@ class ServerReader final : public Reader {
             ") AND NOT EXISTS (SELECT FROM pg_inherits p WHERE p.inhrelid = c.oid) ORDER BY 1",
         watch_);
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(PQntuples(rows.get())));
     for (int row = 0; row < PQntuples(rows.get()); ++row) {
       names.emplace_back(PQgetvalue(rows.get(), row, 0));
     }
