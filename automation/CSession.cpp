@@ -19,21 +19,12 @@
 namespace pstolvane1::automation {
 namespace {
 
-std::string_view TextOr(const char* text, std::string_view otherwise) {
-  return text ? std::string_view(text) : otherwise;
-}
-
 SelectOpener OpenerOf(clsStolvane1& session) {
   return [&session](std::string_view select) { return OpenSelect(session, select); };
 }
 
 void GiveRowset(const Outcome& outcome, pst_rowset** rowset) {
   if (rowset && outcome.value.Type() == adChapter) *rowset = HandOver(outcome.value.ToRowset());
-}
-
-pst_session& Mine(pst_session* session) {
-  Handles::CheckMine(session, HandleKind::kSession);
-  return *session;
 }
 
 // SetConnection lets the connection go before it knows that the next one opens.
@@ -88,7 +79,7 @@ void pst_session_free(pst_session* session) {
 
 int32_t pst_session_connect(pst_session* session, const char* books) {
   return Guarded(
-      [&] { automation::Reconnect(Mine(session).session, automation::TextOr(books, "")); });
+      [&] { automation::Reconnect(Mine(session).session, automation::TextOrNothing(books)); });
 }
 
 int32_t pst_session_abandon(pst_session* session) {
@@ -122,7 +113,7 @@ int32_t pst_call(pst_session* session, const char* operation, const char* const*
   return Guarded([&] {
     pstolvane1::clsStolvane1& called = Mine(session).session;
     const automation::Operation& described =
-        automation::GetOperation(automation::TextOr(operation, ""));
+        automation::GetOperation(automation::TextOrNothing(operation));
     const auto text_at = [](const char* const* texts, size_t at, const char* what) {
       const char* const text = texts ? texts[at] : nullptr;
       static_cast<void>(Given(text, what));
@@ -146,9 +137,9 @@ int32_t pst_call_json(pst_session* session, const char* operation, const char* a
   return Guarded([&] {
     pstolvane1::clsStolvane1& called = Mine(session).session;
     const automation::Operation& described =
-        automation::GetOperation(automation::TextOr(operation, ""));
-    const auto given = automation::ArgumentsFromJson(described, automation::TextOr(arguments, ""),
-                                                     automation::OpenerOf(called));
+        automation::GetOperation(automation::TextOrNothing(operation));
+    const auto given = automation::ArgumentsFromJson(
+        described, automation::TextOrNothing(arguments), automation::OpenerOf(called));
     const automation::Outcome outcome = automation::Call(called, described, given);
     const std::string told = result ? automation::OutcomeAsJson(outcome) : std::string();
     automation::GiveRowset(outcome, rowset);

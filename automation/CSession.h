@@ -1,6 +1,8 @@
 // A session as a host in C holds it.
 #pragma once
 
+#include <string_view>
+
 #include "automation/CHandles.h"
 #include "automation/CLiving.h"
 #include "session/clsStolvane1.h"
@@ -16,3 +18,17 @@ struct pst_session {
   pstolvane1::automation::Living living;
   pstolvane1::clsStolvane1 session;
 };
+
+namespace pstolvane1::automation {
+
+// The session behind a handle of this thread; error 91 for any other.
+[[nodiscard]] inline pst_session& Mine(pst_session* session) {
+  Handles::CheckMine(session, HandleKind::kSession);
+  return *session;
+}
+// "" where none is given.
+[[nodiscard]] inline std::string_view TextOrNothing(const char* text) {
+  return text ? std::string_view(text) : std::string_view();
+}
+
+}  // namespace pstolvane1::automation

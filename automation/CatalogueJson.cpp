@@ -38,6 +38,7 @@ Json Described(const Argument& argument) {
             {"optional", argument.optional},
             {"default", DefaultOf(argument)},
             {"byReference", argument.by_reference},
+            {"read", argument.IsRead()},
             {"help", argument.help}};
   if (argument.enumeration) json["enumeration"] = argument.enumeration->name;
   if (!argument.members.empty()) {

@@ -148,7 +148,8 @@ const Master* TreeOf(const Operation& operation) {
 // What was asked for, part by part.
 class Parts {
  public:
-  Parts(const CallInWords& call, const Locale& locale) : call_(call), locale_(locale) {}
+  Parts(const Operation& operation, const BoundValues& values, const Locale& locale)
+      : operation_(operation), values_(values), locale_(locale) {}
 
   void Add(const std::string& part) {
     if (!part.empty()) text_ += (text_.empty() ? "" : " · ") + part;
@@ -182,13 +183,14 @@ class Parts {
  private:
   template <typename Do>
   void ForEachRead(const Do& work) const {
-    const std::vector<Slot> slots = SlotsOf(call_.Called());
+    const std::vector<Slot> slots = SlotsOf(operation_);
     for (std::size_t at = 0; at < slots.size(); ++at) {
-      if (slots[at].argument->IsRead()) work(*slots[at].argument, call_.Values().at(at));
+      if (slots[at].argument->IsRead()) work(*slots[at].argument, values_.at(at));
     }
   }
 
-  const CallInWords& call_;
+  const Operation& operation_;
+  const BoundValues& values_;
   const Locale& locale_;
   std::string text_;
 };
@@ -206,19 +208,19 @@ std::string TitleOf(const Operation& operation, std::optional<std::int32_t> repo
   return std::string(found->title) + std::string(by == std::end(kByWhat) ? "" : by->by);
 }
 
-ReportLook LookOf(const CallInWords& call, const std::string& company, const KeysOfBooks& books,
-                  const Locale& locale, Date today) {
-  Parts parts(call, locale);
+ReportLook LookOf(const Operation& operation, const BoundValues& values, const std::string& company,
+                  const KeysOfBooks& books, const Locale& locale, Date today) {
+  Parts parts(operation, values, locale);
   parts.AddKeys(books);
   parts.AddPeriod();
   parts.AddMethodAndScale();
   parts.Add("printed " + locale.FormatGeneralDate(today));
-  const std::string_view operation = call.Called().name;
-  ReportLook look{
-      .title = TitleOf(call.Called(), call.ReportType()),
-      .lines = {company, parts.Text()},
-      .column = [operation](std::string_view column) { return LookOfColumn(operation, column); }};
-  if (const Master* const groups = TreeOf(call.Called())) {
+  ReportLook look{.title = TitleOf(operation, ReportTypeOf(operation, values)),
+                  .lines = {company, parts.Text()},
+                  .column = [name = operation.name](std::string_view column) {
+                    return LookOfColumn(name, column);
+                  }};
+  if (const Master* const groups = TreeOf(operation)) {
     look.group_key = "Category_Id";
     look.group_above = [groups, above = books.above](std::int64_t key) {
       return above(*groups, key);

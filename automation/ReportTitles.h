@@ -25,10 +25,15 @@ struct KeysOfBooks {
   std::function<std::int64_t(const Master& names, std::int64_t key)> above;
 };
 
-// The look of a call's report in English: its title; below it whose books, whom it is of, the
-// period, how stock is valued and in which unit money is; the day of print; its columns; and the
-// tree of its groups.
-[[nodiscard]] ReportLook LookOf(const CallInWords& call, const std::string& company,
-                                const KeysOfBooks& books, const Locale& locale, Date today);
+// The look of the report that a call with these values gives, in English: its title; below it whose
+// books, whom it is of, the period, how stock is valued and in which unit money is; the day of
+// print; its columns; and the tree of its groups.
+[[nodiscard]] ReportLook LookOf(const Operation& operation, const BoundValues& values,
+                                const std::string& company, const KeysOfBooks& books,
+                                const Locale& locale, Date today);
+[[nodiscard]] inline ReportLook LookOf(const CallInWords& call, const std::string& company,
+                                       const KeysOfBooks& books, const Locale& locale, Date today) {
+  return LookOf(call.Called(), call.Values(), company, books, locale, today);
+}
 
 }  // namespace pstolvane1::automation

@@ -118,6 +118,14 @@ int32_t pst_sort_text(const char* operation, int32_t asked, int32_t flags, const
 /* All columns and rows. */
 int32_t pst_rowset_json(const pst_rowset* rowset, char** json);
 int32_t pst_rowset_csv(const pst_rowset* rowset, char** csv);
+/* A whole page with one table, as people read the report: titles, words over the columns, groups
+ * and totals. operation and arguments are those of the call that gave the rowset, as pst_call_json
+ * takes them. Names of keys are read from the session's books. company stands above, NULL for none;
+ * locale is the one that the report was written in, as SetLocale takes it, NULL for the user's own.
+ */
+int32_t pst_report_html(pst_session* session, const pst_rowset* rowset, const char* operation,
+                        const char* arguments, const char* company, const char* locale,
+                        char** html);
 
 void pst_text_free(char* text);
 

@@ -14,7 +14,6 @@ namespace {
 using automation::Master;
 
 constexpr std::size_t kNamesShown = 5;
-constexpr std::size_t kNamesTogether = 3;
 // The months in which years begin, the likely ones first.
 constexpr std::array kStarts = {4, 1, 7, 10, 2, 3, 5, 6, 8, 9, 11, 12};
 
@@ -112,31 +111,14 @@ std::int32_t BooksLookup::KeyOf(const Master& names, const std::string& name) {
 }
 
 std::string BooksLookup::NameOf(const Master& names, std::int32_t key) {
-  const RecordsetPtr found =
-      Open(fmt::format("select distinct {} from {} where {} = {} and {} is not null", names.name,
-                       names.table, names.key, key, names.name));
-  std::string text;
-  std::size_t count = 0;
-  for (const Recordset::Row row : found->Rows()) {
-    if (++count > kNamesTogether) return text + " ...";
-    text += (text.empty() ? "" : ", ") + std::string(row.Text(ColumnHandle{0}));
-  }
-  return text;
+  return automation::NameOfKey(Reader(), names, key);
 }
 
 std::int64_t BooksLookup::Above(const Master& groups, std::int64_t key) {
-  const bool known = above_.contains(groups.table);
-  std::map<std::int64_t, std::int64_t>& above = above_[groups.table];
-  if (!known) {
-    const RecordsetPtr all =
-        Open(fmt::format("select {}, {} from {}", groups.key, groups.above, groups.table));
-    for (const Recordset::Row row : all->Rows()) {
-      if (row.IsNull(ColumnHandle{1})) continue;
-      above[row.Int64(ColumnHandle{0})] = row.Int64(ColumnHandle{1});
-    }
-  }
-  const auto found = above.find(key);
-  return found == above.end() ? 0 : found->second;
+  const auto [tree, is_new] = above_.try_emplace(groups.table);
+  if (is_new) tree->second = automation::GroupsAbove(Reader(), groups);
+  const auto found = tree->second.find(key);
+  return found == tree->second.end() ? 0 : found->second;
 }
 
 bool BooksLookup::HasKey(const Master& names, std::int32_t key) {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/BooksKeys.h"
 #include "automation/Masters.h"
 #include "session/data/Connection.h"
 #include "session/data/Date.h"
@@ -44,6 +45,10 @@ class BooksLookup {
 
  private:
   [[nodiscard]] RecordsetPtr Open(const std::string& select);
+  // Good as long as the lookup.
+  [[nodiscard]] automation::BooksReader Reader() {
+    return [this](const std::string& select) { return Open(select); };
+  }
 
   std::string connection_;
   std::shared_ptr<Connection> books_;

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "automation/Today.h"
 #include "host/Output.h"
-#include "session/data/Date.h"
 
 namespace pstolvane1::host {
 
@@ -13,7 +13,6 @@ namespace pstolvane1::host {
 // The name that was given, or that of the books: a file's without its folder and suffix, or a
 // database's.
 [[nodiscard]] std::string CompanyOf(const OutputOptions& options);
-// The day here; that of SOURCE_DATE_EPOCH, seconds since 1970, where the environment sets it.
-[[nodiscard]] Date Today();
+using automation::Today;
 
 }  // namespace pstolvane1::host

@@ -1,5 +1,6 @@
 // The library as a host in another language meets it.
 #include <array>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -139,6 +140,63 @@ TEST_F(CInterface, ExportsWholeRowsets) {
   EXPECT_EQ(Taken(text), "id,name\r\n1,Asha Motors\r\n2,Bharat Traders\r\n");
   ASSERT_EQ(pst_rowset_json(ledgers, &text), pst_ok);
   EXPECT_NE(Taken(text).find(R"([2,"Bharat Traders"])"), std::string::npos);
+}
+
+TEST_F(CInterface, WritesAReportAsAPage) {
+  Connect();
+  ASSERT_EQ(pst_call_json(session_.get(), "SetLocale", R"({"name":"en_IN"})", nullptr, nullptr),
+            pst_ok);
+  const char* const asked =
+      R"({"bytYearno":1,"lngVouchertype_id":10,"dtFromDate":"2003-04-01","dtToDate":"2004-03-31"})";
+  pst_rowset* const sales = Open("Doc_Initial", asked);
+  char* html = nullptr;
+  ASSERT_EQ(
+      pst_report_html(session_.get(), sales, "Doc_Initial", asked, "Asha & Sons", "en_IN", &html),
+      pst_ok)
+      << pst_error_text();
+  const std::string page = Taken(html);
+  EXPECT_THAT(page,
+              testing::HasSubstr("<h1>Documents by party</h1>\n<p>Asha &amp; Sons</p>\n"
+                                 "<p>voucher type: Sale · 01/04/2003 to 31/03/2004 · printed "));
+  EXPECT_THAT(page, testing::HasSubstr("<td>Asha Motors</td><td class=\"n\">₹250.00</td>"));
+
+  const auto fails = [&](pst_session* session, const pst_rowset* rowset, const char* operation,
+                         const char* arguments, const char* locale) {
+    const std::int32_t number =
+        pst_report_html(session, rowset, operation, arguments, nullptr, locale, &html);
+    EXPECT_EQ(html, nullptr);
+    return number;
+  };
+  EXPECT_EQ(fails(nullptr, sales, "Doc_Initial", asked, nullptr), 91);
+  EXPECT_EQ(fails(session_.get(), nullptr, "Doc_Initial", asked, nullptr), 91);
+  EXPECT_EQ(fails(session_.get(), sales, "Nothing", asked, nullptr), 3001);
+  EXPECT_EQ(fails(session_.get(), sales, nullptr, asked, nullptr), 3001);
+  EXPECT_EQ(fails(session_.get(), sales, "Doc_Initial", nullptr, nullptr), 3001);
+  EXPECT_EQ(fails(session_.get(), sales, "Doc_Initial", asked, "xx_YY"), 3001);
+  EXPECT_EQ(pst_report_html(session_.get(), sales, "Doc_Initial", asked, nullptr, nullptr, nullptr),
+            91);
+}
+
+// Books made elsewhere may lack what a head only tells.
+TEST_F(CInterface, APageOfBooksWithoutNamesGoesWithoutThem) {
+  Connect();
+  const char* const asked =
+      R"({"bytYearno":1,"dtFromDate":"2003-04-01","dtToDate":"2004-03-31","lngAny_Id1":1,)"
+      R"("lngAny_Id2":0,"ValuationMethod":"FifoRate","blnReport":true,"blnDetailed":false,)"
+      R"("blnAltUom":false,"sngScale":1,"blnOnlyItems":false,"blnShowOpening":true,)"
+      R"("blnShowInwards":true,"blnShowOutwards":true})";
+  pst_rowset* const stock = Open("StockDetails_Categorywise", asked);
+  const auto page = [&] {
+    char* html = nullptr;
+    EXPECT_EQ(pst_report_html(session_.get(), stock, "StockDetails_Categorywise", asked, nullptr,
+                              "en_IN", &html),
+              pst_ok)
+        << pst_error_text();
+    return Taken(html);
+  };
+  EXPECT_THAT(page(), testing::HasSubstr("<p>item category: Parts · 01/04/2003 to "));
+  books::test::Database(company_.File()).Execute("alter table ItemCategory1 rename to Elsewhere");
+  EXPECT_THAT(page(), testing::HasSubstr("<p>01/04/2003 to 31/03/2004 · first in, first out · "));
 }
 
 TEST_F(CInterface, GivesWhatACallReturnedAndChanged) {

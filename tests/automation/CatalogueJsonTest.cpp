@@ -40,11 +40,11 @@ TEST_F(Catalogue, DescribesAnOperation) {
     "reportTypes": [{"name": "rtLedgersByCode", "value": 9}],
     "arguments": [
       {"name": "bytYearno", "type": "byte", "optional": false, "default": null,
-       "byReference": false, "help": "The number of the accounting year."},
+       "byReference": false, "read": true, "help": "The number of the accounting year."},
       {"name": "sCode", "type": "text", "optional": false, "default": null, "byReference": true,
-       "help": "Subgroup codes with commas between, or nothing; comes back as a condition."},
+       "read": true, "help": "Subgroup codes with commas between, or nothing; comes back as a condition."},
       {"name": "blnReport", "type": "boolean", "optional": false, "default": null,
-       "byReference": false, "help": "True returns the report; anything else fetches it in the background and delivers it by FetchComplete."}
+       "byReference": false, "read": true, "help": "True returns the report; anything else fetches it in the background and delivers it by FetchComplete."}
     ]})"));
 }
 

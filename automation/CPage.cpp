@@ -1,0 +1,53 @@
+// A report as a page for people, for hosts in C.
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "automation/ArgumentsJson.h"
+#include "automation/BooksKeys.h"
+#include "automation/CGuard.h"
+#include "automation/CHandles.h"
+#include "automation/CRowset.h"
+#include "automation/CSession.h"
+#include "automation/Calls.h"
+#include "automation/Operations.h"
+#include "automation/ReportTitles.h"
+#include "automation/Today.h"
+#include "automation/pstolvane1_c.h"
+#include "session/rowset/Export.h"
+
+namespace pstolvane1::automation {
+namespace {
+
+// The values of the call. A head shows no rowset of the host's, so none is opened.
+BoundValues ValuesOf(const Operation& operation, std::string_view arguments) {
+  return Bind(operation, ArgumentsFromJson(operation, arguments,
+                                           [](std::string_view) { return Recordset::New(); }));
+}
+
+}  // namespace
+}  // namespace pstolvane1::automation
+
+using namespace pstolvane1::automation;
+
+int32_t pst_report_html(pst_session* session, const pst_rowset* rowset, const char* operation,
+                        const char* arguments, const char* company, const char* locale,
+                        char** html) {
+  return Guarded([&] {
+    char*& result = Given(html, "place for the page");
+    result = nullptr;
+    pstolvane1::clsStolvane1& books = Mine(session).session;
+    Handles::CheckMine(rowset, HandleKind::kRowset);
+    const Operation& called = GetOperation(TextOrNothing(operation));
+    const auto texts = pstolvane1::Locale::Get(TextOrNothing(locale));
+    const auto keys =
+        KeysReadBy([&](const std::string& select) { return OpenSelect(books, select); });
+    const pstolvane1::ReportLook look =
+        LookOf(called, ValuesOf(called, TextOrNothing(arguments)),
+               std::string(TextOrNothing(company)), keys, *texts, Today());
+    std::ostringstream out;
+    out.exceptions(std::ios::badbit);  // else a page for which there is no room would be cut
+    pstolvane1::ExportHtml(*rowset->rows, look, texts, out);
+    result = CopyText(out.str());
+  });
+}
