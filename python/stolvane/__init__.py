@@ -39,4 +39,5 @@ def open(connection: str | os.PathLike[str], *, locale: str = "",
 
 def catalogue() -> dict[str, Any]:
     """Every operation with its arguments, types and defaults, every event and enumeration."""
-    return json.loads(native.catalogue())
+    all_of_it: dict[str, Any] = json.loads(native.catalogue())
+    return all_of_it

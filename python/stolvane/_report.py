@@ -22,7 +22,7 @@ class Column(NamedTuple):
     type: int
 
 
-class Row(tuple):
+class Row(tuple[Any, ...]):
     """A line of a report: a tuple whose cells have names as well.
 
     row.Ledger, row["Ledger"] and row[0] are the same cell. Money is a Decimal, a date a
@@ -69,6 +69,7 @@ def _plain(cell: Any) -> Any:
     return [row._asdict() for row in cell] if isinstance(cell, list) else cell
 
 
+@functools.lru_cache(maxsize=1024)
 def _day(text: str) -> datetime.date | str:
     try:
         if len(text) > len("2004-03-31"):
@@ -81,15 +82,15 @@ def _day(text: str) -> datetime.date | str:
 def _rows_of(table: dict[str, Any]) -> list[Row]:
     columns = table["columns"]
     make = _row_type(tuple(column["name"] for column in columns))
-    changed = [(place, _FROM_JSON[column["type"]]) for place, column in enumerate(columns)
-               if column["type"] in _FROM_JSON]
-    rows = []
-    for cells in table["rows"]:
-        for place, change in changed:
-            if cells[place] is not None:
-                cells[place] = change(cells[place])
-        rows.append(make(cells))
-    return rows
+    # Column by column, which is faster than cell by cell.
+    cells_of = list(zip(*table["rows"]))
+    if not cells_of:
+        return []
+    for place, column in enumerate(columns):
+        change = _FROM_JSON.get(column["type"])
+        if change is not None:
+            cells_of[place] = tuple([None if one is None else change(one) for one in cells_of[place]])
+    return list(map(make, zip(*cells_of)))
 
 
 _FROM_JSON: dict[int, Callable[[Any], Any]] = {

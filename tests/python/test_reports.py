@@ -67,6 +67,8 @@ class Reports(SmallBooks):
         self.assertEqual(sales[0].Ledger, "Asha & Söhne")
         with self.fails(3265):
             sales.sort("Nothing")
+        with self.fails(3001):
+            self.books.ledgers_by_code(year=1, code="").sort_by("name")
 
     def test_a_page_as_people_read_it(self):
         page = self.books.doc_initial(**SALES).to_html()

@@ -1,4 +1,5 @@
 """What happens while a report is made: other threads, events, Ctrl-C, the end of a program."""
+import errno
 import os
 import signal
 import subprocess
@@ -7,6 +8,7 @@ import threading
 import time
 import unittest
 
+import arrow_reader
 import stolvane
 from small_books import ENDLESS, SALES, SmallBooks
 
@@ -154,18 +156,25 @@ print("end", flush=True)
 
     def test_a_process_that_was_forked_off_is_told(self):
         report = self.books.doc_initial(**SALES)
+        stream = arrow_reader.stream_of(report.__arrow_c_stream__())
         child = os.fork()
         if child == 0:
-            status = 1
-            try:
-                self.books.doc_initial(**SALES)
-            except stolvane.Error as error:
-                status = 0 if error.number == 91 and "forked" in error.text else 2
+            status = 0
+            for ask in (lambda: self.books.doc_initial(**SALES), report.to_csv, report.__len__,
+                        report.__arrow_c_stream__, self.books.wait):
+                try:
+                    ask()
+                except stolvane.Error as error:
+                    status += error.number == 91 and "forked" in error.text
+            status += 10 * (stream.get_next(stream, arrow_reader.Array()) == errno.EIO)
             self.books.abandon()
             self.books.close()
+            stream.release(stream)
             del report
             os._exit(status)
-        self.assertEqual(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), 0)
+        stream.release(stream)
+        # Each but the wait, for which no report is on its way, is told so.
+        self.assertEqual(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), 14)
         self.assertEqual(len(report), 4)
 
 
@@ -195,6 +204,18 @@ class Opening(SmallBooks):
         books.close()
         with self.fails(91):
             books._session.call("Doc_Initial", "{}", None)
+        with self.fails(91):
+            books._session.is_whole()
+
+    def test_the_module_refuses_what_is_of_another_type(self):
+        session = self.books._session
+        rowset = self.books.doc_initial(**SALES)._rowset
+        for wrong in (lambda: session.connect(1, None), lambda: session.call("Doc_Initial"),
+                      lambda: session.pump("1", None), lambda: session.html("", "", "", "", ""),
+                      lambda: rowset.sort(1), lambda: stolvane.native.sort_text("Doc_Initial"),
+                      lambda: type(rowset)()):
+            with self.assertRaises(TypeError):
+                wrong()
 
 
 if __name__ == "__main__":
