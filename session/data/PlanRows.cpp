@@ -5,12 +5,6 @@
 namespace pstolvane1::shape {
 namespace {
 
-int CountQueries(const Plan& plan) {
-  int count = plan.query ? 1 : CountQueries(*plan.groups->rows);
-  for (const RelationPlan& relation : plan.relations) count += CountQueries(*relation.child);
-  return count;
-}
-
 std::shared_ptr<RowStore> Read(const Plan& plan, const QueryReader& reader,
                                std::size_t first_rows) {
   auto store = std::make_shared<RowStore>(plan.columns, RowStore::Kind::kQuery);
@@ -24,9 +18,9 @@ std::shared_ptr<RowStore> Read(const Plan& plan, const QueryReader& reader,
 PlanRows::PlanRows(const Plan& plan, const QueryReader& reader, std::size_t first_rows)
     : reader_(reader) {
   // Where the system has no thread left, that query is read when it is asked for.
-  const bool side_by_side = reader.ReadsSideBySide() && CountQueries(plan) > 1;
   Await(plan, first_rows,
-        side_by_side ? std::launch::async | std::launch::deferred : std::launch::deferred);
+        reader.ReadsSideBySide() ? std::launch::async | std::launch::deferred
+                                 : std::launch::deferred);
 }
 
 PlanRows::~PlanRows() {
@@ -35,9 +29,10 @@ PlanRows::~PlanRows() {
 
 void PlanRows::Await(const Plan& plan, std::size_t first_rows, std::launch how) {
   if (plan.query) {
-    rows_.emplace(&plan, std::async(how, [this, &plan, first_rows] {
-      return Read(plan, reader_, first_rows);
-    }));
+    // The one that is asked for first is read by the thread that asks.
+    rows_.emplace(
+        &plan, std::async(rows_.empty() ? std::launch::deferred : how,
+                          [this, &plan, first_rows] { return Read(plan, reader_, first_rows); }));
   } else {
     Await(*plan.groups->rows, QueryReader::kSmallChunk, how);
   }

@@ -12,9 +12,9 @@
 
 namespace pstolvane1::shape {
 
-// Where the engine reads side by side and there are several queries, each is read by a thread of
-// its own from the object's making on; else each is read when its rows are asked for. An object
-// that goes before all were asked for ends the threads that still read, and waits for them.
+// Where the engine reads side by side, each query but the first is read by a thread of its own from
+// the object's making on. The others are read when their rows are asked for. An object that goes
+// before all were asked for ends the threads that still read, and waits for them.
 class PlanRows {
  public:
   // The first chunk of the plan's own query has room for first_rows rows. The plan must outlive the

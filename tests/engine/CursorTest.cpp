@@ -19,6 +19,7 @@ constexpr const char* kThousandRows =
     "CREATE TABLE t (id INTEGER);"
     "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000)"
     "INSERT INTO t SELECT i FROM n;";
+constexpr const char* kWriteAhead = "PRAGMA journal_mode = WAL;";
 constexpr const char* kEndless =
     "whole N: SELECT count(*) FROM t AS a, t AS b, t AS c, t AS d WHERE a.id + b.id = c.id - d.id";
 constexpr const char* kManyRows = "whole N: SELECT a.id FROM t AS a, t AS b, t AS c";
@@ -300,10 +301,17 @@ TEST(Cursors, CancelFromAnotherThreadAtAnyMoment) {
   }
 }
 
-TEST(Cursors, OfOneSnapshotTakeTurns) {
-  const TestBooks books(kThousandRows);
+// A state whose cursors share one connection: another would see what was written since.
+std::shared_ptr<Snapshot> StateOfOneConnection(Provider& provider, const TestBooks& books) {
+  auto snapshot = provider.TakeSnapshot(kNoLimit);
+  Writer(books.Path()).Run("INSERT INTO t VALUES (0)");
+  return snapshot;
+}
+
+TEST(Cursors, OfOneConnectionTakeTurns) {
+  const TestBooks books(kWriteAhead + std::string(kThousandRows));
   const auto provider = OpenPlain(books.Path());
-  const auto snapshot = provider->TakeSnapshot(kNoLimit);
+  const auto snapshot = StateOfOneConnection(*provider, books);
   constexpr int kThreads = 4;
   constexpr int kChunks = 40;
   std::atomic<int> running{0};
@@ -331,9 +339,9 @@ TEST(Cursors, OfOneSnapshotTakeTurns) {
 }
 
 TEST(Cursors, GoAwayWhileANeighbourIsBusyWithoutWaitingForIt) {
-  const TestBooks books(kThousandRows);
+  const TestBooks books(kWriteAhead + std::string(kThousandRows));
   const auto provider = OpenPlain(books.Path());
-  const auto snapshot = provider->TakeSnapshot(kNoLimit);
+  const auto snapshot = StateOfOneConnection(*provider, books);
   const auto busy = snapshot->Run(kEndless, milliseconds(20000));
   auto going = snapshot->Run(kManyRows, kNoLimit);
   std::thread reader([&] {

@@ -139,6 +139,28 @@ TEST(WrongValues, AreLookedForOnceInAStateOfTheBooks) {
   EXPECT_EQ(look(), "no error") << "what failed is looked at again";
 }
 
+TEST(WrongValues, AreLookedForOnceByConnectionsThatReadOneState) {
+  TestBooks books("CREATE TABLE t (id INTEGER, qty REAL); INSERT INTO t VALUES (1, 5)");
+  Watch watch(kNoLimit);
+  Database database(books.Path(), watch);
+  ColumnCheck first, second;
+  const auto look = [&](ColumnCheck& check, const char* column) {
+    const Database::Running running(database, watch);
+    const std::vector<TableColumn> columns{{"t", column, sql::Type::kSingle}};
+    return ErrorOf([&] { check.Check(database, columns); });
+  };
+  first.BeginState(1);
+  second.BeginState(7, first);
+  EXPECT_EQ(look(first, "qty"), "no error");
+  EXPECT_EQ(look(second, "id"), "no error");
+  books.Write("UPDATE t SET id = 'x', qty = 'NaN'");
+  EXPECT_EQ(look(second, "qty"), "no error") << "the first has looked at it";
+  EXPECT_EQ(look(first, "id"), "no error") << "the second has";
+  first.BeginState(2);
+  EXPECT_EQ(look(first, "qty"), "13 t.qty holds \"NaN\", which is not a number");
+  EXPECT_EQ(look(second, "qty"), "no error") << "the second still reads the state before";
+}
+
 TEST(SameExit, OfAFile) {
   const TestBooks books(kTablesOfSameExit);
   ExpectSameExits(*std::make_shared<SqliteProvider>(books.Path(), kNoLimit));

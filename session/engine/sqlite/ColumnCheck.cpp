@@ -84,14 +84,21 @@ constexpr std::array kFunctions{ScalarFunction{"pst_misfit", -1, &Misfit}};
 
 void ColumnCheck::BeginState(std::int64_t data_version) {
   if (data_version == data_version_) return;
-  known_.clear();
+  known_ = std::make_shared<Known>();
   data_version_ = data_version;
 }
+
+void ColumnCheck::BeginState(std::int64_t data_version, const ColumnCheck& other) {
+  known_ = other.known_;
+  data_version_ = data_version;
+}
+
+std::unique_lock<std::mutex> ColumnCheck::Turn() const { return std::unique_lock(known_->turn); }
 
 void ColumnCheck::Check(Database& database, std::span<const TableColumn> columns) {
   std::vector<TableColumn> unknown;
   for (const TableColumn& column : columns) {
-    if (!known_.contains(column.table + "." + column.column)) unknown.push_back(column);
+    if (!known_->columns.contains(column.table + "." + column.column)) unknown.push_back(column);
   }
   std::ranges::stable_sort(unknown, {}, &TableColumn::table);
   for (auto first = unknown.begin(); first != unknown.end();) {
@@ -99,7 +106,9 @@ void ColumnCheck::Check(Database& database, std::span<const TableColumn> columns
                              [&](const TableColumn& one) { return one.table != first->table; });
     last = first + std::min(kColumnsAtOnce, last - first);
     CheckTable(database, {first, last});
-    for (; first != last; ++first) known_.insert(first->table + "." + first->column);
+    for (; first != last; ++first) {
+      known_->columns.insert(first->table + "." + first->column);
+    }
   }
 }
 

@@ -198,13 +198,43 @@ bool Database::EndState() noexcept {
   return code == SQLITE_DONE && sqlite3_get_autocommit(native_.get()) != 0;
 }
 
-std::optional<std::int64_t> Database::SchemaVersionNow() {
+std::optional<std::int64_t> Database::NumberNow(sqlite3_stmt* statement) {
   // Without a watch the busy handler does not wait.
-  const int code = sqlite3_step(schema_version_.get());
-  std::optional<std::int64_t> version;
-  if (code == SQLITE_ROW) version = sqlite3_column_int64(schema_version_.get(), 0);
-  sqlite3_reset(schema_version_.get());
-  return version;
+  std::optional<std::int64_t> number;
+  if (sqlite3_step(statement) == SQLITE_ROW) number = sqlite3_column_int64(statement, 0);
+  sqlite3_reset(statement);
+  return number;
+}
+
+std::optional<std::int64_t> Database::SchemaVersionNow() {
+  return NumberNow(schema_version_.get());
+}
+
+bool Database::Look() {
+  looked_at_ = NumberNow(data_version_.get());
+  return looked_at_.has_value();
+}
+
+bool Database::JoinState(const Database& other) {
+  const bool begun = sqlite3_step(begin_.get()) == SQLITE_DONE;
+  sqlite3_reset(begin_.get());
+  // The state begins with this first reading.
+  const std::optional<std::int64_t> now =
+      begun ? NumberNow(data_version_.get()) : std::optional<std::int64_t>();
+  if (!now || now != looked_at_) {
+    static_cast<void>(EndState());
+    return false;
+  }
+  column_check_.BeginState(*now, other.column_check_);
+  return true;
+}
+
+bool Database::IsOnTheFileOf(const Database& other) const {
+  const auto name = [](const Database& one) {
+    return std::string_view(sqlite3_db_filename(one.native_.get(), "main"));
+  };
+  // Twice, so that neither can have been put into the place of the other meanwhile.
+  return name(*this) == name(other) && other.IsInPlace() && IsInPlace() && other.IsInPlace();
 }
 
 Database::Running::Running(Database& database, Watch& watch, const sql::Catalog* catalog)
@@ -235,6 +265,7 @@ Database::Prepared Database::PrepareReport(const std::string& text) {
 }
 
 void Database::CheckColumns(std::span<const TableColumn> columns, Watch& watch) {
+  const auto turn = column_check_.Turn();
   const Running running(*this, watch);
   column_check_.Check(*this, columns);
 }

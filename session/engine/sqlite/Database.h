@@ -40,6 +40,20 @@ class Database {
   // The version of the schema as it is now, without a state; nothing when a lock stands in the way.
   [[nodiscard]] std::optional<std::int64_t> SchemaVersionNow();
 
+  // How two connections come to see one state, although each can only begin one of its own: the
+  // second looks at the data, the first begins its state, the second joins. The second then finds
+  // whether anything was written since it looked. What was not changed by then was not changed
+  // either when the first began.
+
+  // Looks at the data as they are now, without a state. False when a lock stands in the way.
+  [[nodiscard]] bool Look();
+  // Begins, without waiting, the state that the other connection has begun since the Look, and
+  // holds it. False, and no state, when something was written since or a lock stands in the way.
+  // The other may be at work. Both have opened the same file.
+  [[nodiscard]] bool JoinState(const Database& other);
+  // True only if both connections have opened the same file.
+  [[nodiscard]] bool IsOnTheFileOf(const Database& other) const;
+
   // While it lives, statements may be prepared and stepped, and the watch may end them. A catalog
   // holds the statements to selecting from its tables; null is for the library's own statements.
   // Work comes in batches, because it costs two readings of the clock.
@@ -80,6 +94,8 @@ class Database {
   void Configure();
   [[nodiscard]] Error CannotOpen(int code) const;
   void Execute(const char* text);
+  // The number that a statement gives now; nothing when it fails. Does not wait for a lock.
+  static std::optional<std::int64_t> NumberNow(sqlite3_stmt* statement);
   static int OnProgress(void* database) noexcept;
   static int OnBusy(void* database, int attempts) noexcept;
 
@@ -92,6 +108,7 @@ class Database {
   NativeStatement end_;
   NativeStatement schema_version_;
   NativeStatement data_version_;
+  std::optional<std::int64_t> looked_at_;  // the data version at the last Look
   ColumnCheck column_check_;
 };
 

@@ -48,16 +48,34 @@ void HeldState::FinalizeDropped() noexcept {
   }
 }
 
-SqliteSnapshot::SqliteSnapshot(std::shared_ptr<HeldState> state,
+SqliteSnapshot::SqliteSnapshot(std::shared_ptr<HeldState> first, std::shared_ptr<HeldState> second,
                                std::shared_ptr<Translations> translations)
-    : state_(std::move(state)), translations_(std::move(translations)) {}
+    : first_(std::move(first)),
+      second_(std::move(second)),
+      translations_(std::move(translations)) {}
+
+std::shared_ptr<HeldState> SqliteSnapshot::LeastBusy() {
+  const std::lock_guard lock(second_mutex_);
+  // Each cursor owns a share of the connection that it reads with, and so does the snapshot.
+  if (!second_ || first_.use_count() == 1) return first_;
+  if (!second_joined_ && !second_->database->JoinState(*first_->database)) {
+    second_.reset();
+    return first_;
+  }
+  second_joined_ = true;
+  return second_.use_count() < first_.use_count() ? second_ : first_;
+}
 
 std::shared_ptr<Cursor> SqliteSnapshot::Run(std::string_view select,
                                             std::chrono::milliseconds time_limit) {
-  return std::make_shared<SqliteCursor>(state_, *translations_->Of(select, state_->catalog),
-                                        time_limit);
+  const auto translation = translations_->Of(select, first_->catalog);
+  return std::make_shared<SqliteCursor>(LeastBusy(), *translation, time_limit);
 }
 
-void SqliteSnapshot::Cancel() noexcept { state_->cancel.Raise(); }
+void SqliteSnapshot::Cancel() noexcept {
+  const std::lock_guard lock(second_mutex_);
+  first_->cancel.Raise();
+  if (second_) second_->cancel.Raise();
+}
 
 }  // namespace pstolvane1::sqlite

@@ -46,16 +46,27 @@ struct HeldState {
   std::vector<NativeStatement> dropped_;
 };
 
+// A statement that runs while another is read has a connection of its own where one can be had that
+// sees the same state; else they take turns.
 class SqliteSnapshot final : public Snapshot {
  public:
-  SqliteSnapshot(std::shared_ptr<HeldState> state, std::shared_ptr<Translations> translations);
+  // The first holds the state. The second, which may be null, has looked at the data before that
+  // state was begun (Database::Look), and joins it when it is needed.
+  SqliteSnapshot(std::shared_ptr<HeldState> first, std::shared_ptr<HeldState> second,
+                 std::shared_ptr<Translations> translations);
 
   [[nodiscard]] std::shared_ptr<Cursor> Run(std::string_view select,
                                             std::chrono::milliseconds time_limit) override;
   void Cancel() noexcept override;
 
  private:
-  const std::shared_ptr<HeldState> state_;
+  // The connection for one more cursor.
+  [[nodiscard]] std::shared_ptr<HeldState> LeastBusy();
+
+  const std::shared_ptr<HeldState> first_;
+  std::mutex second_mutex_;
+  std::shared_ptr<HeldState> second_;
+  bool second_joined_ = false;
   const std::shared_ptr<Translations> translations_;
 };
 

@@ -133,21 +133,42 @@ std::shared_ptr<Snapshot> SqliteProvider::TakeSnapshot(std::chrono::milliseconds
   try {
     std::unique_ptr<Database> database = pool_->Take();
     if (!database) database = Open(path_, watch);
+    std::unique_ptr<Database> second = Looking();
     const std::int64_t version = database->BeginState(watch);
+    if (second && !second->IsOnTheFileOf(*database)) second.reset();
     std::shared_ptr<const sql::Catalog> catalog = pool_->Catalog(version);
     if (!catalog) {
       catalog =
           std::make_shared<sql::Catalog>(ReadCatalog(*database, translations_->Translate(), watch));
       pool_->Keep(catalog, version);
     }
-    auto state = std::make_shared<HeldState>(
-        std::move(database), std::move(catalog), cancel_,
-        [pool = pool_](std::unique_ptr<Database> back) { pool->Give(std::move(back)); });
-    return std::make_shared<SqliteSnapshot>(std::move(state), translations_);
+    const auto held = [&](std::unique_ptr<Database> connection) {
+      return std::make_shared<HeldState>(
+          std::move(connection), catalog, cancel_,
+          [pool = pool_](std::unique_ptr<Database> back) { pool->Give(std::move(back)); });
+    };
+    return std::make_shared<SqliteSnapshot>(
+        held(std::move(database)), second ? held(std::move(second)) : nullptr, translations_);
   } catch (const Error& error) {
     if (error.Number() != ErrorNumber::kConnection) throw;
     throw Error(ErrorNumber::kQueryRefused, error.Description());
   }
+}
+
+std::unique_ptr<Database> SqliteProvider::Looking() {
+  try {
+    std::unique_ptr<Database> second = pool_->Take();
+    if (!second) {
+      constexpr std::chrono::milliseconds kNotLong{10};
+      Watch watch(kNotLong, {cancel_.get()});
+      second = Open(path_, watch);
+    }
+    if (second->Look()) return second;
+    pool_->Give(std::move(second));
+  } catch (...) {
+    // A report can do without it.
+  }
+  return nullptr;
 }
 
 std::shared_ptr<const sql::Translation> SqliteProvider::TranslateNow(std::string_view select) {

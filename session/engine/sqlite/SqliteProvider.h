@@ -29,10 +29,14 @@ class SqliteProvider final : public Provider {
       std::chrono::milliseconds time_limit) override;
   [[nodiscard]] std::vector<ColumnInfo> Describe(std::string_view select) override;
   [[nodiscard]] std::string Translate(std::string_view select) override;
+  [[nodiscard]] bool ReadsSideBySide() const noexcept override { return true; }
   void Cancel() noexcept override;
 
  private:
   class Pool;
+
+  // A further connection that has looked at the data, or null.
+  [[nodiscard]] std::unique_ptr<Database> Looking();
 
   [[nodiscard]] std::shared_ptr<const sql::Translation> TranslateNow(std::string_view select);
 
