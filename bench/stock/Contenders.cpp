@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "../BareEngine.h"
 
@@ -44,12 +45,14 @@ std::string TextOf(const std::string& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// The windows name the column by a shorter name.
+// The windows name a column by a shorter name.
 std::string WantedOf(const WindowQuery& query) {
   std::string wanted = query.wanted;
-  constexpr std::string_view kShort = "Type";
-  if (const auto at = wanted.find(kShort); at != std::string::npos) {
-    wanted.replace(at, kShort.size(), "GOriginalVouchertype_id");
+  for (const auto& [windows, table] :
+       {std::pair("IsAdded", R"("IsAdded")"), std::pair("Type", R"("GOriginalVouchertype_id")")}) {
+    if (const auto at = wanted.find(windows); at != std::string::npos) {
+      wanted.replace(at, std::string_view(windows).size(), table);
+    }
   }
   return wanted;
 }
@@ -66,12 +69,15 @@ std::string ComposeWindows(const std::string& method) {
 
 }  // namespace
 
-std::vector<std::string> FloorOf(const std::string& method) {
+std::vector<std::string> FloorOf(const std::string& method, Engine engine) {
   const auto* const query = std::ranges::find(kQueries, method, &WindowQuery::method);
-  const std::string text = TextOf(fmt::format("floor/{}.sql", query->file));
-  std::string all = fmt::format(fmt::runtime(text), fmt::arg("direction", query->direction),
-                                fmt::arg("wanted", WantedOf(*query)), fmt::arg("year", kYear),
-                                fmt::arg("from", kFrom), fmt::arg("to", kTo));
+  const std::string text = TextOf(
+      fmt::format("floor/{}{}.sql", engine == Engine::kServer ? "server/" : "", query->file));
+  std::string all =
+      fmt::format(fmt::runtime(text), fmt::arg("direction", query->direction),
+                  fmt::arg("nulls", std::string_view(query->direction) == "ASC" ? "FIRST" : "LAST"),
+                  fmt::arg("wanted", WantedOf(*query)), fmt::arg("year", kYear),
+                  fmt::arg("from", kFrom), fmt::arg("to", kTo));
   std::vector<std::string> statements;
   for (std::size_t end = all.find(';'); end != std::string::npos; end = all.find(';')) {
     statements.push_back(all.substr(0, end));

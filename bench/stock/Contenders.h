@@ -21,8 +21,9 @@ struct Answer {
 };
 
 // The cheapest statements that give the figures of a method's report, as one would write them by
-// hand.
-std::vector<std::string> FloorOf(const std::string& method);
+// hand for the engine.
+enum class Engine { kFile, kServer };
+std::vector<std::string> FloorOf(const std::string& method, Engine engine);
 // By window functions of the bare engine. The method is a name of enmValuationMethod.
 Answer InSql(sqlite3* database, const std::string& method);
 // By a Python program of its own, without the time that Python takes to start.

@@ -1,12 +1,14 @@
 // What a stock statement costs, beside the cheapest statements that give its figures, and beside
 // what one would write without the library: a Python walk, and window functions.
 //
-//   bench_stock [MOVEMENTS [ROUNDS]]      100000 movements and 3 rounds if not given
+//   bench_stock [MOVEMENTS|FILE [ROUNDS [METHOD...]]]
 //
-// All contenders run in turns in one call on the same sample books, in seconds of the processor.
-// The floor steps the statements of floor/, which a person would write for the method, and touches
-// every column; "own" steps the SELECTs that the report sends. The walk and the window functions
-// reckon the closing value alone, which stands beside the report's.
+// 100000 movements, 3 rounds and all methods if not given. A FILE has sample books already. All
+// contenders run in turns in one call on the same books, in seconds of the processor. The floor
+// steps the statements of floor/, which a person would write for the method, and touches every
+// column; "own" steps the SELECTs that the report sends; "wall" is how long one waits for the
+// report. The walk and the window functions reckon the closing value alone, which stands beside the
+// report's.
 
 #include <algorithm>
 #include <chrono>
@@ -18,12 +20,12 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "../BareEngine.h"
 #include "Contenders.h"
 #include "Statements.h"
+#include "session/books/BooksFile.h"
 #include "session/books/SampleBooks.h"
 #include "session/clsStolvane1.h"
 #include "session/engine/Engines.h"
@@ -95,66 +97,82 @@ Peaks PeaksOf(const std::string& path, std::size_t method,
     out << select << '\n';
   }
   out.close();
-  return {PeakOf("--step", path, file), PeakOf("--write", path, std::to_string(method))};
+  const Peaks peaks{PeakOf("--step", path, file), PeakOf("--write", path, std::to_string(method))};
+  std::filesystem::remove(file);
+  return peaks;
 }
 
-void Run(std::int64_t movements, int rounds) {
-  std::string folder = (std::filesystem::temp_directory_path() / "bench_stock_XXXXXX").string();
-  if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  const std::string path = folder + "/books.db";
-  books::SampleBooks(path, movements);
-
+void Run(const std::string& path, int rounds, const std::vector<std::string>& methods) {
   clsStolvane1 session;
   session.SetConnection("", "", path, False);
   const std::shared_ptr<Provider> books = OpenDatabase(path, std::chrono::minutes(2));
   BareEngine bare(path);
   session.SetLocale("en_US");
-  fmt::print("{} movements, best of {} rounds, in seconds of the processor\n", movements, rounds);
-  fmt::print("{:<18}{:>12}{:>8}{:>8}{:>8}{:>8}{:>7}{:>9}", "method", "source rows", "lines",
-             "floor", "own", "report", "ratio", "lines/s");
+  fmt::print("best of {} rounds, in seconds of the processor\n", rounds);
+  fmt::print("{:<18}{:>12}{:>8}{:>8}{:>8}{:>8}{:>7}{:>8}{:>9}", "method", "source rows", "lines",
+             "floor", "own", "report", "ratio", "wall", "lines/s");
   fmt::print("{:>10}{:>11}{:>12}", "report MB", "bytes/row", "bytes/line");
   fmt::print("{:>9}{:>7}{:>9}{:>17}{:>17}{:>17}\n", "Python", "ratio", "windows", "closing",
              "in Python", "in SQL");
   const auto faster = [](const Answer& a, const Answer& b) { return a.seconds < b.seconds; };
   for (std::size_t i = 0; i < std::size(kMethods); ++i) {
     const Method& one = kMethods[i];
+    if (!methods.empty() && std::ranges::find(methods, one.name) == methods.end()) continue;
     const std::vector<std::string> selects = SelectsOf(session, *books, one.method);
-    const std::vector<std::string> cheapest = FloorOf(one.name);
-    double floor = 1e9, own = 1e9, report = 1e9;
+    const std::vector<std::string> cheapest = FloorOf(one.name, Engine::kFile);
+    double floor = 1e9, own = 1e9, report = 1e9, wall = 1e9;
     Answer walked, windows;
     std::int64_t rows = 0;
     RecordsetPtr statement;
     for (int round = 0; round < rounds; ++round) {
       floor = std::min(floor, ProcessorSecondsOf([&] { Step(bare, cheapest); }));
       own = std::min(own, ProcessorSecondsOf([&] { rows = Step(bare, selects); }));
+      const auto write = [&] { statement = Statement(session, one.method); };
       report =
-          std::min(report, ProcessorSecondsOf([&] { statement = Statement(session, one.method); }));
+          std::min(report, ProcessorSecondsOf([&] { wall = std::min(wall, SecondsOf(write)); }));
       windows = std::min(windows, InSql(bare.Raw(), one.name), faster);
       walked = std::min(walked, InPython(path, one.name), faster);
     }
     const std::int64_t lines = statement->RecordCount();
     const Peaks peaks = PeaksOf(path, i, selects);
-    fmt::print("{:<18}{:>12}{:>8}{:>8.3f}{:>8.3f}{:>8.3f}{:>7.2f}{:>9.0f}", one.name, rows, lines,
-               floor, own, report, report / floor, static_cast<double>(lines) / report);
+    fmt::print("{:<18}{:>12}{:>8}{:>8.3f}{:>8.3f}{:>8.3f}{:>7.2f}{:>8.3f}{:>9.0f}", one.name, rows,
+               lines, floor, own, report, report / floor, wall,
+               static_cast<double>(lines) / report);
     fmt::print("{:>10.1f}{:>11.0f}{:>12.0f}", peaks.report / 1e6,
                (peaks.report - peaks.floor) / static_cast<double>(rows),
                static_cast<double>(statement->MemoryUsed()) / static_cast<double>(lines));
     fmt::print("{:>9.3f}{:>7.2f}{:>9.3f}{:>17.2f}{:>17.2f}{:>17.2f}\n", walked.seconds,
                report / walked.seconds, windows.seconds, ClosingOf(statement), walked.value,
                windows.value);
+    std::fflush(stdout);
   }
-  std::filesystem::remove_all(folder);
+}
+
+void RunOnNewBooks(std::int64_t movements, int rounds, const std::vector<std::string>& methods) {
+  const books::PassingBooks books;
+  books::SampleBooks(books.Path(), movements);
+  fmt::print("{} movements, ", movements);
+  Run(books.Path(), rounds, methods);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
   try {
-    if (count == 4) {
-      Load(arguments[1], arguments[2], arguments[3]);
+    const std::vector<std::string> told(arguments + 1, arguments + count);
+    if (!told.empty() && told[0].starts_with("--")) {
+      Load(told.at(0), told.at(1), told.at(2));
       return 0;
     }
-    Run(count > 1 ? std::atoll(arguments[1]) : 100'000, count > 2 ? std::atoi(arguments[2]) : 3);
+    const std::string books = told.empty() ? "100000" : told[0];
+    const int rounds = told.size() > 1 ? std::stoi(told[1]) : 3;
+    const std::vector<std::string> methods(told.begin() + std::min<std::ptrdiff_t>(count - 1, 2),
+                                           told.end());
+    if (std::filesystem::exists(books)) {
+      Run(books, rounds, methods);
+    } else {
+      RunOnNewBooks(std::stoll(books), rounds, methods);
+    }
     return 0;
   } catch (const std::exception& error) {
     fmt::print(stderr, "bench_stock: {}\n", error.what());
