@@ -23,6 +23,7 @@ using test::Folder;
 using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 class ServerBooks : public testing::Test {
@@ -224,10 +225,23 @@ TEST_F(ServerBooks, CheckTellsWhatIsMissingOrOddAndWhatMendsIt) {
            "\"Items1\" ((CASE WHEN octet_length(\"ItemName\") = length(\"ItemName\") THEN "
            "lower(rtrim(\"ItemName\") COLLATE \"C\") ELSE lower(translate(rtrim(\"ItemName\"), ",
            "hint: No index of Batches1 begins with Item_id, Color_id.\n  DROP INDEX "
-           "\"Batches1_Item\"; CREATE INDEX \"Batches1_Item\" ON \"Batches1\" (\"Item_id\", "
-           "\"Color_id\");\n",
+           "\"Batches1_Item\"; CREATE INDEX \"Batches1_Item\" ON \"Batches1\" (\"Item_id\" "
+           "NULLS FIRST, \"Color_id\" NULLS FIRST);\n",
        }) {
     EXPECT_THAT(found, HasSubstr(line));
+  }
+}
+
+TEST_F(ServerBooks, AnIndexGivesRowsInTheOrderOfTheDialect) {
+  SampleBooks(Server());
+  const std::shared_ptr<Provider> books = OpenDatabase(Server(), std::chrono::seconds(60));
+  for (const char* order :
+       {"item_id, godown_id, batch_id, yearno, date, desrdetails_id, godownitem_id",
+        "yearno desc, date desc, desrdetails_id desc, godownitem_id desc"}) {
+    const std::string select =
+        books->Translate(std::string("select qty, rate from godownitem1 order by ") + order);
+    const std::string plan = Ask("SET enable_sort = off; EXPLAIN (FORMAT JSON) " + select);
+    EXPECT_THAT(plan, AllOf(HasSubstr("Index Only Scan"), Not(HasSubstr("\"Sort\"")))) << order;
   }
 }
 
