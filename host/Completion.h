@@ -10,7 +10,7 @@ class App;
 namespace pstolvane1::host {
 
 // A script that bash reads: commands and their options, the operations of "run" and their
-// arguments. It is made of the program's commands and the operations' data.
-[[nodiscard]] std::string BashCompletion(const CLI::App& app);
+// arguments, and the values of both. It is made of the program's commands and the operations' data.
+[[nodiscard]] std::string BashCompletion(CLI::App& app);
 
 }  // namespace pstolvane1::host

@@ -6,8 +6,10 @@
 
 #include "host/OutputFile.h"
 #include "host/OutputStream.h"
+#include "host/ReportHead.h"
 #include "host/Terminal.h"
 #include "host/TextTable.h"
+#include "host/print/ExportPdf.h"
 #include "session/rowset/Locale.h"
 #include "session/rowset/ReportView.h"
 
@@ -49,6 +51,15 @@ void Write(const Recordset& rowset, const ReportLook& look, const OutputOptions&
       return WriteStream(options, [&](std::ostream& out) {
         ExportSheet(rowset, look, locale, options.sheet, out);
       });
+    case Format::kPdf: {
+      if (options.path.empty() && StandardOutputIsTerminal()) {
+        throw Error(ErrorNumber::kArgumentOutOfRange,
+                    "printed pages go into a file or to a printer: name the file with --out");
+      }
+      const print::PrintStyle style = PrintStyleOf(options);
+      return WriteStream(
+          options, [&](std::ostream& out) { print::ExportPdf(rowset, look, locale, style, out); });
+    }
     case Format::kRecords:
       return WriteStream(options,
                          [&](std::ostream& out) { ExportRecords(rowset, look, locale, out); });

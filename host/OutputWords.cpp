@@ -7,6 +7,9 @@
 #include <string>
 #include <string_view>
 
+#include "host/Offered.h"
+#include "host/print/Paper.h"
+#include "session/data/Error.h"
 #include "session/data/TextFold.h"
 
 namespace pstolvane1::host {
@@ -16,13 +19,20 @@ struct NamedFormat {
   std::string_view name;
   Format format;
 };
-constexpr NamedFormat kFormats[] = {{"table", Format::kTable},    {"csv", Format::kCsv},
-                                    {"json", Format::kJson},      {"html", Format::kHtml},
-                                    {"xlsx", Format::kXlsx},      {"sheet", Format::kSheet},
-                                    {"records", Format::kRecords}};
+constexpr NamedFormat kFormats[] = {{"table", Format::kTable},     {"csv", Format::kCsv},
+                                    {"json", Format::kJson},       {"html", Format::kHtml},
+                                    {"xlsx", Format::kXlsx},       {"sheet", Format::kSheet},
+                                    {"records", Format::kRecords}, {"pdf", Format::kPdf}};
 // Suffixes that are no format's name.
 constexpr NamedFormat kSuffixes[] = {
     {"htm", Format::kHtml}, {"txt", Format::kTable}, {"jsonl", Format::kRecords}};
+
+std::string NamesOfFormats() {
+  std::string names;
+  for (const NamedFormat& one : kFormats)
+    names += (names.empty() ? "" : " ") + std::string(one.name);
+  return names;
+}
 
 const NamedFormat* FormatNamed(std::span<const NamedFormat> formats, std::string_view name) {
   const auto found = std::ranges::find_if(
@@ -33,8 +43,8 @@ const NamedFormat* FormatNamed(std::span<const NamedFormat> formats, std::string
 void ReadFormat(OutputOptions& output, const std::string& name) {
   const NamedFormat* const format = FormatNamed(kFormats, name);
   if (format == nullptr) {
-    throw CLI::ValidationError("--format",
-                               "takes table, csv, json, html, xlsx, sheet or records, not " + name);
+    throw CLI::ValidationError(
+        "--format", "takes table, csv, json, html, xlsx, pdf, sheet or records, not " + name);
   }
   output.format = format->format;
 }
@@ -46,6 +56,16 @@ void FollowSuffix(OutputOptions& output) {
   const NamedFormat* format = FormatNamed(kFormats, suffix);
   if (format == nullptr) format = FormatNamed(kSuffixes, suffix);
   if (format != nullptr) output.format = format->format;
+}
+
+// What is wrong with a name of paper; "" for nothing.
+std::string IsPaper(const std::string& name) {
+  try {
+    [[maybe_unused]] const print::Paper& known = print::PaperNamed(name);
+    return {};
+  } catch (const Error& error) {
+    return error.Description();
+  }
 }
 
 // One name for both, as sessions take it.
@@ -64,9 +84,11 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
       command
           .add_option_function<std::string>(
               "--format", [&output](const std::string& name) { ReadFormat(output, name); },
-              "table, html, xlsx and sheet for people; csv, json and records for programs; without "
+              "table, html, xlsx, pdf and sheet for people; csv, json and records for programs; "
+              "without "
               "it as --out ends")
           ->option_text("FORMAT");
+  Offer(*format, NamesOfFormats());
   command
       .add_option_function<std::string>(
           "--out",
@@ -90,6 +112,18 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
                   "the name on top of a report; without it that of the books")
       ->option_text("NAME")
       ->envname("STOLVANE_COMPANY");
+  command
+      .add_option("--letterhead", output.letterhead,
+                  "a file of lines as CompanyAddress1=..., for the top of printed pages")
+      ->option_text("PATH")
+      ->envname("STOLVANE_LETTERHEAD");
+  CLI::Option* const paper = command
+                                 .add_option("--paper", output.paper,
+                                             "of printed pages: A4, A3, Letter or Legal; without "
+                                             "it A4")
+                                 ->option_text("NAME")
+                                 ->check(IsPaper);
+  Offer(*paper, "A4 A3 Letter Legal");
   command
       .add_option("--locale", output.locale,
                   "whose separators, dates and symbol's place, as en_IN; without it the user's own")

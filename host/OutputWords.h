@@ -9,8 +9,8 @@ class App;
 
 namespace pstolvane1::host {
 
-// --format, --out, --columns, --separator, --bom, --company, --locale and --currency. Without
-// --format the suffix of --out decides.
+// --format, --out, --columns, --separator, --bom, --company, --letterhead, --paper,
+// --locale and --currency. Without --format the suffix of --out decides.
 void AddOutput(CLI::App& command, OutputOptions& output);
 // --quiet.
 void AddQuiet(CLI::App& command, bool& quiet);

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "host/Letterhead.h"
 #include "session/engine/ConnectionString.h"
 #include "session/engine/Engines.h"
 
@@ -11,9 +12,20 @@ bool ShowsALook(Format format) { return format != Format::kCsv && format != Form
 
 std::string CompanyOf(const OutputOptions& options) {
   if (!options.company.empty()) return options.company;
+  if (!options.letterhead.empty()) {
+    std::string name = ReadLetterhead(options.letterhead).CompanyName;
+    if (!name.empty()) return name;
+  }
   const ConnectionTarget read = ReadConnectionString(options.books);
   if (read.engine == EngineKind::kSqlite) return std::filesystem::path(FileOf(read)).stem();
   return NameOfDatabase(options.books);
+}
+
+print::PrintStyle PrintStyleOf(const OutputOptions& options) {
+  print::PrintStyle style{.paper = options.paper, .day = Today().ToIso()};
+  if (!options.letterhead.empty()) style.company = ReadLetterhead(options.letterhead);
+  style.company.CompanyName = CompanyOf(options);
+  return style;
 }
 
 }  // namespace pstolvane1::host

@@ -12,9 +12,12 @@
 #include "automation/ShortForms.h"
 #include "host/BooksLookup.h"
 #include "host/Command.h"
+#include "host/Offered.h"
 #include "host/OutputWords.h"
 #include "host/Period.h"
 #include "host/RunCommand.h"
+#include "session/data/TextFold.h"
+#include "session/enmValuationMethod.h"
 
 namespace pstolvane1::host {
 namespace {
@@ -123,11 +126,22 @@ bool AnyTakes(const std::vector<const ShortForm*>& forms, Choice choice) {
   return std::ranges::any_of(forms, [&](const ShortForm* form) { return Takes(*form, choice); });
 }
 
-// "item (also group, class)".
-std::string ByHelp(const std::vector<const ShortForm*>& forms) {
+std::string NamesOf(const std::vector<const ShortForm*>& forms, const std::string& between) {
   std::string text;
-  for (const ShortForm* form : forms) text += (text.empty() ? "" : ", ") + std::string(form->by);
-  return "by " + text + "; without it by " + std::string(forms.front()->by);
+  for (const ShortForm* form : forms) text += (text.empty() ? "" : between) + std::string(form->by);
+  return text;
+}
+
+std::string ByHelp(const std::vector<const ShortForm*>& forms) {
+  return "by " + NamesOf(forms, ", ") + "; without it by " + std::string(forms.front()->by);
+}
+
+std::string NamesOfMethods() {
+  std::string names;
+  for (const EnumName& method : kValuationMethodNames) {
+    names += (names.empty() ? "" : " ") + Folded(method.name);
+  }
+  return names;
 }
 
 void AddShortCommand(CLI::App& app, Asked& asked, const ShortForm& first) {
@@ -143,7 +157,8 @@ void AddShortCommand(CLI::App& app, Asked& asked, const ShortForm& first) {
                         "2004-05, 2004-08 or 2004-04..2004-06; without it the last year");
   }
   if (forms.size() > 1) {
-    command->add_option("--by", options->by, ByHelp(forms))->option_text("WHAT");
+    Offer(*command->add_option("--by", options->by, ByHelp(forms))->option_text("WHAT"),
+          NamesOf(forms, " "));
   }
   const bool names =
       std::ranges::any_of(forms, [](const ShortForm* form) { return form->only != nullptr; });
@@ -152,10 +167,12 @@ void AddShortCommand(CLI::App& app, Asked& asked, const ShortForm& first) {
         ->option_text("NAME");
   }
   if (AnyTakes(forms, Choice::kMethod)) {
-    command
-        ->add_option("--method", options->method,
-                     "how stock is valued: fifo, lifo, average ...; without it average")
-        ->option_text("METHOD");
+    CLI::Option* const method =
+        command
+            ->add_option("--method", options->method,
+                         "how stock is valued: fifo, lifo, average ...; without it average")
+            ->option_text("METHOD");
+    Offer(*method, NamesOfMethods());
   }
   if (AnyTakes(forms, Choice::kDetailed)) {
     command->add_flag("--detailed", options->detailed, "with the lines behind each line");

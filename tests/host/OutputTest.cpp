@@ -31,7 +31,7 @@ class Output : public SampleHost {
   }
   void ExpectRefused(const std::string& out, const std::string& why,
                      const std::string& books = Books()) {
-    for (const std::string format : {"table", "csv", "json", "html", "xlsx"}) {
+    for (const std::string format : {"table", "csv", "json", "html", "xlsx", "pdf"}) {
       const Finished finished = Stolvane(Sales({"--format", format, "--out", out}, books));
       EXPECT_EQ(finished.status, 1) << format;
       EXPECT_EQ(finished.err, "stolvane: error 3001: cannot write \"" + out + "\": " + why + "\n");
@@ -81,6 +81,7 @@ TEST_F(Output, AFullOrClosedStandardOutputIsAnErrorOfEveryCommand) {
                                        Sales({"--format", "csv"}),
                                        Sales({"--format", "json"}),
                                        Sales({"--format", "html"}),
+                                       Sales({"--format", "pdf"}),
                                        {"reports"},
                                        {"reports", "--json"},
                                        {"sql", "--books", Books(), text},
@@ -105,7 +106,7 @@ TEST_F(Output, AFullOrClosedStandardOutputIsAnErrorOfEveryCommand) {
 }
 
 TEST_F(Output, AReaderThatClosesThePipeEarlyIsNoError) {
-  for (const std::string format : {"table", "csv", "json", "html"}) {
+  for (const std::string format : {"table", "csv", "json", "html", "pdf"}) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     close(ends[0]);

@@ -240,10 +240,10 @@ TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
       {{"=1"}, "stolvane: \"=1\" is no argument: write NAME=VALUE\n"},
       {{"--rowset", "recitem"}, "stolvane: \"recitem\" is no rowset: write NAME=VALUE\n"},
       {{"--nothing"}, "The following argument was not expected: --nothing\n" + parser},
-      {{"--format", "pdf"},
-       "--format: takes table, csv, json, html, xlsx, sheet or records, not pdf\n" + parser},
+      {{"--format", "paper"},
+       "--format: takes table, csv, json, html, xlsx, pdf, sheet or records, not paper\n" + parser},
       {{"--format", "1"},
-       "--format: takes table, csv, json, html, xlsx, sheet or records, not 1\n" + parser},
+       "--format: takes table, csv, json, html, xlsx, pdf, sheet or records, not 1\n" + parser},
   };
   for (const auto& [wrong, told] : calls) {
     Words words = {"run", "LedgersByCode", "--books", Books()};

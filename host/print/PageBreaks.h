@@ -1,0 +1,24 @@
+// Which lines of a report stand on which page.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace pstolvane1::print {
+
+struct LineOnPaper {
+  double height;
+  bool with_next = false;  // the next line is wanted on the same page
+  bool empty = false;      // not worth being the first of a page
+};
+
+struct LinesOfAPage {
+  std::size_t first, end;  // end is the line behind the last one
+};
+
+// Pages are filled as far as lines that belong together allow. A line that is higher than a page,
+// and lines that belong together over more than a page, break all the same. At least one page.
+[[nodiscard]] std::vector<LinesOfAPage> BreakIntoPages(const std::vector<LineOnPaper>& lines,
+                                                       double room_of_first, double room);
+
+}  // namespace pstolvane1::print
