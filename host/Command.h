@@ -23,6 +23,8 @@ struct Asked {
 void AddBooksCommands(CLI::App& app, Asked& asked);
 // help, version, completion and man; what they show is made of the commands before them.
 void AddHelpCommands(CLI::App& app, Asked& asked);
+// What can be done at all, in few lines, with a whole example.
+[[nodiscard]] std::string HelpInShort(const CLI::App& app);
 void AddListCommand(CLI::App& app, Asked& asked);
 void AddReportsCommand(CLI::App& app, Asked& asked);
 void AddRunCommand(CLI::App& app, Asked& asked);

@@ -92,6 +92,12 @@ int RunCommandLine(int argc, char** argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     if (TellUnknownCommand(app, error)) return kWrongCall;
+    const bool of_all = app.get_subcommands().empty();
+    if (of_all && error.get_name() == "CallForHelp") return ShowHelp(HelpInShort(app));
+    if (argc <= 1) {
+      std::cerr << HelpInShort(app);
+      return kWrongCall;
+    }
     std::ostringstream help, problem;
     if (app.exit(error, help, problem) == 0) return ShowHelp(help.str());
     std::cerr << automation::UsageInWords(asked.operation) << problem.str();

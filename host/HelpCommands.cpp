@@ -18,6 +18,9 @@
 namespace pstolvane1::host {
 namespace {
 
+// The group of the commands that tell of the program itself.
+constexpr std::string_view kAboutItself = "About";
+
 // The help of a command, or of one below another: {"books", "copy"}.
 std::string HelpOn(CLI::App& app, const std::vector<std::string>& path) {
   CLI::App* at = &app;
@@ -45,7 +48,9 @@ std::string HelpOn(CLI::App& app, const std::vector<std::string>& path) {
 
 void AddText(CLI::App& app, Asked& asked, const char* name, const char* help,
              std::function<std::string()> text) {
-  app.add_subcommand(name, help)->callback([&asked, text = std::move(text)] {
+  CLI::App* const command = app.add_subcommand(name, help);
+  command->group(std::string(kAboutItself));
+  command->callback([&asked, text = std::move(text)] {
     asked.command = [text] {
       WriteText(text(), {});
       return kSuccess;
@@ -53,11 +58,45 @@ void AddText(CLI::App& app, Asked& asked, const char* name, const char* help,
   });
 }
 
+constexpr std::string_view kReports = "Reports";
+constexpr std::size_t kWidest = 80;
+
+constexpr const char* kTry =
+    "\nTry it on invented books:\n"
+    "  stolvane books sample mine.db\n"
+    "  stolvane stock mine.db 2004-05 --by godown --method fifo --out stock.pdf\n";
+
+// A line for each command; those of a group stand together in lines of their own.
+std::string CommandsInShort(const CLI::App& app) {
+  std::string reports, line, others;
+  for (const CLI::App* command : app.get_subcommands({})) {
+    if (command->get_group() == kAboutItself) continue;
+    if (command->get_group() != kReports) {
+      others += fmt::format("  {:<10} {}\n", command->get_name(), command->get_description());
+      continue;
+    }
+    if (line.size() + command->get_name().size() > kWidest) {
+      reports += line + "\n";
+      line.clear();
+    }
+    line += (line.empty() ? "  " : " ") + command->get_name();
+  }
+  return reports + line + "\n" + others;
+}
+
 }  // namespace
+
+std::string HelpInShort(const CLI::App& app) {
+  return fmt::format(
+      "{}.\n\nstolvane REPORT BOOKS [PERIOD] ... in few words, where REPORT is one of\n{}"
+      "  help       All commands, or what one of them takes\n{}",
+      app.get_description(), CommandsInShort(app), kTry);
+}
 
 void AddHelpCommands(CLI::App& app, Asked& asked) {
   const auto path = std::make_shared<std::vector<std::string>>();
   CLI::App* help = app.add_subcommand("help", "What a command takes");
+  help->group(std::string(kAboutItself));
   help->add_option("COMMAND", *path, "the command");
   help->callback([&app, &asked, path] {
     asked.command = [&app, path] {
