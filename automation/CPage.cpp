@@ -36,12 +36,12 @@ int32_t pst_report_html(pst_session* session, const pst_rowset* rowset, const ch
   return Guarded([&] {
     char*& result = Given(html, "place for the page");
     result = nullptr;
-    pstolvane1::clsStolvane1& books = Mine(session).session;
+    if (session != nullptr) Handles::CheckMine(session, HandleKind::kSession);
     Handles::CheckMine(rowset, HandleKind::kRowset);
     const Operation& called = GetOperation(TextOrNothing(operation));
     const auto texts = pstolvane1::Locale::Get(TextOrNothing(locale));
-    const auto keys =
-        KeysReadBy([&](const std::string& select) { return OpenSelect(books, select); });
+    const auto keys = KeysReadBy(
+        [&](const std::string& select) { return OpenSelect(Mine(session).session, select); });
     const pstolvane1::ReportLook look =
         LookOf(called, ValuesOf(called, TextOrNothing(arguments)),
                std::string(TextOrNothing(company)), keys, *texts, Today());

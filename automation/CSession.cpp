@@ -96,6 +96,13 @@ int32_t pst_session_report_is_whole(pst_session* session, int* whole) {
   });
 }
 
+int32_t pst_session_is_fetching(pst_session* session, int* fetching) {
+  return Guarded([&] {
+    const bool is_fetching = Mine(session).session.Fetching();
+    Given(fetching, "place for the answer") = is_fetching ? 1 : 0;
+  });
+}
+
 int32_t pst_session_events(pst_session* session, const pst_events* events) {
   return Guarded(
       [&] { automation::Connect(Mine(session).session, events ? *events : pst_events{}); });

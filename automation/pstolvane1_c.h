@@ -50,6 +50,9 @@ int32_t pst_session_abandon(pst_session* session);
 /* *whole is 1 when the report that came last went on to its end, and 0 when CancelFetching stopped
  * it: lines may be missing then, and its totals are the sums of those that it has. */
 int32_t pst_session_report_is_whole(pst_session* session, int* whole);
+/* *fetching is 1 while a report is fetched in the background: its fetch_complete is yet to come.
+ * Once it is 0, nothing more comes from a report that has none. */
+int32_t pst_session_is_fetching(pst_session* session, int* fetching);
 
 /* --- Operations ------------------------------------------------------------------------------ */
 /* Every operation with its arguments, types and defaults, as JSON. */
@@ -120,9 +123,9 @@ int32_t pst_rowset_json(const pst_rowset* rowset, char** json);
 int32_t pst_rowset_csv(const pst_rowset* rowset, char** csv);
 /* A whole page with one table, as people read the report: titles, words over the columns, groups
  * and totals. operation and arguments are those of the call that gave the rowset, as pst_call_json
- * takes them. Names of keys are read from the session's books. company stands above, NULL for none;
- * locale is the one that the report was written in, as SetLocale takes it, NULL for the user's own.
- */
+ * takes them. Names of keys and the tree of groups are read from the session's books; with a NULL
+ * session the page has none. company stands above, NULL for none; locale is the one that the report
+ * was written in, as SetLocale takes it, NULL for the user's own. */
 int32_t pst_report_html(pst_session* session, const pst_rowset* rowset, const char* operation,
                         const char* arguments, const char* company, const char* locale,
                         char** html);

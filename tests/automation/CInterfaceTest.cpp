@@ -160,19 +160,18 @@ TEST_F(CInterface, WritesAReportAsAPage) {
                                  "<p>voucher type: Sale · 01/04/2003 to 31/03/2004 · printed "));
   EXPECT_THAT(page, testing::HasSubstr("<td>Asha Motors</td><td class=\"n\">₹250.00</td>"));
 
-  const auto fails = [&](pst_session* session, const pst_rowset* rowset, const char* operation,
-                         const char* arguments, const char* locale) {
+  const auto fails = [&](const pst_rowset* rowset, const char* operation, const char* arguments,
+                         const char* locale) {
     const std::int32_t number =
-        pst_report_html(session, rowset, operation, arguments, nullptr, locale, &html);
+        pst_report_html(session_.get(), rowset, operation, arguments, nullptr, locale, &html);
     EXPECT_EQ(html, nullptr);
     return number;
   };
-  EXPECT_EQ(fails(nullptr, sales, "Doc_Initial", asked, nullptr), 91);
-  EXPECT_EQ(fails(session_.get(), nullptr, "Doc_Initial", asked, nullptr), 91);
-  EXPECT_EQ(fails(session_.get(), sales, "Nothing", asked, nullptr), 3001);
-  EXPECT_EQ(fails(session_.get(), sales, nullptr, asked, nullptr), 3001);
-  EXPECT_EQ(fails(session_.get(), sales, "Doc_Initial", nullptr, nullptr), 3001);
-  EXPECT_EQ(fails(session_.get(), sales, "Doc_Initial", asked, "xx_YY"), 3001);
+  EXPECT_EQ(fails(nullptr, "Doc_Initial", asked, nullptr), 91);
+  EXPECT_EQ(fails(sales, "Nothing", asked, nullptr), 3001);
+  EXPECT_EQ(fails(sales, nullptr, asked, nullptr), 3001);
+  EXPECT_EQ(fails(sales, "Doc_Initial", nullptr, nullptr), 3001);
+  EXPECT_EQ(fails(sales, "Doc_Initial", asked, "xx_YY"), 3001);
   EXPECT_EQ(pst_report_html(session_.get(), sales, "Doc_Initial", asked, nullptr, nullptr, nullptr),
             91);
 }
@@ -186,17 +185,25 @@ TEST_F(CInterface, APageOfBooksWithoutNamesGoesWithoutThem) {
       R"("blnAltUom":false,"sngScale":1,"blnOnlyItems":false,"blnShowOpening":true,)"
       R"("blnShowInwards":true,"blnShowOutwards":true})";
   pst_rowset* const stock = Open("StockDetails_Categorywise", asked);
-  const auto page = [&] {
-    char* html = nullptr;
-    EXPECT_EQ(pst_report_html(session_.get(), stock, "StockDetails_Categorywise", asked, nullptr,
-                              "en_IN", &html),
+  char* html = nullptr;
+  const auto page = [&](pst_session* session) {
+    EXPECT_EQ(pst_report_html(session, stock, "StockDetails_Categorywise", asked, nullptr, "en_IN",
+                              &html),
               pst_ok)
         << pst_error_text();
     return Taken(html);
   };
-  EXPECT_THAT(page(), testing::HasSubstr("<p>item category: Parts · 01/04/2003 to "));
+  const auto without_names =
+      testing::HasSubstr("<p>01/04/2003 to 31/03/2004 · first in, first out · ");
+  EXPECT_THAT(page(session_.get()), testing::HasSubstr("<p>item category: Parts · 01/04/2003 to "));
+  EXPECT_THAT(page(nullptr), without_names);
   books::test::Database(company_.File()).Execute("alter table ItemCategory1 rename to Elsewhere");
-  EXPECT_THAT(page(), testing::HasSubstr("<p>01/04/2003 to 31/03/2004 · first in, first out · "));
+  EXPECT_THAT(page(session_.get()), without_names);
+  pst_session* const released = pst_session_new();
+  pst_session_free(released);
+  EXPECT_EQ(
+      pst_report_html(released, stock, "StockDetails_Categorywise", asked, nullptr, nullptr, &html),
+      91);
 }
 
 TEST_F(CInterface, GivesWhatACallReturnedAndChanged) {
@@ -237,8 +244,17 @@ TEST_F(CInterface, DeliversAReportByItsEvents) {
   Heard heard;
   const pst_events events{&heard, nullptr, &OnProgress, &OnComplete};
   ASSERT_EQ(pst_session_events(session_.get(), &events), pst_ok);
+  int fetching = -1;
+  EXPECT_EQ(pst_session_is_fetching(session_.get(), &fetching), pst_ok);
+  EXPECT_EQ(fetching, 0);
   EXPECT_EQ(Open("LedgersByCode", kInBackground), nullptr);
+  EXPECT_EQ(pst_session_is_fetching(session_.get(), &fetching), pst_ok);
+  EXPECT_EQ(fetching, 1);
   for (int i = 0; i < 500 && heard.rows < 0; ++i) ASSERT_EQ(pst_pump(20), pst_ok);
+  EXPECT_EQ(pst_session_is_fetching(session_.get(), &fetching), pst_ok);
+  EXPECT_EQ(fetching, 0);
+  EXPECT_EQ(pst_session_is_fetching(session_.get(), nullptr), 91);
+  EXPECT_EQ(pst_session_is_fetching(nullptr, &fetching), 91);
   EXPECT_EQ(heard.rows, 2);
   EXPECT_EQ(heard.events, " FetchingData Manipulating complete 0");
   EXPECT_GE(pst_event_descriptor(), 0);
