@@ -53,8 +53,12 @@ PyObject* Pump(PyObject* self, PyObject* arguments) {
   int at_most = 0;
   PyObject* on_event = nullptr;
   if (PyArg_ParseTuple(arguments, "iO:pump", &at_most, &on_event) == 0) return nullptr;
-  return NoneIf(Run(
-      PartOf<Session>(self), [&](pst_session*) { return pst_pump(at_most); }, on_event));
+  int fetching = 0;
+  const auto pump = [&](pst_session* session) {
+    const std::int32_t number = pst_pump(at_most);
+    return number == pst_ok ? pst_session_is_fetching(session, &fetching) : number;
+  };
+  return Run(PartOf<Session>(self), pump, on_event) ? PyBool_FromLong(fetching) : nullptr;
 }
 
 PyObject* Html(PyObject* self, PyObject* arguments) {
@@ -104,7 +108,7 @@ PyObject* Close(PyObject* self, PyObject*) {
 PyMethodDef kMethods[] = {
     {"connect", &Connect, METH_VARARGS, "Opens the books."},
     {"call", &Call, METH_VARARGS, "Calls an operation with a JSON object of arguments."},
-    {"pump", &Pump, METH_VARARGS, "Waits up to some milliseconds for events, and delivers them."},
+    {"pump", &Pump, METH_VARARGS, "Delivers events, after some milliseconds; False: no more come."},
     {"html", &Html, METH_VARARGS, "A report as a page for people."},
     {"is_whole", &IsWhole, METH_NOARGS, "Whether the last report went on to its end."},
     {"abandon", &Abandon, METH_NOARGS, "Drops the report in hand, from any thread."},

@@ -24,7 +24,7 @@ HANDED_OVER = {"byte": "whole({})", "int32": "whole({})", "single": "float({})",
                "boolean": "bool({})", "variant": "day({})", "rowset": "{}", "text": "{}"}
 NOT_LOOKED_AT = {"byte": 0, "int32": 0, "single": 1.0, "date": "1899-12-30", "boolean": False,
                  "text": "", "variant": 0, "rowset": None, "enumeration": 0}
-# What a flag and a scale are where the catalogue has no default.
+# What a flag and a scale are where the catalogue has no default; nothing can be divided by one of 0.
 OBVIOUS = {"boolean": False, "single": 1.0}
 NO_DAY = "1899-12-30"
 
@@ -67,7 +67,7 @@ class Parameter:
             self.default = ""
         elif published == IN_THE_BACKGROUND:
             self.default = True
-        elif not self.is_needed:
+        elif not self.is_needed and (kind, argument["default"]) != ("single", 0.0):
             self.default = argument["default"] if argument["default"] != NO_DAY else None
         elif kind in OBVIOUS:
             self.default = OBVIOUS[kind]

@@ -19,6 +19,9 @@ OnProgress = Callable[[int, str], object]
 OnComplete = Callable[[Report, int], object]
 
 _NOT_OPEN = 91
+_ABANDONED = -2147217900
+_REPORT = "blnReport"  # False fetches a report in the background
+_SLICE = 50  # milliseconds that a wait for events lasts at most
 _opened: weakref.WeakSet[Books] = weakref.WeakSet()
 
 
@@ -48,6 +51,8 @@ class Books(Operations):
         self._locale = ""
         self._awaited: dict[str, Any] | None = None  # how the Report of it is made
         self._arrived: Report | None = None
+        self._announces = False  # on_complete is told of it
+        self._was_abandoned = False
         _opened.add(self)
         try:
             self._session.connect(self._connection, self._hear)
@@ -74,7 +79,7 @@ class Books(Operations):
 
     def abandon(self) -> None:
         """Drops the report in hand; the call that waits for it ends with an Error. Any thread."""
-        self._awaited = None
+        self._awaited, self._was_abandoned = None, True
         self._session.abandon()
 
     def wait(self, seconds: float | None = None) -> Report | None:
@@ -88,10 +93,12 @@ class Books(Operations):
                 left = _SLICE if end is None else min(_SLICE, int(1000 * (end - time.monotonic())))
                 if left < 0:
                     return None
-                self._session.pump(left, self._hear)
+                if not self._session.pump(left, self._hear):
+                    break
         except BaseException:
-            self._awaited = None
+            self.abandon()
             raise
+        self._awaited = None
         report, self._arrived = self._arrived, None
         return report
 
@@ -102,19 +109,36 @@ class Books(Operations):
     def _call(self, operation: str, arguments: dict[str, Any], decided_by: str = "",
               gives_report: bool = False) -> Any:
         self._check_open()
+        changed: dict[str, Any] = {}
+        made = {"operation": operation, "arguments": arguments, "changed": changed,
+                "asked": arguments.get(decided_by, 0)}
+        waits = arguments.get(_REPORT, True)
+        # What is fetched in the background tells its progress from the beginning.
+        sent = arguments
+        if _REPORT in arguments and self.on_progress is not None:
+            sent = {**arguments, _REPORT: False}
         if gives_report:
-            self._awaited = self._arrived = None
-        rowset, told = self._session.call(operation, json.dumps(arguments), self._hear)
+            # Some reports are complete before the call returns, whatever was asked for.
+            self._awaited, self._arrived = made, None
+            self._announces, self._was_abandoned = not waits, False
+        try:
+            rowset, told = self._session.call(operation, json.dumps(sent), self._hear)
+        except BaseException:
+            self._awaited = None
+            raise
         result = json.loads(told)
+        changed.update(result["changed"])
         if operation == "SetLocale":
             self._locale = arguments["name"]
-        made = {"operation": operation, "arguments": arguments, "changed": result["changed"],
-                "asked": arguments.get(decided_by, 0)}
         if rowset is not None:
+            self._awaited = None
             return self._report(rowset, made)
-        if gives_report:
-            self._awaited = made
-        return result["value"]
+        if not gives_report or not waits:
+            return result["value"]
+        report = self.wait()
+        if report is None and self._was_abandoned:
+            raise Error(_ABANDONED, "the report was abandoned")
+        return report
 
     def _report(self, rowset: native.Rowset, made: dict[str, Any]) -> Report:
         report = Report(self, rowset, **made)
@@ -130,7 +154,7 @@ class Books(Operations):
                 self.on_progress(number, text)
         elif rowset is not None and self._awaited is not None:
             self._arrived, self._awaited = self._report(rowset, self._awaited), None
-            if self.on_complete is not None:
+            if self._announces and self.on_complete is not None:
                 self.on_complete(self._arrived, number)
 
     def _company(self) -> str:
@@ -139,12 +163,8 @@ class Books(Operations):
         return os.path.splitext(os.path.basename(self._connection))[0]
 
     def _page(self, rowset: native.Rowset, operation: str, arguments: dict[str, Any]) -> str:
-        self._check_open()
         return self._session.html(rowset, operation, json.dumps(arguments), self._company(),
                                   self._locale)
-
-
-_SLICE = 50  # milliseconds that a wait for events lasts at most
 
 
 @atexit.register

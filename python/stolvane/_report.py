@@ -125,7 +125,7 @@ def _in_a_notebook(page: str) -> str:
 class Report:
     """A finished report. Its columns are those of the list of reports, twins included.
 
-    It stays when its books are closed, all but to_html().
+    It stays when its books are closed; its page then lacks what only they know, as names of keys.
     """
 
     def __init__(self, books: Books, rowset: native.Rowset, operation: str,

@@ -1,5 +1,6 @@
 """Books of a few rows, made for one test."""
 import contextlib
+import functools
 import os
 import pathlib
 import sqlite3
@@ -37,14 +38,23 @@ ENDLESS = ("Desr1.Desr_id = (select count(*) from "
            + ", ".join(f"LedgerNames1 as L{i}" for i in range(30)) + ")")
 
 
+@functools.cache
+def content():
+    """The books as a file's bytes, made once."""
+    with tempfile.TemporaryDirectory() as folder:
+        file = pathlib.Path(folder, "made.db")
+        subprocess.run([PROGRAM, "books", "create", file], check=True, capture_output=True)
+        with contextlib.closing(sqlite3.connect(file)) as database:
+            database.executescript(ROWS)
+        return file.read_bytes()
+
+
 class SmallBooks(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.file = os.path.join(folder.name, "asha.db")
-        subprocess.run([PROGRAM, "books", "create", self.file], check=True, capture_output=True)
-        with contextlib.closing(sqlite3.connect(self.file)) as database:
-            database.executescript(ROWS)
+        pathlib.Path(self.file).write_bytes(content())
         self.books = self.open()
 
     def open(self, **options):

@@ -94,6 +94,13 @@ class Catalogue(unittest.TestCase):
         self.assertTrue("report: Literal[False]) -> None: ..." in stub)
 
 
+    def test_what_may_be_left_out(self):
+        parameters = inspect.signature(stolvane.Books.category_wise_initial).parameters
+        self.assertEqual([(name, parameters[name].default) for name in ("isclass", "report", "scale")],
+                         [("isclass", False), ("report", True), ("scale", 1.0)])
+        self.assertIs(parameters["from_date"].default, inspect.Parameter.empty)
+
+
 class Values(SmallBooks):
     def test_dates_as_dates_and_as_texts(self):
         days = {"from_date": datetime.date(2003, 7, 1), "to_date": datetime.date(2003, 7, 1)}
