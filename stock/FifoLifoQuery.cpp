@@ -16,10 +16,13 @@ constexpr std::string_view kLine =
     "= 0 THEN 3 ELSE 0 END + CASE WHEN ISADDED = 0 AND GODOWNITEM1.DATE <= #{0}#{1} THEN CASE WHEN "
     "GODOWNITEM1.DATE < #{2}# THEN 4 ELSE 8 END ELSE 0 END + CASE WHEN GODOWNITEM1.DATE < #{2}# OR "
     "ISOPENINGBAL = -1 THEN 0 ELSE 16 END";
-// Opening lines have neither date nor voucher line: the last column settles which comes first.
+// The lines of a stock key one after another. Opening lines have neither date nor voucher line: the
+// last column settles which comes first.
 constexpr std::string_view kOldestFirst =
+    "GODOWNITEM1.ITEM_ID ASC , GODOWNITEM1.GODOWN_ID ASC , GODOWNITEM1.BATCH_ID ASC , "
     "Godownitem1.YEARNO ASC , GODOWNITEM1.DATE ASC , DESRDETAILS_ID ASC , GODOWNITEM_ID ASC";
 constexpr std::string_view kNewestFirst =
+    "GODOWNITEM1.ITEM_ID DESC , GODOWNITEM1.GODOWN_ID DESC , GODOWNITEM1.BATCH_ID DESC , "
     "Godownitem1.YEARNO DESC , GODOWNITEM1.DATE DESC , DESRDETAILS_ID DESC , GODOWNITEM_ID DESC";
 
 struct Texts {

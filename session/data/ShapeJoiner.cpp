@@ -54,13 +54,21 @@ std::shared_ptr<ChapterRows> Relate(const ParentKeys& parent, std::shared_ptr<Ro
                                     const std::vector<int>& columns) {
   std::vector<std::uint32_t> group_of_child(child->RowCount(), kNoGroup);
   std::vector<CellKey> key(columns.size());
+  // Rows of one group often follow each other.
+  std::vector<CellKey> last_key(columns.size());
+  std::uint32_t last_group = kNoGroup;
   for (std::uint32_t row = 0; row < child->RowCount(); ++row) {
     bool null = false;
     for (std::size_t i = 0; i < columns.size() && !null; ++i) {
       key[i] = CellKey::Of(*child, columns[i], row);
       null = key[i].kind == CellKey::Kind::kNull;
     }
-    if (!null) group_of_child[row] = parent.keys.Find(key);
+    if (null) continue;
+    if (key != last_key) {
+      last_group = parent.keys.Find(key);
+      last_key.swap(key);
+    }
+    group_of_child[row] = last_group;
   }
   static_assert(KeyTable::kNone == kNoGroup);
   auto chapters = std::make_shared<ChapterRows>();
