@@ -155,35 +155,41 @@ constexpr Argument kItemDays[] = {
 };
 
 constexpr ReportTypeRule kSalesTypes[] = {
-    {rtMovement_LedgerAnalysis, rtMovement_SalesReturns_LedgerAnalysis},
-    {rtMovement_ItemAnalysis, rtMovement_SalesReturns_ItemAnalysis},
-    {rtMovement_GroupAnalysis, rtMovement_SalesReturns_GroupAnalysis},
-    {rtMovement_CategoryAnalysis, rtMovement_SalesReturns_CategoryAnalysis},
-    {rtMovement_ClassAnalysis, rtMovement_SalesReturns_ClassAnalysis},
-    {rtMovement_AreaLedgerAnalysis, rtMovement_SalesReturns_AreaLedgerAnalysis},
-    {rtMovement_SalesReturns_ItemRelationAnalysis, rtMovement_SalesReturns_ItemRelationAnalysis},
+    {rtMovement_LedgerAnalysis, rtMovement_SalesReturns_LedgerAnalysis, " by party"},
+    {rtMovement_ItemAnalysis, rtMovement_SalesReturns_ItemAnalysis, " by item"},
+    {rtMovement_GroupAnalysis, rtMovement_SalesReturns_GroupAnalysis, " by party group"},
+    {rtMovement_CategoryAnalysis, rtMovement_SalesReturns_CategoryAnalysis, " by item category"},
+    {rtMovement_ClassAnalysis, rtMovement_SalesReturns_ClassAnalysis, " by item class"},
+    {rtMovement_AreaLedgerAnalysis, rtMovement_SalesReturns_AreaLedgerAnalysis,
+     " by area and party"},
+    {rtMovement_SalesReturns_ItemRelationAnalysis, rtMovement_SalesReturns_ItemRelationAnalysis,
+     " of related items, by party"},
 };
 constexpr ReportTypeRule kPurchaseTypes[] = {
-    {rtMovement_LedgerAnalysis, rtMovement_PurchaseReturns_LedgerAnalysis},
-    {rtMovement_ItemAnalysis, rtMovement_PurchaseReturns_ItemAnalysis},
-    {rtMovement_GroupAnalysis, rtMovement_PurchaseReturns_GroupAnalysis},
-    {rtMovement_CategoryAnalysis, rtMovement_PurchaseReturns_CategoryAnalysis},
-    {rtMovement_ClassAnalysis, rtMovement_PurchaseReturns_ClassAnalysis},
-    {rtMovement_AreaLedgerAnalysis, rtMovement_PurchaseReturns_AreaLedgerAnalysis},
+    {rtMovement_LedgerAnalysis, rtMovement_PurchaseReturns_LedgerAnalysis, " by party"},
+    {rtMovement_ItemAnalysis, rtMovement_PurchaseReturns_ItemAnalysis, " by item"},
+    {rtMovement_GroupAnalysis, rtMovement_PurchaseReturns_GroupAnalysis, " by party group"},
+    {rtMovement_CategoryAnalysis, rtMovement_PurchaseReturns_CategoryAnalysis, " by item category"},
+    {rtMovement_ClassAnalysis, rtMovement_PurchaseReturns_ClassAnalysis, " by item class"},
+    {rtMovement_AreaLedgerAnalysis, rtMovement_PurchaseReturns_AreaLedgerAnalysis,
+     " by area and party"},
 };
 constexpr ReportTypeRule kSalesDailyTypes[] = {
-    {rtMovement_LedgerDailyAnalysis, rtMovement_SalesReturns_LedgerDailyAnalysis},
-    {rtMovement_ItemDailyAnalysis, rtMovement_SalesReturns_ItemDailyAnalysis},
-    {rtMovement_GroupDailyAnalysis, rtMovement_SalesReturns_GroupDailyAnalysis},
+    {rtMovement_LedgerDailyAnalysis, rtMovement_SalesReturns_LedgerDailyAnalysis, ", of a party"},
+    {rtMovement_ItemDailyAnalysis, rtMovement_SalesReturns_ItemDailyAnalysis, ", of an item"},
+    {rtMovement_GroupDailyAnalysis, rtMovement_SalesReturns_GroupDailyAnalysis,
+     ", of a party group"},
 };
 constexpr ReportTypeRule kPurchaseDailyTypes[] = {
-    {rtMovement_LedgerDailyAnalysis, rtMovement_PurchaseReturns_LedgerDailyAnalysis},
-    {rtMovement_ItemDailyAnalysis, rtMovement_PurchaseReturns_ItemDailyAnalysis},
-    {rtMovement_GroupDailyAnalysis, rtMovement_PurchaseReturns_GroupDailyAnalysis},
+    {rtMovement_LedgerDailyAnalysis, rtMovement_PurchaseReturns_LedgerDailyAnalysis,
+     ", of a party"},
+    {rtMovement_ItemDailyAnalysis, rtMovement_PurchaseReturns_ItemDailyAnalysis, ", of an item"},
+    {rtMovement_GroupDailyAnalysis, rtMovement_PurchaseReturns_GroupDailyAnalysis,
+     ", of a party group"},
 };
 constexpr ReportTypeRule kCommissionTypes[] = {
-    {rtCommission_Initial_Employeewise, rtCommission_Initial_Employeewise},
-    {rtCommission_Initial_Itemwise, rtCommission_Initial_Itemwise},
+    {rtCommission_Initial_Employeewise, rtCommission_Initial_Employeewise, " by employee"},
+    {rtCommission_Initial_Itemwise, rtCommission_Initial_Itemwise, " by item"},
 };
 constexpr ReportTypeRule kDocumentsType[] = {{0, rtDoc_Initial}};
 constexpr ReportTypeRule kLedgersType[] = {{0, rtLedgersByCode}};
@@ -193,6 +199,23 @@ constexpr ReportTypeRule kColorMonthsType[] = {{0, rtColorwise_Monthly}};
 constexpr ReportTypeRule kColorDaysType[] = {{0, rtColorwise_Daily}};
 constexpr ReportTypeRule kCategoriesType[] = {{0, rtCategorywise_Initial}};
 constexpr ReportTypeRule kItemDaysType[] = {{0, rtItemwise_DlyBkup}};
+
+constexpr SortRule kSalesSorting[] = {Unsorted(SortedWhen::kRelatedItems),
+                                      ByGroup(SortedWhen::kDetailed),
+                                      ByClass(SortedWhen::kSummary)};
+// By area the numbers begin again with each area: this is meant.
+constexpr SortRule kPurchasesSorting[] = {ByGroup(SortedWhen::kDetailedByArea).Together(kNoTwin),
+                                          ByGroup(SortedWhen::kDetailed),
+                                          ByClass(SortedWhen::kSummary)};
+constexpr SortRule kDailySorting[] = {ByGroup(SortedWhen::kDetailed),
+                                      Unsorted(SortedWhen::kSummary)};
+// All groups but the first have the number of the total: this is meant.
+constexpr SortRule kCommissionSorting[] = {ByGroup(SortedWhen::kDetailed),
+                                           ByClass(SortedWhen::kSummary).MovingClosingLines()};
+// Its rule has 1 and its total 2, as if they were lines: this is meant.
+constexpr SortRule kColorwiseSorting[] = {ByNumber().Together(kNoTwin).MovingClosingLines()};
+constexpr SortRule kItemDaysSorting[] = {
+    ByClass(SortedWhen::kAlways, "Line, TotParticulars, HeadSort, DummySort, {}")};
 
 template <auto member>
 constexpr Operation Report(std::string_view name, LaunchKind launch, std::string_view help,
@@ -213,58 +236,88 @@ constexpr Operation Builder(std::string_view name, std::string_view help,
 constexpr Operation kAnalysisOperations[] = {
     Report<&clsStolvane1::Doc_Initial>("Doc_Initial", LaunchKind::kFetch,
                                        "Amounts of one kind of document per ledger.", kDocuments,
-                                       {}, kDocumentsType),
+                                       {}, kDocumentsType)
+        .Titled("Documents by party")
+        .Sorted(kSortedByClass),
     Report<&clsStolvane1::LedgersByCode>("LedgersByCode", LaunchKind::kFetch,
                                          "The ledgers of some subgroups.", kLedgers, {},
-                                         kLedgersType),
+                                         kLedgersType)
+        .Titled("Ledgers"),
     Report<&clsStolvane1::CustomerItemwise_Analysis>(
         "CustomerItemwise_Analysis", LaunchKind::kOpenAndSignal, "Sales and what came back.",
-        kSales, "reptype", kSalesTypes),
+        kSales, "reptype", kSalesTypes)
+        .Titled("Sales and returns")
+        .Sorted(kSalesSorting),
     Report<&clsStolvane1::Movement_PurchaseReturns_Analysis>(
         "Movement_PurchaseReturns_Analysis", LaunchKind::kOpenAndSignal,
-        "Purchases and what went back.", kPurchases, "reptype", kPurchaseTypes),
+        "Purchases and what went back.", kPurchases, "reptype", kPurchaseTypes)
+        .Titled("Purchases and returns")
+        .Sorted(kPurchasesSorting),
     Report<&clsStolvane1::CustomerItemDaily_Analysis>(
         "CustomerItemDaily_Analysis", LaunchKind::kOpenAndSignal,
-        "Sales and what came back, day by day.", kDaily, "reptype", kSalesDailyTypes),
+        "Sales and what came back, day by day.", kDaily, "reptype", kSalesDailyTypes)
+        .Titled("Sales and returns day by day")
+        .Sorted(kDailySorting),
     Report<&clsStolvane1::Movement_PurchaseReturns_DailyAnalysis>(
         "Movement_PurchaseReturns_DailyAnalysis", LaunchKind::kOpenAndSignal,
-        "Purchases and what went back, day by day.", kDaily, "reptype", kPurchaseDailyTypes),
+        "Purchases and what went back, day by day.", kDaily, "reptype", kPurchaseDailyTypes)
+        .Titled("Purchases and returns day by day")
+        .Sorted(kDailySorting),
     Report<&clsStolvane1::Commission_Initial>("Commission_Initial", LaunchKind::kFetch,
                                               "Sales and commission by employee or item.",
-                                              kCommission, "reptype", kCommissionTypes),
+                                              kCommission, "reptype", kCommissionTypes)
+        .Titled("Sales and commission")
+        .Sorted(kCommissionSorting),
     Report<&clsStolvane1::Commission_Daily>(
         "Commission_Daily", LaunchKind::kFetch,
         "The documents behind one employee's commission on one item.", kCommissionDaily, {},
-        kCommissionDailyType),
+        kCommissionDailyType)
+        .Titled("Documents behind a commission")
+        .Sorted(kSortedByClass),
     Report<&clsStolvane1::Colorwise_Initial>("Colorwise_Initial", LaunchKind::kFetch,
                                              "Quantities by item and colour.", kColorwise, {},
-                                             kColorwiseType),
+                                             kColorwiseType)
+        .Titled("Quantities by item and colour")
+        .Sorted(kColorwiseSorting),
     Builder<&clsStolvane1::mColorwise_Initial>(
         "mColorwise_Initial", "The lines of Colorwise_Initial from what was fetched last.",
-        kColorwiseType),
+        kColorwiseType)
+        .Titled("Quantities by item and colour")
+        .Sorted(kColorwiseSorting),
     Report<&clsStolvane1::Colorwise_Monthly>("Colorwise_Monthly", LaunchKind::kFetch,
                                              "One item and colour month by month.", kColorMonths,
-                                             {}, kColorMonthsType),
+                                             {}, kColorMonthsType)
+        .Titled("An item in one colour month by month"),
     Builder<&clsStolvane1::mColorwise_Monthly>(
         "mColorwise_Monthly", "The lines of Colorwise_Monthly from what was fetched last.",
-        kColorMonthsType),
+        kColorMonthsType)
+        .Titled("An item in one colour month by month"),
     Report<&clsStolvane1::Colorwise_Daily>("Colorwise_Daily", LaunchKind::kFetch,
                                            "The vouchers of one item and colour.", kColorDays, {},
-                                           kColorDaysType),
+                                           kColorDaysType)
+        .Titled("Documents of an item in one colour")
+        .Sorted(kSortedByClass),
     Builder<&clsStolvane1::mColorwise_Daily>(
         "mColorwise_Daily", "The lines of Colorwise_Daily from what was fetched last.",
-        kColorDaysType),
+        kColorDaysType)
+        .Titled("Documents of an item in one colour")
+        .Sorted(kSortedByClass),
     Report<&clsStolvane1::CategoryWise_Initial>(
         "CategoryWise_Initial", LaunchKind::kOpenAndSignal,
         "Sales or purchases along the tree of categories or classes.", kCategoryTree, {},
-        kCategoriesType),
+        kCategoriesType)
+        .Titled("Documents by group and item"),
     Report<&clsStolvane1::ItemWise_DlyBkup>(
         "ItemWise_DlyBkup", LaunchKind::kFetch,
         "Inward and outward quantities day by day, of one item or of all.", kItemDays, {},
-        kItemDaysType),
+        kItemDaysType)
+        .Titled("Quantities day by day")
+        .Sorted(kItemDaysSorting),
     Builder<&clsStolvane1::mItemwise_DlyBreakup>(
         "mItemwise_DlyBreakup", "The lines of ItemWise_DlyBkup from what was fetched last.",
-        kItemDaysType),
+        kItemDaysType)
+        .Titled("Quantities day by day")
+        .Sorted(kItemDaysSorting),
 };
 
 }  // namespace

@@ -40,6 +40,10 @@ constexpr Argument kPriceList[] = {
 constexpr ReportTypeRule kBillsType[] = {{0, rtBillWiseReport}};
 constexpr ReportTypeRule kPriceListType[] = {{0, rtMultiplePriceList}};
 
+constexpr SortRule kBillsSorting[] = {
+    ByNumber(kByNumberBeforeLine).Together("BillnoSort DateSort LedgerNameSort")};
+constexpr SortRule kBillLinesSorting[] = {ByNumber(kByNumberBeforeLine)};
+
 constexpr Operation kBillsOperations[] = {
     {"BillWiseQuery",
      kCallOf<&clsStolvane1::BillWiseQuery>,
@@ -49,7 +53,9 @@ constexpr Operation kBillsOperations[] = {
      "Sale bills of the period with their receipts.",
      kBills,
      {},
-     kBillsType},
+     kBillsType,
+     kBillsSorting,
+     "Sale bills and receipts"},
     {"BillWiseQuery1",
      kCallOf<&clsStolvane1::BillWiseQuery1>,
      "bills",
@@ -58,7 +64,9 @@ constexpr Operation kBillsOperations[] = {
      "Bill-by-bill entries of the period with their receipts; ask for it synchronously.",
      kBills,
      {},
-     kBillsType},
+     kBillsType,
+     kBillLinesSorting,
+     "Pending bills and receipts"},
     {"MultiplePriceList",
      kCallOf<&clsStolvane1::MultiplePriceList>,
      "bills",
@@ -67,7 +75,9 @@ constexpr Operation kBillsOperations[] = {
      "Items with their six prices.",
      kPriceList,
      {},
-     kPriceListType},
+     kPriceListType,
+     kSortedByClass,
+     "Price list"},
 };
 
 }  // namespace

@@ -56,8 +56,7 @@ Json Described(const Operation& operation) {
     types.push_back(std::move(one));
   }
   Json sorting = Json::array();
-  for (const SortRule& rule : SortRules()) {
-    if (rule.operation != operation.name) continue;
+  for (const SortRule& rule : operation.sorting) {
     sorting.push_back(
         {{"when", NameOf(rule.when)}, {"dummySort", NameOf(rule.form)}, {"sort", rule.pattern}});
   }

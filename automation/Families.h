@@ -81,6 +81,26 @@ constexpr auto TypesByMethod(TypeOf type_of) {
   return rules;
 }
 
+// The rules of sorting for each form of DummySort.
+constexpr SortRule ByClass(SortedWhen when = SortedWhen::kAlways,
+                           std::string_view pattern = "DummySort, {}") {
+  return {.when = when, .form = DummySortForm::kClass, .pattern = pattern};
+}
+constexpr SortRule ByGroup(SortedWhen when) {
+  return {.when = when, .form = DummySortForm::kGroup, .pattern = "DummySort, {}"};
+}
+constexpr SortRule ByNumber(std::string_view pattern = "{}, DummySort",
+                            SortedWhen when = SortedWhen::kAlways) {
+  return {.when = when, .form = DummySortForm::kRunning, .pattern = pattern};
+}
+constexpr SortRule Unsorted(SortedWhen when) { return {.when = when}; }
+
+// Closing lines have no twins, and Null comes first; their rule keeps them last.
+inline constexpr std::string_view kByNumberBeforeLine = "Line, {}, DummySort";
+inline constexpr std::string_view kByNumberBeforeTotalLine = "TotalLine, {}, DummySort";
+inline constexpr SortRule kSortedByClass[] = {ByClass()};
+inline constexpr SortRule kSortedByNumber[] = {ByNumber()};
+
 inline constexpr Argument kYear = Byte("bytYearno", "The number of the accounting year.");
 inline constexpr Argument kYearNotUsed = Byte("bytYearno", kNotUsed);
 inline constexpr Argument kFrom = Day("dtFromDate", "The first day of the period.");

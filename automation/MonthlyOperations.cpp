@@ -60,19 +60,24 @@ constexpr Operation Ledger(std::string_view name, std::string_view help,
 
 constexpr Operation kMonthlyOperations[] = {
     Ledger<&clsStolvane1::Monthly_Itemwise>("Monthly_Itemwise", "One item month by month.", kItem,
-                                            kMonthlyTypes<MonthlyTree::kItem>),
+                                            kMonthlyTypes<MonthlyTree::kItem>)
+        .Titled("Stock of an item month by month"),
     Ledger<&clsStolvane1::Monthly_Categorywise>("Monthly_Categorywise",
                                                 "The items of one category month by month.",
-                                                kCategory, kMonthlyTypes<MonthlyTree::kCategory>),
+                                                kCategory, kMonthlyTypes<MonthlyTree::kCategory>)
+        .Titled("Stock of an item category month by month"),
     Ledger<&clsStolvane1::Monthly_Classwise>("Monthly_Classwise",
                                              "The items of one class month by month.", kClass,
-                                             kMonthlyTypes<MonthlyTree::kClass>),
+                                             kMonthlyTypes<MonthlyTree::kClass>)
+        .Titled("Stock of an item class month by month"),
     Ledger<&clsStolvane1::Monthly_Godownwise>("Monthly_Godownwise",
                                               "The items of one godown month by month.", kGodown,
-                                              kMonthlyTypes<MonthlyTree::kGodown>),
+                                              kMonthlyTypes<MonthlyTree::kGodown>)
+        .Titled("Stock of a godown month by month"),
     Ledger<&clsStolvane1::Monthly_GodownItemwise>(
         "Monthly_GodownItemwise", "One item in one godown month by month.", kGodownItem,
-        kMonthlyTypes<MonthlyTree::kGodownItem>),
+        kMonthlyTypes<MonthlyTree::kGodownItem>)
+        .Titled("Stock of an item in a godown month by month"),
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/SortText.h"
 #include "session/EnumName.h"
 
 namespace pstolvane1 {
@@ -96,6 +97,7 @@ enum class ReturnKind {
 struct ReportTypeRule {
   std::int32_t asked;
   std::int32_t stored;
+  std::string_view by = {};  // what it adds to the operation's title: " by item"
 };
 
 struct Operation;
@@ -120,6 +122,19 @@ struct Operation {
   // The argument that decides the report type; "" where there is but one type, or none.
   std::string_view decided_by = {};
   std::span<const ReportTypeRule> report_types = {};
+  std::span<const SortRule> sorting = {};  // of a report that a twin can put in order
+  std::string_view title = {};             // of a report, as people read it above the lines
+
+  [[nodiscard]] constexpr Operation Titled(std::string_view words) const {
+    Operation changed = *this;
+    changed.title = words;
+    return changed;
+  }
+  [[nodiscard]] constexpr Operation Sorted(std::span<const SortRule> rules) const {
+    Operation changed = *this;
+    changed.sorting = rules;
+    return changed;
+  }
 };
 
 struct EventArgument {

@@ -80,24 +80,36 @@ constexpr Operation Report(std::string_view name, ReturnKind returns, std::strin
 constexpr Operation kPendingOperations[] = {
     Report<&clsStolvane1::FreeQuantity_Itemwise>(
         "FreeQuantity_Itemwise", ReturnKind::kRowsetInVariant,
-        "Goods moved and not billed, line by line, of one item.", kFreeItem, kItemType),
+        "Goods moved and not billed, line by line, of one item.", kFreeItem, kItemType)
+        .Titled("Goods moved and not billed, of an item")
+        .Sorted(kSortedByNumber),
     Report<&clsStolvane1::FreeQuantity_Partywise>(
         "FreeQuantity_Partywise", ReturnKind::kRowsetInVariant,
-        "Goods moved and not billed, line by line, of one party.", kFreeParty, kPartyType),
+        "Goods moved and not billed, line by line, of one party.", kFreeParty, kPartyType)
+        .Titled("Goods moved and not billed, of a party")
+        .Sorted(kSortedByNumber),
     Report<&clsStolvane1::FreeQuantity_Itemwise_Initial>(
         "FreeQuantity_Itemwise_Initial", ReturnKind::kRowsetInVariant,
-        "Goods moved and not billed, summed by item.", kFreeInitial, kItemInitialType),
+        "Goods moved and not billed, summed by item.", kFreeInitial, kItemInitialType)
+        .Titled("Goods moved and not billed, by item"),
     Report<&clsStolvane1::FreeQuantity_Partywise_Initial>(
         "FreeQuantity_Partywise_Initial", ReturnKind::kRowsetInVariant,
-        "Goods moved and not billed, summed by party.", kFreeInitial, kPartyInitialType),
+        "Goods moved and not billed, summed by party.", kFreeInitial, kPartyInitialType)
+        .Titled("Goods moved and not billed, by party"),
     Report<&clsStolvane1::PendingByItem>("PendingByItem", ReturnKind::kRowset,
-                                         "What is still open for an item.", kByItem, kByItemType),
+                                         "What is still open for an item.", kByItem, kByItemType)
+        .Titled("Pending documents of an item")
+        .Sorted(kSortedByNumber),
     Report<&clsStolvane1::PendingByLedger>("PendingByLedger", ReturnKind::kRowset,
                                            "What is still open for a party.", kByLedger,
-                                           kByLedgerType),
+                                           kByLedgerType)
+        .Titled("Pending documents of a party")
+        .Sorted(kSortedByNumber),
     Report<&clsStolvane1::PendingByEmployee>("PendingByEmployee", ReturnKind::kRowset,
                                              "What is still open for an employee.", kByEmployee,
-                                             kByEmployeeType),
+                                             kByEmployeeType)
+        .Titled("Pending documents of an employee")
+        .Sorted(kSortedByNumber),
 };
 
 }  // namespace

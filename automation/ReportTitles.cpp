@@ -5,101 +5,10 @@
 
 #include "automation/ColumnLooks.h"
 #include "automation/Masters.h"
-#include "session/ReportType.h"
-#include "session/data/TextFold.h"
 #include "session/enmValuationMethod.h"
 
 namespace pstolvane1::automation {
 namespace {
-
-struct Title {
-  std::string_view operation, title;
-};
-constexpr Title kTitles[] = {
-    {"POrderTextQuery", "Lines of documents"},
-    {"StockDetails_Itemwise", "Stock by item"},
-    {"StockDetails_Categorywise", "Stock by item category"},
-    {"StockDetails_Classwise", "Stock by item class"},
-    {"StockDetails_Godownwise", "Stock by godown"},
-    {"Monthly_Itemwise", "Stock of an item month by month"},
-    {"Monthly_Categorywise", "Stock of an item category month by month"},
-    {"Monthly_Classwise", "Stock of an item class month by month"},
-    {"Monthly_Godownwise", "Stock of a godown month by month"},
-    {"Monthly_GodownItemwise", "Stock of an item in a godown month by month"},
-    {"FreeQuantity_Itemwise", "Goods moved and not billed, of an item"},
-    {"FreeQuantity_Partywise", "Goods moved and not billed, of a party"},
-    {"FreeQuantity_Itemwise_Initial", "Goods moved and not billed, by item"},
-    {"FreeQuantity_Partywise_Initial", "Goods moved and not billed, by party"},
-    {"PendingByItem", "Pending documents of an item"},
-    {"PendingByLedger", "Pending documents of a party"},
-    {"PendingByEmployee", "Pending documents of an employee"},
-    {"Doc_Initial", "Documents by party"},
-    {"LedgersByCode", "Ledgers"},
-    {"CustomerItemwise_Analysis", "Sales and returns"},
-    {"Movement_PurchaseReturns_Analysis", "Purchases and returns"},
-    {"CustomerItemDaily_Analysis", "Sales and returns day by day"},
-    {"Movement_PurchaseReturns_DailyAnalysis", "Purchases and returns day by day"},
-    {"Commission_Initial", "Sales and commission"},
-    {"Commission_Daily", "Documents behind a commission"},
-    {"Colorwise_Initial", "Quantities by item and colour"},
-    {"mColorwise_Initial", "Quantities by item and colour"},
-    {"Colorwise_Monthly", "An item in one colour month by month"},
-    {"mColorwise_Monthly", "An item in one colour month by month"},
-    {"Colorwise_Daily", "Documents of an item in one colour"},
-    {"mColorwise_Daily", "Documents of an item in one colour"},
-    {"CategoryWise_Initial", "Documents by group and item"},
-    {"ItemWise_DlyBkup", "Quantities day by day"},
-    {"mItemwise_DlyBreakup", "Quantities day by day"},
-    {"ServiceReportRegno", "Service bills by vehicle"},
-    {"FreeServiceReport", "Free services by vehicle category"},
-    {"FreeServiceReportDaily", "Free service bills of a model"},
-    {"MechanicLabourReport", "Bills and labour by mechanic"},
-    {"MechanicLabourReportDaily", "Bills behind a mechanic's labour"},
-    {"HypoReport", "Vehicle sales by financier"},
-    {"HypoReportDaily", "Vehicle sales behind a financier"},
-    {"ClaimReport", "Warranty lines to claim"},
-    {"AutoSearch", "Vehicles"},
-    {"RTOInsSearch", "Vehicles and their insurance"},
-    {"AutoSearchServices", "Service bills"},
-    {"BuyerReport", "Vehicles by buyer"},
-    {"RtoSalesDetails", "Vehicles to register"},
-    {"RtoSalesDetails1", "Vehicles to register"},
-    {"ServiceTax", "Service tax by bill"},
-    {"BillWiseQuery", "Sale bills and receipts"},
-    {"BillWiseQuery1", "Pending bills and receipts"},
-    {"MultiplePriceList", "Price list"},
-};
-
-// What a report type adds to its operation's title.
-struct ByWhat {
-  std::int32_t report_type;
-  std::string_view by;
-};
-constexpr ByWhat kByWhat[] = {
-    {rtMovement_SalesReturns_LedgerAnalysis, " by party"},
-    {rtMovement_SalesReturns_ItemAnalysis, " by item"},
-    {rtMovement_SalesReturns_GroupAnalysis, " by party group"},
-    {rtMovement_SalesReturns_CategoryAnalysis, " by item category"},
-    {rtMovement_SalesReturns_ClassAnalysis, " by item class"},
-    {rtMovement_SalesReturns_AreaLedgerAnalysis, " by area and party"},
-    {rtMovement_SalesReturns_ItemRelationAnalysis, " of related items, by party"},
-    {rtMovement_SalesReturns_LedgerDailyAnalysis, ", of a party"},
-    {rtMovement_SalesReturns_ItemDailyAnalysis, ", of an item"},
-    {rtMovement_SalesReturns_GroupDailyAnalysis, ", of a party group"},
-    {rtMovement_PurchaseReturns_LedgerAnalysis, " by party"},
-    {rtMovement_PurchaseReturns_ItemAnalysis, " by item"},
-    {rtMovement_PurchaseReturns_GroupAnalysis, " by party group"},
-    {rtMovement_PurchaseReturns_CategoryAnalysis, " by item category"},
-    {rtMovement_PurchaseReturns_ClassAnalysis, " by item class"},
-    {rtMovement_PurchaseReturns_AreaLedgerAnalysis, " by area and party"},
-    {rtMovement_PurchaseReturns_LedgerDailyAnalysis, ", of a party"},
-    {rtMovement_PurchaseReturns_ItemDailyAnalysis, ", of an item"},
-    {rtMovement_PurchaseReturns_GroupDailyAnalysis, ", of a party group"},
-    {rtCommission_Initial_Employeewise, " by employee"},
-    {rtCommission_Initial_Itemwise, " by item"},
-    {rtAutoSearchReceipt, " by receipt"},
-    {rtAutoSearchReceiptChild, ": receipts of a bill"},
-};
 
 struct Valuation {
   enmValuationMethod method;
@@ -198,14 +107,10 @@ class Parts {
 }  // namespace
 
 std::string TitleOf(const Operation& operation, std::optional<std::int32_t> report_type) {
-  const auto* const found = std::ranges::find_if(
-      kTitles, [&](const Title& one) { return EqualFolded(one.operation, operation.name); });
-  if (found == std::end(kTitles)) {
-    return std::string(operation.help.substr(0, operation.help.find('.')));
-  }
-  const auto* const by = std::ranges::find_if(
-      kByWhat, [&](const ByWhat& one) { return one.report_type == report_type.value_or(0); });
-  return std::string(found->title) + std::string(by == std::end(kByWhat) ? "" : by->by);
+  const auto type =
+      std::ranges::find(operation.report_types, report_type.value_or(0), &ReportTypeRule::stored);
+  return std::string(operation.title) +
+         std::string(type == operation.report_types.end() ? "" : type->by);
 }
 
 ReportLook LookOf(const Operation& operation, const BoundValues& values, const std::string& company,

@@ -13,8 +13,7 @@
 
 namespace pstolvane1::automation {
 
-// "Sales and returns by item" for the operation and the report type that it delivers; the
-// operation's help where it has no title.
+// "Sales and returns by item" for the operation and the report type that it delivers.
 [[nodiscard]] std::string TitleOf(const Operation& operation,
                                   std::optional<std::int32_t> report_type);
 

@@ -80,8 +80,10 @@ constexpr Operation kSessionOperations[] = {
      ReturnKind::kEmpty, "Has no effect."},
     {"SetLocale", kCallOf<&clsStolvane1::SetLocale>, "session", LaunchKind::kMember,
      ReturnKind::kNothing, "Sets the locale of the reports' texts.", kSetLocale},
-    {"POrderTextQuery", kCallOf<&clsStolvane1::POrderTextQuery>, "session", LaunchKind::kPlainQuery,
-     ReturnKind::kRowset, "The lines of documents as a plain rowset, by date.", kPOrderTextQuery},
+    Operation{"POrderTextQuery", kCallOf<&clsStolvane1::POrderTextQuery>, "session",
+              LaunchKind::kPlainQuery, ReturnKind::kRowset,
+              "The lines of documents as a plain rowset, by date.", kPOrderTextQuery}
+        .Titled("Lines of documents"),
 };
 
 }  // namespace

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -28,15 +27,26 @@ enum class SortedWhen {
 
 inline constexpr std::string_view kNoTwin = "-";
 
+// An operation's entry holds its rules, the first that is for a call decides.
 struct SortRule {
-  std::string_view operation;
-  SortedWhen when;
-  DummySortForm form;
-  std::string_view pattern;  // the Sort text, with "{}" for the twin
+  SortedWhen when = SortedWhen::kAlways;
+  DummySortForm form = DummySortForm::kNone;
+  std::string_view pattern = {};  // the Sort text, with "{}" for the twin
   // The twins, with blanks between, by which lines stay together with those that they belong to; ""
   // for all, kNoTwin for none. By any other twin each line goes where its own value belongs.
   std::string_view together = {};
   bool closing_last = true;  // the rule and the total stay last
+
+  [[nodiscard]] constexpr SortRule Together(std::string_view twins) const {
+    SortRule changed = *this;
+    changed.together = twins;
+    return changed;
+  }
+  [[nodiscard]] constexpr SortRule MovingClosingLines() const {
+    SortRule changed = *this;
+    changed.closing_last = false;
+    return changed;
+  }
 };
 
 // A report as it was asked for.
@@ -47,9 +57,7 @@ struct SortedReport {
   std::int32_t asked = 0;
 };
 
-// The rules of all reports with a DummySort, those of an operation together.
-[[nodiscard]] std::span<const SortRule> SortRules();
-// Form kNone where there is none.
+// Form kNone where there is none. Error 3001 for an unknown operation.
 [[nodiscard]] SortRule SortRuleOf(const SortedReport& report);
 
 [[nodiscard]] std::string_view NameOf(DummySortForm form);  // "class"

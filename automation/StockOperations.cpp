@@ -41,6 +41,10 @@ constexpr auto kStockTypes = TypesByMethod([](enmValuationMethod method) {
   return StockReportType(method, tree);
 });
 
+constexpr SortRule kByLine = ByNumber(kByNumberBeforeTotalLine).Together("ParticularsSort");
+constexpr SortRule kItemSorting[] = {ByClass(SortedWhen::kSummaryOfLayers), kByLine};
+constexpr SortRule kGroupSorting[] = {kByLine};
+
 template <auto member>
 constexpr Operation Statement(std::string_view name, std::string_view help,
                               std::span<const Argument> arguments,
@@ -52,16 +56,24 @@ constexpr Operation Statement(std::string_view name, std::string_view help,
 constexpr Operation kStockOperations[] = {
     Statement<&clsStolvane1::StockDetails_Itemwise>(
         "StockDetails_Itemwise", "Opening, inwards, outwards and closing stock by item.", kItem,
-        kStockTypes<StockTree::kItem>),
+        kStockTypes<StockTree::kItem>)
+        .Titled("Stock by item")
+        .Sorted(kItemSorting),
     Statement<&clsStolvane1::StockDetails_Categorywise>(
         "StockDetails_Categorywise", "The same under the tree of item categories.", kCategory,
-        kStockTypes<StockTree::kCategory>),
+        kStockTypes<StockTree::kCategory>)
+        .Titled("Stock by item category")
+        .Sorted(kGroupSorting),
     Statement<&clsStolvane1::StockDetails_Classwise>("StockDetails_Classwise",
                                                      "The same under the tree of item classes.",
-                                                     kClass, kStockTypes<StockTree::kClass>),
+                                                     kClass, kStockTypes<StockTree::kClass>)
+        .Titled("Stock by item class")
+        .Sorted(kGroupSorting),
     Statement<&clsStolvane1::StockDetails_Godownwise>("StockDetails_Godownwise",
                                                       "The same under the tree of godowns.",
-                                                      kGodown, kStockTypes<StockTree::kGodown>),
+                                                      kGodown, kStockTypes<StockTree::kGodown>)
+        .Titled("Stock by godown")
+        .Sorted(kGroupSorting),
 };
 
 }  // namespace

@@ -206,8 +206,8 @@ constexpr Argument kServiceTax[] = {
 
 constexpr ReportTypeRule kSearchTypes[] = {
     {rtAutoSearch, rtAutoSearch},
-    {rtAutoSearchReceipt, rtAutoSearchReceipt},
-    {rtAutoSearchReceiptChild, rtAutoSearchReceiptChild},
+    {rtAutoSearchReceipt, rtAutoSearchReceipt, " by receipt"},
+    {rtAutoSearchReceiptChild, rtAutoSearchReceiptChild, ": receipts of a bill"},
 };
 constexpr ReportTypeRule kInsuranceTypes[] = {{rtRtoInsSearch, rtRtoInsSearch}};
 constexpr ReportTypeRule kFreeServiceDailyTypes[] = {
@@ -223,6 +223,22 @@ constexpr ReportTypeRule kClaimType[] = {{0, rtClaimReport}};
 constexpr ReportTypeRule kBuyerType[] = {{0, rtBuyerReport}};
 constexpr ReportTypeRule kTransportType[] = {{0, rtRtosalesdet}};
 constexpr ReportTypeRule kServiceTaxType[] = {{0, rtServiceReport}};
+
+constexpr SortRule kHistorySorting[] = {ByGroup(SortedWhen::kSummary),
+                                        Unsorted(SortedWhen::kDetailed)};
+constexpr SortRule kFreeServiceSorting[] = {
+    ByClass(SortedWhen::kDetailed, "DummySort, ParticularsHeadSort, {}"),
+    ByClass(SortedWhen::kSummary)};
+constexpr SortRule kLabourSorting[] = {ByClass(SortedWhen::kDetailed, "DummySort, InterSort, {}"),
+                                       ByClass(SortedWhen::kSummary)};
+constexpr SortRule kLabourDailySorting[] = {
+    ByClass(SortedWhen::kAlways, "DummySort, HeadSort, {}")};
+constexpr SortRule kHypoSorting[] = {
+    ByClass(SortedWhen::kDetailed, "DummySort, ParticularsHeadSort, ParticularsSort, {}"),
+    ByClass(SortedWhen::kSummary, "DummySort, ParticularsHeadSort, {}")};
+constexpr SortRule kServiceTaxSorting[] = {
+    ByNumber(kByNumberBeforeLine, SortedWhen::kDetailed).Together("refnoSort DateSort"),
+    ByClass(SortedWhen::kSummary)};
 
 template <auto member>
 constexpr Operation Report(std::string_view name, ReturnKind returns, std::string_view help,
@@ -244,48 +260,73 @@ constexpr Operation Search(std::string_view name, ReturnKind returns, std::strin
 constexpr Operation kVehicleOperations[] = {
     Report<&clsStolvane1::ServiceReportRegno>("ServiceReportRegno", ReturnKind::kRowset,
                                               "Every service bill of a vehicle.", kHistory,
-                                              kHistoryType),
+                                              kHistoryType)
+        .Titled("Service bills by vehicle")
+        .Sorted(kHistorySorting),
     Report<&clsStolvane1::FreeServiceReport>("FreeServiceReport", ReturnKind::kRowset,
                                              "Free services by vehicle category and model.",
-                                             kFreeService, kFreeServiceType),
+                                             kFreeService, kFreeServiceType)
+        .Titled("Free services by vehicle category")
+        .Sorted(kFreeServiceSorting),
     Report<&clsStolvane1::FreeServiceReportDaily>(
         "FreeServiceReportDaily", ReturnKind::kRowset, "The free service bills of one model.",
-        kFreeServiceDaily, kFreeServiceDailyTypes, "reptype"),
+        kFreeServiceDaily, kFreeServiceDailyTypes, "reptype")
+        .Titled("Free service bills of a model")
+        .Sorted(kSortedByClass),
     Report<&clsStolvane1::MechanicLabourReport>("MechanicLabourReport", ReturnKind::kRowset,
                                                 "Bills and labour by mechanic.", kLabour,
-                                                kLabourType),
+                                                kLabourType)
+        .Titled("Bills and labour by mechanic")
+        .Sorted(kLabourSorting),
     Report<&clsStolvane1::MechanicLabourReportDaily>(
         "MechanicLabourReportDaily", ReturnKind::kRowset, "The bills behind a mechanic's labour.",
-        kLabourDaily, kLabourDailyTypes, "reptype"),
+        kLabourDaily, kLabourDailyTypes, "reptype")
+        .Titled("Bills behind a mechanic's labour")
+        .Sorted(kLabourDailySorting),
     Report<&clsStolvane1::HypoReport>("HypoReport", ReturnKind::kRowset,
-                                      "Vehicle sales by financier.", kHypothecation, kHypoType),
+                                      "Vehicle sales by financier.", kHypothecation, kHypoType)
+        .Titled("Vehicle sales by financier")
+        .Sorted(kHypoSorting),
     Report<&clsStolvane1::HypoReportDaily>("HypoReportDaily", ReturnKind::kRowset,
                                            "The sales behind a financier.", kHypothecationDaily,
-                                           kHypoDailyType),
+                                           kHypoDailyType)
+        .Titled("Vehicle sales behind a financier")
+        .Sorted(kSortedByClass),
     Report<&clsStolvane1::ClaimReport>("ClaimReport", ReturnKind::kRowsetInVariant,
-                                       "Warranty lines to claim.", kClaims, kClaimType),
+                                       "Warranty lines to claim.", kClaims, kClaimType)
+        .Titled("Warranty lines to claim")
+        .Sorted(kSortedByClass),
     Search<&clsStolvane1::AutoSearch>(
         "AutoSearch", ReturnKind::kRowset,
         "Vehicles by buyer, bill, chassis, engine or colour; receipts of their bills.", kSearch,
-        kSearchTypes, "reptype"),
+        kSearchTypes, "reptype")
+        .Titled("Vehicles"),
     Search<&clsStolvane1::RTOInsSearch>(
         "RTOInsSearch", ReturnKind::kRowset,
         "Vehicles by buyer, with what transport office and insurer want.", kSearch, kInsuranceTypes,
-        "reptype"),
+        "reptype")
+        .Titled("Vehicles and their insurance"),
     Search<&clsStolvane1::AutoSearchServices>("AutoSearchServices", ReturnKind::kRowset,
                                               "Service bills by number or chassis.", kServiceSearch,
-                                              kSearchTypes, "reptype"),
+                                              kSearchTypes, "reptype")
+        .Titled("Service bills"),
     Report<&clsStolvane1::BuyerReport>("BuyerReport", ReturnKind::kRowset,
-                                       "Who bought which vehicle.", kBuyers, kBuyerType),
+                                       "Who bought which vehicle.", kBuyers, kBuyerType)
+        .Titled("Vehicles by buyer")
+        .Sorted(kSortedByClass),
     Search<&clsStolvane1::RtoSalesDetails>("RtoSalesDetails", ReturnKind::kRowsetInVariant,
                                            "What the registration forms ask of the vehicles sold.",
-                                           kTransportDocument, kTransportType),
+                                           kTransportDocument, kTransportType)
+        .Titled("Vehicles to register"),
     Search<&clsStolvane1::RtoSalesDetails1>("RtoSalesDetails1", ReturnKind::kRowsetInVariant,
                                             "The vehicles sold, to pick from.", kTransportOffice,
-                                            kTransportType),
+                                            kTransportType)
+        .Titled("Vehicles to register"),
     Report<&clsStolvane1::ServiceTax>("ServiceTax", ReturnKind::kRowsetInVariant,
                                       "Service bills with tax on their lines.", kServiceTax,
-                                      kServiceTaxType),
+                                      kServiceTaxType)
+        .Titled("Service tax by bill")
+        .Sorted(kServiceTaxSorting),
 };
 
 }  // namespace

@@ -256,6 +256,12 @@ TEST(EveryOperation, IsDescribedWithItsColumns) {
   }
 }
 
+TEST(EveryOperation, HasATitle) {
+  for (const Operation& operation : Operations()) {
+    EXPECT_NE(operation.title.empty(), IsReport(operation)) << operation.name;
+  }
+}
+
 TEST(EveryOperation, HasWordsOverItsColumns) {
   for (const Operation* const operation : AllReportOperations()) {
     SCOPED_TRACE(operation->name);

@@ -13,6 +13,7 @@
 #include "CaseFile.h"
 #include "Play.h"
 #include "SmallBooks.h"
+#include "automation/Operations.h"
 #include "automation/SortText.h"
 #include "session/ReportType.h"
 #include "session/enmValuationMethod.h"
@@ -268,14 +269,15 @@ TEST(Sorting, KeepsTotalsLastAndLinesTogetherAsTheRuleOfEachReportSays) {
     parted[std::string(asked.operation)].merge(SortByEveryTwin(file, report));
   }
   // What a rule says of lines that part is so, and each rule was tried.
-  for (const SortRule& rule : automation::SortRules()) {
-    EXPECT_TRUE(sorted.contains(std::string(rule.operation))) << rule.operation;
-    const std::set<std::string>& apart = parted[std::string(rule.operation)];
-    if (rule.together == automation::kNoTwin) {
-      EXPECT_GT(apart.size(), apart.count("closing lines")) << rule.operation;
-    }
-    if (!rule.closing_last) {
-      EXPECT_TRUE(apart.contains("closing lines")) << rule.operation;
+  for (const automation::Operation& operation : automation::Operations()) {
+    const std::string name(operation.name);
+    EXPECT_TRUE(operation.sorting.empty() || sorted.contains(name)) << name;
+    const std::set<std::string>& apart = parted[name];
+    for (const SortRule& rule : operation.sorting) {
+      if (rule.together == automation::kNoTwin) {
+        EXPECT_GT(apart.size(), apart.count("closing lines")) << name;
+      }
+      EXPECT_TRUE(rule.closing_last || apart.contains("closing lines")) << name;
     }
   }
 }
