@@ -391,7 +391,7 @@ TEST(PostgresCursors, EndAtTheirTimeLimitAndTheServerEndsThem) {
   const auto snapshot = books->TakeSnapshot(kNoLimit);
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(ErrorOf([&] { Lines(*snapshot->Run(kEndless, milliseconds(150))); }),
-            "-2147217900 while preparing a statement: the time limit of 0.15 s was reached");
+            "-2147217900 while reading the rows: the time limit of 0.15 s was reached");
   EXPECT_LT(std::chrono::steady_clock::now() - begin, milliseconds(60000));
   EXPECT_THAT(Lines(*snapshot, kCount), ElementsAre("1000"));
   ServerSession server(ServerConnection());

@@ -166,7 +166,7 @@ TEST_P(ServerBadInput, AStatementBeyondItsTimeLimit) {
                          "select count(*) as n from t a, t b, t c, t d where a.id + b.id = c.id - "
                          "d.id",
                          GetParam()),
-              EndsWith("while preparing a statement: the time limit of 1 s was reached"));
+              EndsWith("while reading the rows: the time limit of 1 s was reached"));
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
   EXPECT_EQ(Cell(connection, "select count(*) as n from t", GetParam()), "1000");
 }
@@ -178,7 +178,7 @@ TEST_P(ServerBadInput, ATableThatSomebodyElseHasLocked) {
   ServerSession other(scratch.ConnectionString());
   other.Run("BEGIN; LOCK TABLE t IN ACCESS EXCLUSIVE MODE");
   EXPECT_THAT(FetchError(connection, "select id from t", GetParam()),
-              EndsWith("while preparing a statement: the time limit of 1 s was reached"));
+              EndsWith("while reading the rows: the time limit of 1 s was reached"));
   other.Run("COMMIT");
   EXPECT_EQ(Cell(connection, "select id from t", GetParam()), "1");
 }

@@ -80,9 +80,9 @@ void PostgresCursor::Begin() {
   } catch (const Error& error) {
     GiveUp();
     // What is the same for every row is reckoned before the first of them comes, and of spread
-    // books all rows are read here.
-    const bool of_a_row =
-        error.Number() != ErrorNumber::kQueryRefused || error.Description() == kMoreThanOneRow;
+    // books all rows are read here. Whoever waits too long, or no longer, waits for rows.
+    const bool of_a_row = error.Number() != ErrorNumber::kQueryRefused ||
+                          error.Description() == kMoreThanOneRow || watch_.Check() != Stop::kNone;
     throw Meant(error).While(of_a_row ? "reading the rows" : "preparing a statement");
   }
 }
