@@ -502,8 +502,8 @@ class clsStolvane1 : public clsStolvane1Events {
                                  std::int32_t lngItem_id = 0, Boolean blnReport = True,
                                  Boolean blnDetailed = False, std::string_view strItemstate = {},
                                  std::string_view strConsiderForSih = {});
-  // Its lines again from what was fetched last. Error 91 if nothing was, 3265 if another report
-  // was.
+  // Its lines again from what was fetched last. Error 91 if nothing was, or if it failed; 3265 if
+  // it was another report.
   RecordsetPtr mColorwise_Initial();
   // One item and colour month by month, with bare numbers for a chart. lngColor_Id is put into the
   // query as it stands. Error 3021 where the item has no batch of the colour.
@@ -517,7 +517,7 @@ class clsStolvane1 : public clsStolvane1Events {
                                std::int32_t lngItem_id, std::string_view lngColor_Id,
                                Boolean blnReport = True, std::string_view sRefSep = "/",
                                std::uint8_t bytOpt = 0, Boolean blnLongDate = False);
-  // Its lines again. Error 91 if nothing was fetched, 3265 if another report was.
+  // Its lines again. Error 91 or 3265 unless it was the last report, and did not fail.
   RecordsetPtr mColorwise_Daily();
   // Sales (lngVouchertype_id 10) or what came in by another kind of document along the tree of
   // categories, or of classes with blnIsclass: from lngId if that is above 0, otherwise from all
@@ -541,8 +541,8 @@ class clsStolvane1 : public clsStolvane1Events {
                                 float sngScale = 0, std::string_view strConsiderForSih = {},
                                 std::string_view strItemstate = {}, std::int32_t Cat_id = -1,
                                 Boolean blnIsclass = False);
-  // Its lines again from what was fetched last. Error 91 if nothing was, 3265 if another report
-  // was.
+  // Its lines again from what was fetched last. Error 91 if nothing was, or if it failed; 3265 if
+  // it was another report.
   RecordsetPtr mItemwise_DlyBreakup();
 
  private:

@@ -43,9 +43,16 @@ DailyArguments Days(MovementSide side, std::int32_t lngId, std::int32_t lngId2, 
           .strItemstate = std::string(strItemstate)};
 }
 
-// The lines of a report from what was fetched last.
-RecordsetPtr BuildAgain(const std::shared_ptr<ReportFrame>& kept, ReportType report_type) {
-  return OnFrame(kept, [&](ReportFrame& frame) { return frame.Build(*frame.RowOf(report_type)); });
+// The lines of a report from what was fetched last; its builder reads `source` first. What failed
+// before it had rows was fetched no more than what was never asked for.
+RecordsetPtr BuildAgain(const std::shared_ptr<ReportFrame>& kept, ReportType report_type,
+                        Source source) {
+  return OnFrame(kept, [&](ReportFrame& frame) {
+    if (frame.Rowset(source)->State() == adStateClosed) {
+      throw Error(ErrorNumber::kObjectNotSet, "the report whose lines are asked for failed");
+    }
+    return frame.Build(*frame.RowOf(report_type));
+  });
 }
 
 }  // namespace
@@ -177,7 +184,9 @@ RecordsetPtr clsStolvane1::Colorwise_Initial(std::uint8_t bytYearno, Date dtFrom
   });
 }
 
-RecordsetPtr clsStolvane1::mColorwise_Initial() { return BuildAgain(frame_, rtColorwise_Initial); }
+RecordsetPtr clsStolvane1::mColorwise_Initial() {
+  return BuildAgain(frame_, rtColorwise_Initial, Source::rsReport);
+}
 
 RecordsetPtr clsStolvane1::Colorwise_Monthly(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                              std::int32_t lngItem_id, std::string_view lngColor_Id,
@@ -193,7 +202,9 @@ RecordsetPtr clsStolvane1::Colorwise_Monthly(std::uint8_t bytYearno, Date dtFrom
   });
 }
 
-RecordsetPtr clsStolvane1::mColorwise_Monthly() { return BuildAgain(frame_, rtColorwise_Monthly); }
+RecordsetPtr clsStolvane1::mColorwise_Monthly() {
+  return BuildAgain(frame_, rtColorwise_Monthly, Source::Rs1);
+}
 
 RecordsetPtr clsStolvane1::Colorwise_Daily(std::uint8_t bytYearno, Date dtFromDate, Date dtToDate,
                                            std::int32_t lngItem_id, std::string_view lngColor_Id,
@@ -212,7 +223,9 @@ RecordsetPtr clsStolvane1::Colorwise_Daily(std::uint8_t bytYearno, Date dtFromDa
   });
 }
 
-RecordsetPtr clsStolvane1::mColorwise_Daily() { return BuildAgain(frame_, rtColorwise_Daily); }
+RecordsetPtr clsStolvane1::mColorwise_Daily() {
+  return BuildAgain(frame_, rtColorwise_Daily, Source::Rs1);
+}
 
 RecordsetPtr clsStolvane1::CategoryWise_Initial(Boolean blnIsclass, std::uint8_t bytYearno,
                                                 Date dtFromDate, Date dtToDate, std::int32_t lngId,
@@ -259,6 +272,8 @@ RecordsetPtr clsStolvane1::ItemWise_DlyBkup(std::uint8_t bytYearno, Date dtFromD
   });
 }
 
-RecordsetPtr clsStolvane1::mItemwise_DlyBreakup() { return BuildAgain(frame_, rtItemwise_DlyBkup); }
+RecordsetPtr clsStolvane1::mItemwise_DlyBreakup() {
+  return BuildAgain(frame_, rtItemwise_DlyBkup, Source::rsReport);
+}
 
 }  // namespace pstolvane1

@@ -1,4 +1,5 @@
 // After an analysis that fails, the session gives the next one.
+#include <cstddef>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -88,6 +89,33 @@ TEST_P(AfterABadCall, TheSessionGivesTheNextReport) {
 
 INSTANTIATE_TEST_SUITE_P(Analysis, AfterABadCall, testing::ValuesIn(kBadCalls),
                          [](const auto& tested) { return tested.param.name; });
+
+std::int32_t ErrorOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Error& error) {
+    return static_cast<std::int32_t>(error.Number());
+  }
+  return 0;
+}
+
+TEST(LinesAgain, OfAReportThatFailedAreNotThere) {
+  const std::unique_ptr<golden::SmallBooks> books = RandomTrade(1);
+  clsStolvane1 session;
+  session.SetConnection("", "", books->ConnectionString(), False);
+  const std::function<void()> failing[] = {
+      [&] { (void)session.Colorwise_Initial(kYear, kFrom, kTo, 0, True, False, "one"); },
+      [&] { (void)session.Colorwise_Monthly(kYear, kFrom, kTo, 1, "red"); },
+      [&] { (void)session.Colorwise_Daily(kYear, kFrom, kTo, 1, "red"); },
+      [&] { (void)session.ItemWise_DlyBkup(kYear, kFrom, kTo, -1, 0, "one"); }};
+  const std::function<void()> again[] = {
+      [&] { (void)session.mColorwise_Initial(); }, [&] { (void)session.mColorwise_Monthly(); },
+      [&] { (void)session.mColorwise_Daily(); }, [&] { (void)session.mItemwise_DlyBreakup(); }};
+  for (std::size_t i = 0; i < std::size(failing); ++i) {
+    EXPECT_EQ(ErrorOf(failing[i]), kRefused) << i;
+    EXPECT_EQ(ErrorOf(again[i]), kNothing) << i;
+  }
+}
 
 }  // namespace
 }  // namespace pstolvane1
