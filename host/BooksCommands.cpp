@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <fmt/format.h>
@@ -23,6 +22,8 @@
 #include "session/books/SampleBooks.h"
 #include "session/books/Schema.h"
 #include "session/data/Error.h"
+#include "session/data/FetchStop.h"
+#include "session/data/WaitingFor.h"
 #include "session/engine/ConnectionString.h"
 #include "session/engine/Engines.h"
 
@@ -59,15 +60,16 @@ constexpr const char* kNewBooks = "the new file, or a server's connection string
 
 using Showing = std::function<void(double done, std::string_view doing)>;
 
-// Does work that writes books and tells how far it is. A signal ends it where it tells, so that it
-// tidies up what it has made.
+// Does work that writes books and tells how far it is. A signal ends it where it tells, or where it
+// reads other books, so that it tidies up what it has made.
 void UntilSignal(const std::function<void(const Showing&)>& work) {
-  std::atomic<bool> stop{false};
-  ProgressBar bar;
-  DoUntilSignal([&stop] { stop = true; },
+  FetchStop stop;
+  DoUntilSignal([&stop] { stop.Stop(); },
                 [&] {
+                  const WaitingFor reading(stop);
+                  ProgressBar bar("opening");
                   work([&](double done, std::string_view doing) {
-                    if (stop) throw Error(ErrorNumber::kQueryRefused, "stopped");
+                    if (stop.Stopped()) throw Error(ErrorNumber::kQueryRefused, "stopped");
                     bar.Show(done, doing);
                   });
                 },
@@ -123,7 +125,7 @@ void CopyBooksTo(const std::string& from, const std::string& to, bool leave_out)
 bool CheckBooksAt(const std::string& connection_string) {
   std::vector<books::Finding> findings;
   {
-    ProgressBar bar;
+    ProgressBar bar("opening");
     findings = books::CheckBooks(
         connection_string, [&bar](std::string_view stage, double done) { bar.Show(done, stage); });
   }

@@ -55,7 +55,7 @@ class Session {
         events_.push_back(
             {{"name", "FetchProgress"}, {"bytFetchPercent", percent}, {"strmessage", message}});
       }
-      bar_.Show(percent / last, message);
+      if (bar_) bar_->Show(percent / last, message);
     };
     session_.FetchComplete = [this](RecordsetPtr rowset, std::int32_t any_count) {
       events_.push_back({{"name", "FetchComplete"}, {"anyCount", any_count}});
@@ -65,11 +65,13 @@ class Session {
   }
 
   void Call(const CallInWords& call) {
+    bar_.emplace("FetchingData");
     const Variant returned = call.Run(session_).value;
     if (returned.Type() == adChapter) delivered_ = returned.ToRowset();
     while (delivered_ == nullptr && session_.Fetching()) {
       WaitForEvents(std::chrono::milliseconds(200));
     }
+    bar_.reset();
   }
 
   void Warn(const CallInWords& call, BooksLookup& books) const {
@@ -130,7 +132,7 @@ class Session {
   }
 
   const RunOptions& options_;
-  ProgressBar bar_;
+  std::optional<ProgressBar> bar_;  // while the report is made
   clsStolvane1 session_;
   nlohmann::ordered_json events_ = nlohmann::ordered_json::array();
   RecordsetPtr delivered_;

@@ -8,6 +8,7 @@
 
 #include "host/Command.h"
 #include "host/OutputWords.h"
+#include "host/ProgressBar.h"
 #include "host/SqlNames.h"
 #include "host/SqlPrompt.h"
 #include "host/StopSignals.h"
@@ -50,7 +51,10 @@ void ReadAndWrite(const SqlOptions& options, const std::shared_ptr<Connection>& 
     return;
   }
   const RecordsetPtr rowset = Recordset::New();
-  rowset->Open(text, books);
+  {
+    const ProgressBar bar("reading");
+    rowset->Open(text, books);
+  }
   Write(*rowset, {.title = "Query"}, options.output, [&rowset] { return ExportJson(*rowset); });
 }
 

@@ -252,7 +252,9 @@ std::vector<ImportedTable> CopyTables(Provider& books, const std::string& from, 
     try {
       copied.push_back({table.name, CopyTable(*state, *source, target, progress)});
     } catch (const Error& error) {
-      throw error.While("copying " + std::string(table.name) + WrongRow(from, *source));
+      const bool is_of_a_value = error.Number() == ErrorNumber::kTypeMismatch;
+      throw error.While("copying " + std::string(table.name) +
+                        (is_of_a_value ? WrongRow(from, *source) : ""));
     }
   }
   if (copied.empty()) {
@@ -303,12 +305,17 @@ std::vector<ImportedTable> CopyBooks(const std::string& from, const std::string&
   const std::shared_ptr<Provider> books = OpenDatabase(from, std::chrono::seconds(30));
   const ConnectionTarget target = TargetOf(to);
   std::vector<ImportedTable> copied;
+  const auto indexing = [&progress](std::string_view table) {
+    if (progress) progress(table);
+  };
   if (target.engine == EngineKind::kPostgresql) {
     ServerWriter writer(to);
-    MakeServerBooks(writer, [&] { copied = CopyTables(*books, from, writer, progress); });
+    MakeServerBooks(
+        writer, [&] { copied = CopyTables(*books, from, writer, progress); }, indexing);
   } else {
-    MakeBooks(target.path,
-              [&](Writer& writer) { copied = CopyTables(*books, from, writer, progress); });
+    MakeBooks(
+        target.path, [&](Writer& writer) { copied = CopyTables(*books, from, writer, progress); },
+        indexing);
   }
   return copied;
 }

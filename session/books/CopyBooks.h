@@ -10,8 +10,8 @@
 
 namespace pstolvane1::books {
 
-// Called before each table is read, and again with every few thousand rows. What it throws ends the
-// copy, and nothing of it stays.
+// Called before each table is read, again with every few thousand rows, and when the table is
+// indexed. What it throws ends the copy, and nothing of it stays.
 using CopyProgress = std::function<void(std::string_view table)>;
 
 // What the first books have beside the tables and columns of the reference schema.

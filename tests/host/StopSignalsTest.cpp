@@ -56,5 +56,19 @@ TEST_F(StopSignals, AbandonWhatRunsAndLeaveNoFile) {
   }
 }
 
+// Also while a table is looked through before its first row.
+TEST_F(StopSignals, EndTheCopyingOfBooksAndLeaveNoFile) {
+  const books::test::Folder endless;
+  books::test::Database(endless.File("books.db"))
+      .Execute(
+          "create view Uom1 as with recursive numbers(n) as (select 1 union all select n + 1 from "
+          "numbers) select n as Uom_id, 'Nos' as UomName from numbers");
+  const Finished finished = StolvaneWithSignal(
+      {"books", "copy", endless.File("books.db"), folder.File("never.db")}, SIGINT, 500);
+  EXPECT_EQ(finished.status, 128 + SIGINT) << finished.err;
+  EXPECT_EQ(finished.err, "");
+  EXPECT_EQ(folder.Names(), std::vector<std::string>());
+}
+
 }  // namespace
 }  // namespace pstolvane1::host::test
