@@ -46,11 +46,11 @@ std::string HelpOn(CLI::App& app, const std::vector<std::string>& path) {
   return at->get_formatter()->make_help(at, before, CLI::AppFormatMode::Normal);
 }
 
-void AddText(CLI::App& app, Asked& asked, const char* name, const char* help,
-             std::function<std::string()> text) {
+CLI::App* AddText(CLI::App& app, Asked& asked, const char* name, const char* help,
+                  std::function<std::string()> text) {
   CLI::App* const command = app.add_subcommand(name, help);
   command->group(std::string(kAboutItself));
-  command->callback([&asked, text = std::move(text)] {
+  return command->callback([&asked, text = std::move(text)] {
     asked.command = [text] {
       WriteText(text(), {});
       return kSuccess;
@@ -107,7 +107,9 @@ void AddHelpCommands(CLI::App& app, Asked& asked) {
   AddText(app, asked, "version", "The version of the program",
           [] { return std::string(PST_VERSION) + "\n"; });
   AddText(app, asked, "completion", "What bash reads to complete commands, for ~/.bashrc",
-          [&app] { return BashCompletion(app); });
+          [&app] { return BashCompletion(app); })
+      ->add_option("SHELL", "bash, which is the one that there is")
+      ->check(CLI::IsMember({"bash"}));
   AddText(app, asked, "man", "The manual page, for \"man -l -\"",
           [&app] { return ManPage(app, PST_VERSION); });
 }

@@ -82,6 +82,7 @@ TEST_F(Help, TheVersionIsOne) {
 
 TEST_F(Help, BashCompletesCommandsOptionsAndArguments) {
   const std::string script = Shown({"completion"});
+  EXPECT_EQ(Shown({"completion", "bash"}), script);
   const auto completes = [&](const std::string& words, const std::string& last,
                              const std::string& wanted) {
     return Shell("completion", script,
