@@ -33,6 +33,8 @@ ColumnLook LookOfColumn(std::string_view operation, std::string_view column) {
     look.leads = words->leads;
     look.stands_in = words->stands_in;
     look.level = words->level;
+    look.depth_mark = words->depth_mark;
+    look.nameless = words->nameless;
     look.unit_of = words->unit_of;
     look.telling = words->telling;
   }

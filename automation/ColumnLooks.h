@@ -17,6 +17,8 @@ struct ColumnWords {
   bool leads = false;
   std::string_view stands_in = {};
   int level = 0;
+  char depth_mark = '\0';
+  std::string_view nameless = {};
   std::string_view unit_of = {};
   int telling = 0;
 };

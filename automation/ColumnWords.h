@@ -21,6 +21,10 @@ constexpr ColumnWords Unit(std::string_view column, std::string_view quantity) {
 constexpr ColumnWords Hidden(std::string_view column, int level = 0) {
   return {.column = column, .label = {}, .shown = false, .level = level};
 }
+// The names of a tree, each with a mark in front for every level above it.
+constexpr ColumnWords MarkedTree(std::string_view column, std::string_view label, char mark) {
+  return {.column = column, .label = label, .leads = true, .depth_mark = mark};
+}
 // Fills the cells of the other column that are empty.
 constexpr ColumnWords Fills(std::string_view column, std::string_view other) {
   return {.column = column, .label = {}, .shown = false, .stands_in = other};
@@ -33,8 +37,11 @@ constexpr ColumnWords Below(std::string_view column, std::string_view label, std
 constexpr ColumnWords In(std::string_view column, std::string_view label, std::string_view other) {
   return Below(column, label, other, 0);
 }
-constexpr ColumnWords Heading(std::string_view column, std::string_view other) {
-  return Below(column, "Heading", other, ColumnLook::kHeading);
+constexpr ColumnWords Heading(std::string_view column, std::string_view other,
+                              std::string_view nameless = {}) {
+  ColumnWords heading = Below(column, "Heading", other, ColumnLook::kHeading);
+  heading.nameless = nameless;
+  return heading;
 }
 
 // What has the same name and meaning wherever it stands.

@@ -112,10 +112,11 @@ constexpr ColumnWords kColourMonths[] = {
     Hidden("OutwardsChart"), Hidden("ClosingChart"),
 };
 constexpr ColumnWords kDates[] = {First("Date", "Date"), Heading("Head", "Date")};
-constexpr ColumnWords kItemDays[] = {First("Particulars", "Day"), Heading("Head", "Particulars")};
+constexpr ColumnWords kItemDays[] = {First("Particulars", "Day"),
+                                     Heading("Head", "Particulars", "Opening and days")};
 
 constexpr ColumnWords kCategoryTree[] = {
-    First("CategoryName", "Group"),
+    MarkedTree("CategoryName", "Group", '-'),
     Below("Itemname", "Item", "CategoryName", 1),
     Is("QtyOut", "Quantity", 1),
     Is("Amount", "Amount", 2),
@@ -126,7 +127,7 @@ constexpr ColumnWords kCategoryTree[] = {
     In("SubTotal", "Amount of the group", "Amount"),
     In("AllTotal", "Amount in all", "Amount"),
     Hidden("LineChildCap"),
-    Hidden("LineCap"),
+    Fills("LineCap", "CategoryName"),
 };
 
 constexpr ColumnWords kPending[] = {

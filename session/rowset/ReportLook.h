@@ -21,8 +21,12 @@ struct ColumnLook {
   std::string stands_in;
   // How deep a line stands that has a text in this column; kHeading for one that heads others.
   int level = 0;
-  std::string unit_of;  // the quantity's column, if this is its unit
-  int telling = 0;      // 1 is the most telling column, 2 the next; 0 is none of them
+  // Stands in front of a text once for each level that it lies deep, and is not shown; lines whose
+  // level another column tells lie so much deeper below it. '\0' is none.
+  char depth_mark = '\0';
+  std::string nameless;  // stands where the cell has an empty text; Null stays empty
+  std::string unit_of;   // the quantity's column, if this is its unit
+  int telling = 0;       // 1 is the most telling column, 2 the next; 0 is none of them
 
   static constexpr int kHeading = -1;
 };
@@ -32,6 +36,8 @@ struct ReportLook {
   std::vector<std::string> lines = {};  // below the title: whose books, the period and the like
   // None: all columns by their names.
   std::function<ColumnLook(std::string_view column)> column = {};
+  // Those to show, by their names or labels in any case, in this order; none is all.
+  std::vector<std::string> columns = {};
   // Of a report of groups in a tree: the column that holds the key of a group's line, and the key
   // of the group above another one, 0 at the top. Groups then stand below the one that they belong
   // to, in the order in which they come.

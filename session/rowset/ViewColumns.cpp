@@ -79,6 +79,7 @@ void ReadTexts(const Recordset& rowset, const Locale& locale, bool report, ViewC
   for (const Recordset::Row row : rowset.Rows()) {
     in_hand.Check();
     std::string text = CellText(row, column.column.handle, column.type, locale);
+    if (text.empty() && !row.IsNull(column.column.handle)) text = column.look.nameless;
     if (report && IsRuleText(text)) {
       rules[at] = 1;
       text.clear();
@@ -129,6 +130,30 @@ void FillFrom(ViewColumn& from, ViewColumn& column) {
   }
 }
 
+// The marks of a text: at most one more than the text above it has, as a name may begin like that.
+std::size_t MarksOf(const std::string& text, char mark, std::size_t most) {
+  const std::size_t marks = std::min(text.find_first_not_of(mark), text.size());
+  return std::min(marks, most);
+}
+
+// Takes the marks of depth from the texts of a column.
+void ReadMarks(ViewColumn& column, ViewColumns& view) {
+  std::size_t most = 0;
+  int depth = 0;
+  for (std::size_t row = 0; row < column.texts.size(); ++row) {
+    std::string& text = column.texts[row];
+    if (!text.empty()) {
+      const std::size_t marks = MarksOf(text, column.look.depth_mark, most);
+      text.erase(0, marks);
+      most = marks + 1;
+      depth = static_cast<int>(marks);
+      view.levels[row] = depth;
+    } else if (view.levels[row] > 0) {
+      view.levels[row] += depth;
+    }
+  }
+}
+
 // What tells the depth of a line, before its text goes to where it stands.
 void ReadLevels(ViewColumns& view) {
   for (ViewColumn& column : view.columns) {
@@ -147,6 +172,9 @@ void ReadLevels(ViewColumns& view) {
       text.erase(0, blanks);
       view.levels[row] = std::max(view.levels[row], 1);
     }
+  }
+  for (ViewColumn& column : view.columns) {
+    if (column.look.depth_mark != '\0') ReadMarks(column, view);
   }
 }
 
