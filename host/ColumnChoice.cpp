@@ -1,31 +1,21 @@
 #include "host/ColumnChoice.h"
 
 #include <algorithm>
-#include <fmt/format.h>
 #include <numeric>
 #include <optional>
 #include <set>
-#include <string_view>
 
-#include "session/data/Error.h"
 #include "session/data/TextFold.h"
 
 namespace pstolvane1::host {
 namespace {
 
 constexpr std::size_t kGap = 2;
-std::optional<std::size_t> PlaceOf(const ReportView& view, std::string_view name) {
-  for (std::size_t i = 0; i < view.Columns().size(); ++i) {
-    const ReportView::Column& column = view.Columns()[i];
-    if (EqualFolded(column.name, name) || EqualFolded(column.label, name)) return i;
-  }
-  return std::nullopt;
-}
 
 // The column with the unit that belongs to it, or that it is the unit of.
 std::vector<std::size_t> Together(const ReportView& view, std::size_t place) {
   const ReportView::Column& one = view.Columns()[place];
-  if (const auto quantity = PlaceOf(view, one.unit_of)) return {*quantity, place};
+  if (const auto quantity = view.PlaceOf(one.unit_of)) return {*quantity, place};
   for (std::size_t i = 0; i < view.Columns().size(); ++i) {
     if (EqualFolded(view.Columns()[i].unit_of, one.name)) return {place, i};
   }
@@ -87,32 +77,6 @@ ChosenColumns ColumnsThatFit(const ReportView& view, const std::vector<std::size
   ChosenColumns chosen{{shown.begin(), shown.end()}, {}};
   for (std::size_t place = 0; place < view.Columns().size(); ++place) {
     if (!shown.contains(place)) chosen.left_out.push_back(NameFor(view, place));
-  }
-  return chosen;
-}
-
-ChosenColumns ColumnsNamed(const ReportView& view, const std::string& names) {
-  ChosenColumns chosen;
-  if (EqualFolded(names, "all")) {
-    for (std::size_t place = 0; place < view.Columns().size(); ++place) {
-      chosen.shown.push_back(place);
-    }
-    return chosen;
-  }
-  for (std::string_view rest = names; !rest.empty();) {
-    const std::size_t comma = std::min(rest.find(','), rest.size());
-    const std::string_view name = rest.substr(0, comma);
-    const auto place = PlaceOf(view, name);
-    if (!place) {
-      std::string known;
-      for (const ReportView::Column& column : view.Columns()) {
-        known += (known.empty() ? "" : ", ") + column.label;
-      }
-      throw Error(ErrorNumber::kArgumentOutOfRange,
-                  fmt::format("the report shows no column \"{}\"; it shows {}", name, known));
-    }
-    chosen.shown.push_back(*place);
-    rest.remove_prefix(std::min(comma + 1, rest.size()));
   }
   return chosen;
 }

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <sstream>
 #include <unistd.h>
+#include <vector>
 
 #include "host/OutputFile.h"
 #include "host/OutputStream.h"
@@ -10,6 +11,8 @@
 #include "host/Terminal.h"
 #include "host/TextTable.h"
 #include "host/print/ExportPdf.h"
+#include "session/data/Error.h"
+#include "session/data/TextFold.h"
 #include "session/rowset/Locale.h"
 #include "session/rowset/ReportView.h"
 
@@ -25,18 +28,35 @@ void WriteStream(const OutputOptions& options, const std::function<void(std::ost
   }
 }
 
+// Empty for all of them.
+std::vector<std::string> NamedColumns(const OutputOptions& options) {
+  if (options.columns.empty()) return {};
+  if (options.format == Format::kCsv || options.format == Format::kJson) {
+    throw Error(ErrorNumber::kArgumentOutOfRange,
+                "csv and json hold every column; --columns chooses those of the other forms, such "
+                "as sheet and records");
+  }
+  std::vector<std::string> names;
+  if (EqualFolded(options.columns, "all")) return names;
+  std::istringstream text(options.columns);
+  for (std::string name; std::getline(text, name, ',');) names.push_back(name);
+  return names;
+}
+
 }  // namespace
 
-void Write(const Recordset& rowset, const ReportLook& look, const OutputOptions& options,
+void Write(const Recordset& rowset, ReportLook look, const OutputOptions& options,
            const std::function<std::string()>& json) {
   const auto locale = Locale::Get(options.locale);
+  look.columns = NamedColumns(options);
   switch (options.format) {
     case Format::kTable: {
       std::ostringstream table;
       table.exceptions(std::ios::badbit);
       const bool terminal = options.path.empty() && StandardOutputIsTerminal();
-      WriteTable(ReportView(rowset, locale, look), terminal, table, terminal ? TerminalWidth() : 0,
-                 options.columns);
+      const bool as_wide_as_it_is = !terminal || !options.columns.empty();
+      WriteTable(ReportView(rowset, locale, look), terminal, table,
+                 as_wide_as_it_is ? 0 : TerminalWidth());
       WriteText(table.str(), options);
       return;
     }

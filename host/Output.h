@@ -17,7 +17,7 @@ struct OutputOptions {
   Format format = Format::kTable;
   std::string path;          // empty: standard output
   std::string locale;        // of the table's, page's and sheet's own texts
-  std::string columns;       // of a table: those that are wanted; "" is what has room
+  std::string columns;       // those that are wanted; "" is all, and in a table what has room
   std::string books;         // that are read; nothing is written to them
   SheetStyle sheet;          // of that form
   std::string company;       // on top of a report; "" is the name of its books
@@ -26,10 +26,10 @@ struct OutputOptions {
 };
 
 // Writes a rowset as it looks; json gives the JSON text where that form is asked for. A file takes
-// its name only when it is whole. Error 3001 when it cannot be written, for a sheet without a path,
-// and for printed pages on a terminal; a reader of the standard output who goes away early is no
-// error.
-void Write(const Recordset& rowset, const ReportLook& look, const OutputOptions& options,
+// its name only when it is whole. Error 3001 when it cannot be written, for a workbook without a
+// path, for printed pages on a terminal, for a column that is not shown, and for columns of csv and
+// json; a reader of the standard output who goes away early is no error.
+void Write(const Recordset& rowset, ReportLook look, const OutputOptions& options,
            const std::function<std::string()>& json);
 // Writes any other text.
 void WriteText(std::string_view text, const OutputOptions& options);

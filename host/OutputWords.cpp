@@ -100,8 +100,8 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
       ->option_text("PATH");
   command
       .add_option("--columns", output.columns,
-                  "of a table: these columns, with commas between, or all; without it those that "
-                  "have room")
+                  "only these, with commas between; in a table on a terminal also all, and without "
+                  "it those that have room")
       ->option_text("NAME,...");
   command.add_option("--separator", output.sheet.separator, "of a sheet; without it a comma")
       ->option_text("TEXT");

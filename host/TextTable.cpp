@@ -56,20 +56,19 @@ Head HeadOf(const std::string& label, std::size_t width) {
 
 class TableWriter {
  public:
-  TableWriter(const ReportView& view, bool colour, std::ostream& out, std::size_t room,
-              const std::string& columns)
+  TableWriter(const ReportView& view, bool colour, std::ostream& out, std::size_t room)
       : view_(view), colour_(colour), out_(out), room_(room) {
     for (std::size_t i = 0; i < view.Columns().size(); ++i) {
       std::size_t width = 1;
       for (const ReportView::Line& line : view.Lines()) {
-        if (!line.IsHeading() || view.Columns().size() == 1) {
+        if (!line.is_heading || view.Columns().size() == 1) {
           width = std::max(width, DisplayWidth(Cell(line, i)));
         }
       }
       heads_.push_back(HeadOf(view.Columns()[i].label, width));
       widths_.push_back(heads_.back().width);
     }
-    chosen_ = columns.empty() ? ColumnsThatFit(view, widths_, room) : ColumnsNamed(view, columns);
+    chosen_ = ColumnsThatFit(view, widths_, room);
     for (const std::size_t i : chosen_.shown) {
       full_width_ += widths_[i] + (full_width_ > 0 ? kGap.size() : 0);
     }
@@ -106,8 +105,8 @@ class TableWriter {
   }
 
  private:
-  static std::string Cell(const ReportView::Line& line, std::size_t column) {
-    const std::size_t blanks = column == 0 ? 2 * static_cast<std::size_t>(line.level) : 0;
+  [[nodiscard]] std::string Cell(const ReportView::Line& line, std::size_t column) const {
+    const auto blanks = 2 * static_cast<std::size_t>(view_.IndentOf(line, column));
     return std::string(blanks, ' ') + line.cells[column];
   }
 
@@ -133,9 +132,9 @@ class TableWriter {
   }
 
   void Cells(const ReportView::Line& line, bool bold) {
-    if (line.IsHeading()) return Line(Cell(line, 0), bold);
-    std::vector<std::string> cells = line.cells;
-    cells.front() = Cell(line, 0);
+    if (line.is_heading) return Line(Cell(line, 0), bold);
+    std::vector<std::string> cells;
+    for (std::size_t i = 0; i < line.cells.size(); ++i) cells.push_back(Cell(line, i));
     Line(SideBySide(cells), bold);
   }
 
@@ -204,14 +203,13 @@ std::size_t DisplayWidth(std::string_view text) {
   return width;
 }
 
-void WriteTable(const ReportView& view, bool colour, std::ostream& out, std::size_t room,
-                const std::string& columns) {
+void WriteTable(const ReportView& view, bool colour, std::ostream& out, std::size_t room) {
   if (view.Columns().empty()) {
     if (!view.Look().lines.empty()) out << view.Look().title << '\n';
     out << "(no lines)\n";
     return;
   }
-  TableWriter(view, colour, out, room, columns).Write();
+  TableWriter(view, colour, out, room).Write();
 }
 
 }  // namespace pstolvane1::host

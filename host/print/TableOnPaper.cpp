@@ -60,7 +60,7 @@ ColumnNeed TableOnPaper::NeedOf(std::size_t column) {
     in_hand.Check();
     const std::string& text = line.cells[column];
     if (text.empty() || RunsOver(line)) continue;
-    const double indent = column == 0 ? kIndent * line.level : 0;
+    const double indent = kIndent * view_.IndentOf(line, column);
     const double whole = indent + pen_.WidthOfOnePoint(text, IsBold(line));
     need.whole = std::max(need.whole, whole);
     if (its.numeric || whole <= need.broken) continue;
@@ -79,11 +79,11 @@ TableOnPaper::Sheet TableOnPaper::SheetAt(std::size_t at) const {
 Font TableOnPaper::FontOf(const Line& line) const { return {fit_.size, IsBold(line)}; }
 
 double TableOnPaper::IndentOf(const Line& line, std::size_t column) const {
-  return column == 0 ? kIndent * fit_.size * line.level : 0;
+  return kIndent * fit_.size * view_.IndentOf(line, column);
 }
 
 bool TableOnPaper::RunsOver(const Line& line) const {
-  return view_.Columns().size() > 1 && line.IsHeading();
+  return view_.Columns().size() > 1 && line.is_heading;
 }
 
 // A text that runs over takes as many lines on each sheet as on this one.

@@ -85,7 +85,7 @@ std::string PrintSize(const ReportView& view) {
   for (std::size_t i = 0; i < view.Columns().size(); ++i) {
     std::size_t widest = 4;
     for (const ReportView::Line& line : view.Lines()) {
-      if (!line.IsHeading()) widest = std::max(widest, CountCharacters(line.cells[i]));
+      if (!line.is_heading) widest = std::max(widest, CountCharacters(line.cells[i]));
     }
     width += widest + 1;
   }
@@ -129,8 +129,8 @@ class Page {
     out_ << "<tr class=\"" << ClassOf(line.kind) << "\">";
     for (std::size_t i = 0; i < line.cells.size(); ++i) {
       out_ << "<td" << (view_.Columns()[i].numeric ? " class=\"n\"" : "");
-      if (i == 0 && line.level > 0) {
-        out_ << " style=\"padding-left:" << line.level + 1 << ".5em\"";
+      if (const int indent = view_.IndentOf(line, i); indent > 0) {
+        out_ << " style=\"padding-left:" << indent + 1 << ".5em\"";
       }
       out_ << '>' << Escaped(line.cells[i]) << "</td>";
     }

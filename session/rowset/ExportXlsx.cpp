@@ -173,7 +173,7 @@ class Sheet {
 
   void WriteCell(const SheetCell& cell, std::size_t at, std::size_t column,
                  const ReportView::Line& line) {
-    const int indent = column == 0 ? std::min(line.level, kDeepest) : 0;
+    const int indent = std::min(view_.IndentOf(line, column), kDeepest);
     const bool drawn =
         line.kind == ReportView::LineKind::kRule || line.kind == ReportView::LineKind::kTotal;
     const auto row = static_cast<lxw_row_t>(at);
@@ -199,8 +199,8 @@ class Sheet {
       const ReportView::Line& line = view_.Lines()[at];
       const std::string& text = line.cells[column];
       WriteCell(CellOf(view_, line, column, rowset), top_ + 1 + at, column, line);
-      if (!line.IsHeading()) {
-        const std::size_t indent = column == 0 ? 2 * static_cast<std::size_t>(line.level) : 0;
+      if (!line.is_heading) {
+        const auto indent = 2 * static_cast<std::size_t>(view_.IndentOf(line, column));
         width = std::max(width, CountCharacters(text) + indent + 1);
       }
     }

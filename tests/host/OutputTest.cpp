@@ -54,6 +54,27 @@ TEST_F(Output, WhatCannotBeWrittenIsToldInOneSentence) {
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{"link", "report", "second"}));
 }
 
+TEST_F(Output, ColumnsAreChosenInTheFormsForPeople) {
+  const auto written = [](const std::string& format, const std::string& columns) {
+    return Stolvane(Sales({"--format", format, "--columns", columns}));
+  };
+  EXPECT_TRUE(written("sheet", "amount,party").out.starts_with("Amount,Party\r\n"));
+  EXPECT_TRUE(written("sheet", "all").out.starts_with("Party,Amount\r\n"));
+  EXPECT_TRUE(
+      written("records", "amount").out.starts_with(R"({"kind":"line","level":0,"Amount":)"));
+  const std::string page = written("html", "amount").out;
+  EXPECT_NE(page.find(">Amount</th>"), std::string::npos);
+  EXPECT_EQ(page.find(">Party</th>"), std::string::npos);
+  for (const std::string format : {"csv", "json"}) {
+    const Finished finished = written(format, "amount");
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_EQ(finished.out, "");
+    EXPECT_EQ(finished.err,
+              "stolvane: error 3001: csv and json hold every column; --columns chooses those of "
+              "the other forms, such as sheet and records\n");
+  }
+}
+
 // As a user's limit on the size of files has it; the program writes more than 2 MB.
 TEST_F(Output, AFileThatWouldBecomeTooLargeIsAnErrorInEveryFormat) {
   rlimit before{};

@@ -102,6 +102,15 @@ TEST_F(ShortCommands, WhatBelongsToALineIsMovedInBelowIt) {
   EXPECT_NE(items.find("\n  Main Store"), std::string::npos) << items;
   const std::string groups = shown({"item category", "--by", "group"});
   EXPECT_NE(groups.find("\nSpare Parts\n  Body Parts\n    "), std::string::npos) << groups;
+  const std::string sold =
+      Stolvane({"sales", Books(), "2004-05", "--by", "group", "--columns", "group"}).out;
+  EXPECT_NE(sold.find("\nSpare Parts\n  Body Parts\n    "), std::string::npos) << sold;
+  EXPECT_NE(sold.find("\nTotal"), std::string::npos) << sold;
+}
+
+TEST_F(ShortCommands, TheFirstLineOfTheDaysHasAName) {
+  const std::string days = Stolvane({"days", Books(), "2004-05", "--only", "3"}).out;
+  EXPECT_NE(days.find("─\nOpening and days "), std::string::npos) << days;
 }
 
 TEST_F(ShortCommands, WhatCannotBeIsToldWithWhatCould) {

@@ -1,6 +1,8 @@
 // A report as text.
 #include <gtest/gtest.h>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "host/TextTable.h"
 #include "session/data/Error.h"
@@ -52,7 +54,7 @@ TEST(TextTable, ShowsColumnsWithContentNumbersToTheRightAndRulesDrawn) {
 }
 
 // Item 4 wide, then with the gap 2 before each: QtyOp 7, UomOp 7, Balance 9, Uom 5, Value 7.
-std::string Statement(std::size_t room, const std::string& columns = {}) {
+std::string Statement(std::size_t room, const std::vector<std::string>& columns = {}) {
   const RecordsetPtr rowset = Recordset::New();
   for (const char* const name : {"Item", "QtyOp", "UomOp", "Balance", "Uom", "Value"}) {
     rowset->Fields().Append(name, adBSTR);
@@ -64,15 +66,18 @@ std::string Statement(std::size_t room, const std::string& columns = {}) {
     rowset->Collect(rowset->Columns()[static_cast<std::size_t>(i)].name, Variant(cells[i]));
   rowset->Update();
   std::ostringstream out;
-  const ReportLook look{"", {}, [](std::string_view column) {
+  const ReportLook look{"",
+                        {},
+                        [](std::string_view column) {
                           ColumnLook its;
                           if (column == "Uom") its.unit_of = "Balance";
                           if (column == "UomOp") its.unit_of = "QtyOp";
                           if (column == "Balance") its.telling = 1;
                           if (column == "Value") its.telling = 2;
                           return its;
-                        }};
-  WriteTable(ReportView(*rowset, Locale::Get("en_IN"), look), false, out, room, columns);
+                        },
+                        columns};
+  WriteTable(ReportView(*rowset, Locale::Get("en_IN"), look), false, out, room);
   return out.str();
 }
 
@@ -96,12 +101,11 @@ TEST(TextTable, TheMostTellingColumnsStandWhereThereIsNoRoomForAll) {
 }
 
 TEST(TextTable, ColumnsAreChosenByName) {
-  EXPECT_EQ(Statement(10, "value,ITEM"),
+  EXPECT_EQ(Statement(0, {"value", "ITEM"}),
             "Value  Item\n"
             "───────────\n"
             "₹9.00  Bolt\n");
-  EXPECT_EQ(Statement(10, "all"), Statement(0));
-  EXPECT_THROW((void)Statement(0, "Price"), Error);
+  EXPECT_THROW((void)Statement(0, {"Price"}), Error);
 }
 
 // Titles above; heads in as many lines as they need; deeper lines moved in.

@@ -1,6 +1,7 @@
 // What of a rowset a person is shown.
 #include <gtest/gtest.h>
 
+#include "session/data/Error.h"
 #include "session/rowset/ReportRowset.h"
 #include "session/rowset/ReportView.h"
 
@@ -179,8 +180,18 @@ TEST(ReportViewLook, PutsColumnsTogetherAndTellsGroupsFromTotals) {
                                       Kind::kRule, Kind::kTotal}));
   EXPECT_EQ(levels, (std::vector<int>{0, 0, 1, 0, 0, 0}));
   EXPECT_EQ(view.Lines().at(2).cells, (Names{"Bolt", "₹9.00"}));
-  EXPECT_TRUE(view.Lines().at(0).IsHeading());
-  EXPECT_FALSE(view.Lines().at(1).IsHeading());
+  EXPECT_TRUE(view.Lines().at(0).is_heading);
+  EXPECT_FALSE(view.Lines().at(1).is_heading);
+}
+
+using Lines = std::vector<std::pair<int, std::string>>;
+
+Lines LevelsOf(const ReportView& view) {
+  Lines lines;
+  for (const ReportView::Line& line : view.Lines()) {
+    lines.emplace_back(line.level, line.cells.front());
+  }
+  return lines;
 }
 
 // 2 stands below 1, with its item; 3 and the group in a circle outermost; the total stays last.
@@ -210,19 +221,100 @@ TEST(ReportViewLook, PutsGroupsBelowTheOnesThatTheyBelongTo) {
   look.group_key = "Group_Id";
   look.group_above = [](std::int64_t key) { return key == 2 ? 1 : key == 4 ? 4 : 0; };
   const ReportView view(*report, Locale::Get("en_IN"), look);
-  std::vector<std::pair<int, std::string>> lines;
-  for (const ReportView::Line& line : view.Lines()) {
-    lines.emplace_back(line.level, line.cells.front());
-  }
-  EXPECT_EQ(lines, (std::vector<std::pair<int, std::string>>{{0, "Circle"},
-                                                             {0, "Parts"},
-                                                             {1, "Bolts"},
-                                                             {2, "M8"},
-                                                             {0, "Vehicles"},
-                                                             {0, ""},
-                                                             {0, "Total"}}));
+  EXPECT_EQ(LevelsOf(view), (Lines{{0, "Circle"},
+                                   {0, "Parts"},
+                                   {1, "Bolts"},
+                                   {2, "M8"},
+                                   {0, "Vehicles"},
+                                   {0, ""},
+                                   {0, "Total"}}));
   EXPECT_EQ(view.Lines().at(1).kind, Kind::kGroup);
   EXPECT_EQ(view.Lines().at(4).kind, Kind::kLine);
+}
+
+// A mark for each level, of which a name has at most one more than the name above it.
+TEST(ReportViewLook, TakesTheMarksOfDepthFromNames) {
+  constexpr ReportColumn kColumns[] = {Display("Group"), Display("Item"), NumberTwin("DummySort")};
+  const RecordsetPtr report = NewReportRowset(kColumns);
+  const auto add = [&](const char* column, const char* text) {
+    report->AddNew();
+    report->Collect(column, Variant(text));
+    report->Update();
+  };
+  add("Group", "-Odd");
+  add("Group", "Parts");
+  add("Item", "  Bolt");
+  add("Group", "-Body");
+  add("Item", "   Door");
+  add("Group", "--Hinges");
+  add("Group", "-Brakes");
+  const ReportView view(*report, Locale::Get("en_IN"), {"Sales", {}, [](std::string_view column) {
+                                                          ColumnLook its;
+                                                          if (column == "Group") {
+                                                            its.leads = true;
+                                                            its.depth_mark = '-';
+                                                          } else {
+                                                            its.stands_in = "Group";
+                                                            its.level = 1;
+                                                          }
+                                                          return its;
+                                                        }});
+  EXPECT_EQ(LevelsOf(view), (Lines{{0, "-Odd"},
+                                   {0, "Parts"},
+                                   {1, "Bolt"},
+                                   {1, "Body"},
+                                   {2, "Door"},
+                                   {2, "Hinges"},
+                                   {1, "Brakes"}}));
+}
+
+TEST(ReportViewLook, NamesACellWithAnEmptyTextAndNoneThatIsNull) {
+  constexpr ReportColumn kColumns[] = {Display("Head"), Display("Day"), NumberTwin("DummySort")};
+  const RecordsetPtr report = NewReportRowset(kColumns);
+  report->AddNew();
+  report->Collect("Head", Variant(""));
+  report->Update();
+  report->AddNew();
+  report->Collect("Day", Variant("Monday"));
+  report->Update();
+  const ReportView view(*report, Locale::Get("en_IN"), {"Days", {}, [](std::string_view column) {
+                                                          ColumnLook its;
+                                                          if (column == "Head") {
+                                                            its.nameless = "All days";
+                                                          }
+                                                          return its;
+                                                        }});
+  EXPECT_EQ(view.Lines().at(0).cells, (Names{"All days", ""}));
+  EXPECT_EQ(view.Lines().at(1).cells, (Names{"", "Monday"}));
+}
+
+TEST_F(ReportViewTest, ColumnsAreThoseThatTheLookNames) {
+  Add("Wheels", "", "");
+  Add("Bolt", "₹5.00", "3.00 Nos");
+  const auto view = [&](const Names& columns) {
+    ReportLook look;
+    look.columns = columns;
+    return ReportView(*report_, Locale::Get("en_IN"), look);
+  };
+  const ReportView turned = view({"QTY", "ledger"});
+  EXPECT_EQ(turned.Columns().at(0).name, "Qty");
+  EXPECT_EQ(turned.Lines().at(0).cells, (Names{"", "Wheels"}));
+  EXPECT_FALSE(turned.Lines().at(0).is_heading);
+  EXPECT_EQ(turned.Lines().at(1).cells, (Names{"3.00 Nos", "Bolt"}));
+  ReportView::Line deep = turned.Lines().at(1);
+  deep.level = 2;
+  EXPECT_EQ(turned.IndentOf(deep, 0), 0);
+  EXPECT_EQ(turned.IndentOf(deep, 1), 2);
+  EXPECT_TRUE(view({"Ledger", "Qty"}).Lines().at(0).is_heading);
+  EXPECT_EQ(view({"Amount"}).Lines().size(), 1U) << "a line without any of them is left out";
+  try {
+    (void)view({"Amount", "Price"});
+    FAIL() << "no error";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::kArgumentOutOfRange);
+    EXPECT_EQ(error.Description(),
+              "the report shows no column \"Price\"; it shows Ledger, Amount, Qty");
+  }
 }
 
 TEST_F(ReportViewTest, LinesAreToldApart) {
