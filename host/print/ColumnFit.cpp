@@ -54,12 +54,20 @@ std::optional<Widths> BrokenInto(const std::vector<ColumnNeed>& needs, double ro
                 Border(0, room, [&](double cap) { return Sum(Capped(needs, cap)) <= room; }));
 }
 
+// Of a column and those that stand with it.
+double WidthTogether(const std::vector<ColumnNeed>& needs, const Widths& widths, std::size_t i) {
+  double width = widths[i];
+  while (++i < widths.size() && needs[i].with_last) width += kGap + widths[i];
+  return width;
+}
+
 // As many columns on each sheet as it holds, behind the first one.
-Sheets Dealt(const Widths& widths, double room) {
+Sheets Dealt(const std::vector<ColumnNeed>& needs, const Widths& widths, double room) {
   Sheets sheets = {{0}};
   double used = widths.front();
   for (std::size_t i = 1; i < widths.size(); ++i) {
-    if (used + kGap + widths[i] > room && sheets.back().size() > 1) {
+    const bool fits = used + kGap + WidthTogether(needs, widths, i) <= room;
+    if (!fits && !needs[i].with_last && sheets.back().size() > 1) {
       sheets.push_back({0});
       used = widths.front();
     }
@@ -70,12 +78,12 @@ Sheets Dealt(const Widths& widths, double room) {
 }
 
 // No sheet is much fuller than another.
-Sheets DealtEvenly(const Widths& widths, double room) {
-  const std::size_t sheets = Dealt(widths, room).size();
+Sheets DealtEvenly(const std::vector<ColumnNeed>& needs, const Widths& widths, double room) {
+  const std::size_t sheets = Dealt(needs, widths, room).size();
   // A room that is smaller than the sheet holds more sheets; search the smallest that does not.
-  const double narrower =
-      Border(0, room, [&](double less) { return Dealt(widths, room - less).size() == sheets; });
-  return Dealt(widths, room - narrower);
+  const double narrower = Border(
+      0, room, [&](double less) { return Dealt(needs, widths, room - less).size() == sheets; });
+  return Dealt(needs, widths, room - narrower);
 }
 
 class Fitting {
@@ -119,13 +127,13 @@ class Fitting {
 
   // The fewest sheets, and the largest letters that need no more.
   [[nodiscard]] ColumnFit OnSheetsSideBySide() const {
-    const std::size_t fewest = Dealt(WidthsBeside(kSmallest), across_ / kSmallest).size();
+    const std::size_t fewest = Dealt(needs_, WidthsBeside(kSmallest), across_ / kSmallest).size();
     double size = kGood;
-    while (size > kSmallest && Dealt(WidthsBeside(size), across_ / size).size() > fewest) {
+    while (size > kSmallest && Dealt(needs_, WidthsBeside(size), across_ / size).size() > fewest) {
       size -= kStep;
     }
     const Widths widths = WidthsBeside(size);
-    return Placed(true, size, widths, DealtEvenly(widths, across_ / size));
+    return Placed(true, size, widths, DealtEvenly(needs_, widths, across_ / size));
   }
 
   const std::vector<ColumnNeed>& needs_;

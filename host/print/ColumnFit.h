@@ -11,8 +11,9 @@ namespace pstolvane1::print {
 
 // Of letters of one point. Figures are never broken: there both are the same.
 struct ColumnNeed {
-  double whole;   // that no text in it is broken
-  double broken;  // that it can do with
+  double whole;            // that no text in it is broken
+  double broken;           // that it can do with
+  bool with_last = false;  // stands on the sheet of the column before
 };
 
 struct ColumnFit {

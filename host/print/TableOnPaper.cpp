@@ -54,8 +54,8 @@ TableOnPaper::TableOnPaper(const ReportView& view, const Paper& paper, Pen& pen)
 ColumnNeed TableOnPaper::NeedOf(std::size_t column) {
   const WorkInHand in_hand;
   const ReportView::Column& its = view_.Columns()[column];
-  ColumnNeed need{WidestWord(pen_, its.label, true), 0};
-  need.broken = need.whole;
+  const double head = WidestWord(pen_, its.label, true);
+  ColumnNeed need{head, head, !its.unit_of.empty()};
   for (const Line& line : view_.Lines()) {
     in_hand.Check();
     const std::string& text = line.cells[column];

@@ -69,6 +69,17 @@ TEST(ColumnFit, WideStatementsGoOnSheetsSideBySideWithTheFirstColumnOnEach) {
   EXPECT_EQ(behind_the_first, all);
 }
 
+TEST(ColumnFit, AUnitStandsOnTheSheetOfItsQuantity) {
+  std::vector<ColumnNeed> needs = Figures(21, 10);
+  for (std::size_t i = 2; i < needs.size(); i += 2) needs[i].with_last = true;
+  const ColumnFit fit = Fitted(needs);
+  ASSERT_EQ(fit.sheets.size(), 3U);
+  for (const auto& sheet : fit.sheets) {
+    EXPECT_EQ(sheet.size() % 2, 1U);
+    EXPECT_LE(fit.WidthOf(sheet), 800);
+  }
+}
+
 TEST(ColumnFit, AColumnThatIsWiderThanTheSheetStillHasOne) {
   const ColumnFit fit = Fitted(Figures(3, 150));
   EXPECT_EQ(fit.sheets, (std::vector<std::vector<std::size_t>>{{0, 1}, {0, 2}}));
