@@ -13,16 +13,9 @@
 #include "session/data/Error.h"
 
 namespace pstolvane1::print {
-namespace {
 
-// The first that the machine has: narrow letters hold more figures. Other scripts follow by
-// themselves from the fonts that have them.
-constexpr const char* kFamilies = "Noto Sans,DejaVu Sans Condensed,DejaVu Sans,sans";
-constexpr double kLineHeight = 1.4, kAscent = 1.05;  // of the letters' size
-constexpr double kMeasured = 64;                     // points in which texts are measured
-constexpr double kTolerance = 0.3;  // what is measured larger and drawn smaller may differ by
-constexpr std::size_t kMostRemembered = 100'000;
-
+// What the drawing library hands out, let go by the function that belongs to it. Not in the unnamed
+// namespace, because Pen::Sheet has members of it.
 template <auto release>
 struct Release {
   template <typename T>
@@ -33,6 +26,16 @@ struct Release {
 template <typename T, auto release>
 using Owned = std::unique_ptr<T, Release<release>>;
 using Layout = Owned<PangoLayout, g_object_unref>;
+
+namespace {
+
+// The first that the machine has: narrow letters hold more figures. Other scripts follow by
+// themselves from the fonts that have them.
+constexpr const char* kFamilies = "Noto Sans,DejaVu Sans Condensed,DejaVu Sans,sans";
+constexpr double kLineHeight = 1.4, kAscent = 1.05;  // of the letters' size
+constexpr double kMeasured = 64;                     // points in which texts are measured
+constexpr double kTolerance = 0.3;  // what is measured larger and drawn smaller may differ by
+constexpr std::size_t kMostRemembered = 100'000;
 
 cairo_status_t WriteBytes(void* closure, const unsigned char* bytes, unsigned int size) noexcept {
   auto& out = *static_cast<std::ostream*>(closure);
