@@ -55,14 +55,15 @@ TEST_P(InBothJournalModes, WhatIsReadAtTheSameTimeIsOfOneStateWhileAThreadWrites
   std::atomic<bool> stop{false};
   std::thread writer([&] {
     Writer other(books.Path());
+    other.Run("PRAGMA synchronous = OFF");
     while (!stop) {
       other.Run(kStep);
-      std::this_thread::yield();
+      std::this_thread::sleep_for(milliseconds(2));
     }
   });
   int changes = 0;
   std::string last;
-  for (int round = 0; round < 400; ++round) {
+  for (int round = 0; round < 60 || changes < 100; ++round) {
     const auto snapshot = provider->TakeSnapshot(milliseconds(60000));
     const auto of_a = snapshot->Run(kReadA, kNoLimit);
     const auto of_b = snapshot->Run(kReadB, kNoLimit);
@@ -77,7 +78,6 @@ TEST_P(InBothJournalModes, WhatIsReadAtTheSameTimeIsOfOneStateWhileAThreadWrites
   }
   stop = true;
   writer.join();
-  EXPECT_GT(changes, 5);
 }
 
 // Two connections to the same books.
