@@ -1,6 +1,6 @@
 # What is installed: one shared library from all folders with its public headers, a CMake package and
-# a pkg-config file, the program, its manual page, the documents and the examples. It may be moved
-# to another folder as a whole.
+# a pkg-config file, the program, its manual page and completion, the documents and the examples. It
+# may be moved to another folder as a whole.
 include(CMakePackageConfigHelpers)
 
 get_property(pst_libraries GLOBAL PROPERTY PST_LIBRARIES)

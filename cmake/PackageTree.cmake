@@ -1,0 +1,15 @@
+# Brings what was installed into the form that Debian has: documents under the package's name, the
+# manual page compressed, no debug data.
+file(GLOB_RECURSE manuals ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share/man/*.1)
+foreach(manual IN LISTS manuals)
+  execute_process(COMMAND gzip -9nf ${manual} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+file(GLOB_RECURSE debug_data ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*.debug)
+foreach(file IN LISTS debug_data)
+  file(REMOVE ${file})
+endforeach()
+file(GLOB documents LIST_DIRECTORIES true ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share/doc/pStolvane1)
+foreach(folder IN LISTS documents)
+  get_filename_component(above ${folder} DIRECTORY)
+  file(RENAME ${folder} ${above}/${CPACK_PACKAGE_NAME})
+endforeach()
