@@ -36,7 +36,19 @@ constexpr Argument kLedgers[] = {
 
 constexpr Argument kAnalysisType =
     OneOf("reptype", kReportType, "By party, item, group, category, class or area.").ByReference();
-constexpr Argument kOneOrAll = Int32("lngId", "The one group to show, in detail; -1 is all.");
+constexpr NamesWhen kGroupedBy[] = {
+    {"reptype", "rtMovement_LedgerAnalysis", &kParties},
+    {"reptype", "rtMovement_ItemAnalysis", &kItems},
+    {"reptype", "rtMovement_GroupAnalysis", &kPartyGroups},
+    {"reptype", "rtMovement_CategoryAnalysis", &kCategories},
+    {"reptype", "rtMovement_ClassAnalysis", &kClasses},
+    {"reptype", "rtMovement_AreaLedgerAnalysis", &kParties},
+    {"reptype", "rtMovement_SalesReturns_ItemRelationAnalysis", &kParties},
+};
+constexpr Argument kOneOrAll = Int32("lngId", "The one group to show, in detail; -1 is all.")
+                                   .PickedFrom(kGroupedBy)
+                                   .OrAll("-1")
+                                   .OneInDetail();
 
 constexpr std::array<Argument, 10> Analysis(const Argument& to) {
   return {kAnalysisType,
@@ -58,11 +70,23 @@ constexpr auto kSales =
             .Optional());
 constexpr auto kPurchases = Analysis(kToAsVariant);
 
+constexpr NamesWhen kDaysOf[] = {
+    {"reptype", "rtMovement_LedgerDailyAnalysis", &kParties},
+    {"reptype", "rtMovement_ItemDailyAnalysis", &kItems},
+    {"reptype", "rtMovement_GroupDailyAnalysis", &kPartyGroups},
+};
+constexpr NamesWhen kDaysWith[] = {
+    {"reptype", "rtMovement_LedgerDailyAnalysis", &kItems},
+    {"reptype", "rtMovement_ItemDailyAnalysis", &kParties},
+    {"reptype", "rtMovement_GroupDailyAnalysis", &kItems},
+};
 constexpr Argument kDaily[] = {
     OneOf("reptype", kReportType, "The days of one party, one item or one group.").ByReference(),
     kYearNotUsed,
-    Int32("lngId", "The party, item or group."),
-    Int32("lngId2", "A second restriction, to an item or a party; 0 is none."),
+    Int32("lngId", "The party, item or group.").PickedFrom(kDaysOf),
+    Int32("lngId2", "A second restriction, to an item or a party; 0 is none.")
+        .PickedFrom(kDaysWith)
+        .OrAll("0"),
     kFrom,
     kTo,
     kReportOrNot,
@@ -74,13 +98,21 @@ constexpr Argument kDaily[] = {
     kStates.Optional(),
 };
 
+constexpr NamesWhen kCommissionOf[] = {
+    {"reptype", "rtCommission_Initial_Employeewise", &kEmployees},
+    {"reptype", "rtCommission_Initial_Itemwise", &kItems},
+};
 constexpr Argument kCommission[] = {
     OneOf("reptype", kReportType, "By employee or by item.").ByReference(),
     kYearNotUsed,
     kFrom,
     kTo,
     Flag("blnDetailed", "A line for each item as well."),
-    Int32("lngId1", "The one employee or item to show, in detail; -1 is all.").Optional("-1"),
+    Int32("lngId1", "The one employee or item to show, in detail; -1 is all.")
+        .PickedFrom(kCommissionOf)
+        .OrAll("-1")
+        .OneInDetail()
+        .Optional("-1"),
     kReportOrNot,
     kScaleOrOne,
     HostRowset("recitem", "Items with itemnew_id and itemname.").Optional(),
@@ -98,12 +130,13 @@ constexpr Argument kCommissionDaily[] = {
     Text("sRefSep", "Stands between the parts of a document number.").Optional("/"),
 };
 
-constexpr Argument kColor = Text("lngColor_Id", "The colour's key.");
+constexpr NamesWhen kFromColours[] = {{{}, {}, &kColours}};
+constexpr Argument kColor = Text("lngColor_Id", "The colour's key.").PickedFrom(kFromColours);
 constexpr Argument kColorwise[] = {
     kYear,
     kFrom,
     kTo,
-    Int32("lngItem_id", "The item; 0 is all.").Of(kItems).Optional(),
+    Int32("lngItem_id", "The item; 0 is all.").Of(kItems).OrAll("0").Optional(),
     kReportOrNot,
     Flag("blnDetailed", kNotUsed).Optional(),
     kStates.Optional(),
@@ -124,12 +157,18 @@ constexpr Argument kColorDays[] = {
     Flag("blnLongDate", "Show dates in full.").Optional(),
 };
 
+constexpr NamesWhen kFromTree[] = {
+    {"blnIsclass", "false", &kCategories},
+    {"blnIsclass", "true", &kClasses},
+};
 constexpr Argument kCategoryTree[] = {
     Flag("blnIsclass", "Item classes in place of categories."),
     kYearNotUsed,
     kFrom,
     kTo,
-    Int32("lngId", "The category or class to begin with; 0 is all."),
+    Int32("lngId", "The category or class to begin with; 0 is all.")
+        .PickedFrom(kFromTree)
+        .OrAll("0"),
     Int32("lngVouchertype_id", "10 for sales, 7 for purchases.").Of(kVouchertypes),
     kReportOrNot,
     Flag("blnDetailed", "A line for each item as well.").Optional(),
@@ -142,14 +181,16 @@ constexpr Argument kItemDays[] = {
     kYear,
     kFrom,
     kTo,
-    Int32("Item_id", "The item; -1 is all.").Of(kItems),
-    Int32("Ledger_id", "The party; 0 is all.").Of(kParties),
+    Int32("Item_id", "The item; -1 is all.").Of(kItems).OrAll("-1"),
+    Int32("Ledger_id", "The party; 0 is all.").Of(kParties).OrAll("0"),
     Text("strVouchertype", "A condition on the voucher type, or nothing."),
     kReportOrNot,
     kScale.Optional(),
     kConsider.Optional(),
     kStates.Optional(),
     Int32("Cat_id", "The category or class, when all items are asked for; -1 is all.")
+        .PickedFrom(kFromTree)
+        .OrAll("-1")
         .Optional("-1"),
     Flag("blnIsclass", "Cat_id is a class.").Optional(),
 };

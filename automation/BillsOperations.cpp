@@ -30,8 +30,9 @@ constexpr Argument kPriceList[] = {
     Int32("lngPriceList_Id", kNotUsed),
     Int32("lngCategory_Id", "The item category; -1 leaves it out of the query.")
         .Of(kCategories)
+        .OrAll("-1")
         .Optional("-1"),
-    Int32("lngClass_Id", "The item class; -1 is all.").Of(kClasses).Optional("-1"),
+    Int32("lngClass_Id", "The item class; -1 is all.").Of(kClasses).OrAll("-1").Optional("-1"),
     kReport.Optional("true"),
     Text("itemstate", "One item state; nothing and 1,2 are any.").Optional(),
     Text("cosiderforsih", "A condition on the items; the query needs one.").Optional(),
@@ -66,7 +67,8 @@ constexpr Operation kBillsOperations[] = {
      {},
      kBillsType,
      kBillLinesSorting,
-     "Pending bills and receipts"},
+     "Pending bills and receipts",
+     true},
     {"MultiplePriceList",
      kCallOf<&clsStolvane1::MultiplePriceList>,
      "bills",

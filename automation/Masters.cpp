@@ -28,11 +28,15 @@ const Master kVouchertypes{"vouchertypes", "voucher type", "Vouchertype1",   "Su
                            "Vouchertype",  false,          "Vouchertype_id", kKindsWithoutType};
 const Master kMechanics{"mechanics", "mechanic", "MechanicName", "Mechanic_id", "MechanicName"};
 const Master kFinanciers{"financiers", "financier", "Hypo", "Hypo_id", "Name"};
+const Master kPartyGroups{"partygroups", "party group", "SubgroupName1", "Subgroup_id",
+                          "SubgroupName"};
+const Master kColours{"colours", "colour", "Color1", "Color_id", "Color"};
+const Master kBatches{"batches", "batch", "Batches1", "Batch_id", "BatchCode"};
 
 std::span<const Master* const> Masters() {
-  static constexpr const Master* kAll[] = {&kItems,        &kCategories, &kClasses,
-                                           &kGodowns,      &kParties,    &kEmployees,
-                                           &kVouchertypes, &kMechanics,  &kFinanciers};
+  static constexpr const Master* kAll[] = {&kItems,      &kCategories,  &kClasses,      &kGodowns,
+                                           &kParties,    &kEmployees,   &kVouchertypes, &kMechanics,
+                                           &kFinanciers, &kPartyGroups, &kColours,      &kBatches};
   return kAll;
 }
 

@@ -31,6 +31,9 @@ extern const Master kEmployees;
 extern const Master kVouchertypes;  // the kind of document, which is a type's SubRelatedTo
 extern const Master kMechanics;
 extern const Master kFinanciers;
+extern const Master kPartyGroups;
+extern const Master kColours;
+extern const Master kBatches;
 
 [[nodiscard]] std::span<const Master* const> Masters();
 // By its word in any case; nullptr for an unknown one.

@@ -35,9 +35,10 @@ constexpr Argument kTheItem = Int32("lngAny_Id1", "The item.").Of(kItems);
 constexpr Argument kNoSecond = Int32("lngAny_Id2", kNotUsed);
 
 constexpr auto kItem = Arguments(kTheItem, kNoSecond, kNotUsed);
-constexpr auto kGodownItem =
-    And(Arguments(kTheItem, Int32("lngAny_Id2", "The godown.").Of(kGodowns), kNotUsed),
-        Int32("lngBatch_id", "The batch; 0 is all.").Optional());
+constexpr NamesWhen kFromBatches[] = {{{}, {}, &kBatches}};
+constexpr auto kGodownItem = And(
+    Arguments(kTheItem, Int32("lngAny_Id2", "The godown.").Of(kGodowns), kNotUsed),
+    Int32("lngBatch_id", "The batch; 0 is all.").PickedFrom(kFromBatches).OrAll("0").Optional());
 constexpr auto Group(std::string_view help, const Master& groups) {
   return Arguments(Int32("lngAny_Id1", help).Of(groups), kNoSecond, kOnlyItems);
 }

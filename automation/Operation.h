@@ -38,6 +38,14 @@ struct Enumeration {
 // What the key in an argument leads to; see Masters.h.
 struct Master;
 
+// The list that a key is from where another argument has this value, as its text; with no argument
+// it always is.
+struct NamesWhen {
+  std::string_view argument;
+  std::string_view value;
+  const Master* names;
+};
+
 // The help of an argument that an operation takes and never looks at.
 inline constexpr std::string_view kNotUsed = "Accepted and not used.";
 
@@ -51,13 +59,34 @@ struct Argument {
   // What an optional argument is when it is left out, as a text; "" is the type's empty value: 0,
   // False, "", no rowset, day 0.
   std::string_view preset = {};
-  bool by_reference = false;       // the operation may change the caller's variable
-  const Master* master = nullptr;  // whose key it is; none for what is no key
+  bool by_reference = false;                   // the operation may change the caller's variable
+  const Master* master = nullptr;              // whose key it is; none for what is no key
+  std::span<const NamesWhen> names_when = {};  // for people who pick a key that has no one master
+  std::string_view all = {};                   // the value that stands for all of them; "" is none
+  bool one_in_detail = false;                  // a key in it asks for that one with its details
 
   [[nodiscard]] constexpr bool IsRead() const { return help != kNotUsed; }
   [[nodiscard]] constexpr Argument Of(const Master& names) const {
     Argument changed = *this;
     changed.master = &names;
+    return changed;
+  }
+
+  [[nodiscard]] constexpr Argument PickedFrom(std::span<const NamesWhen> lists) const {
+    Argument changed = *this;
+    changed.names_when = lists;
+    return changed;
+  }
+
+  [[nodiscard]] constexpr Argument OrAll(std::string_view value) const {
+    Argument changed = *this;
+    changed.all = value;
+    return changed;
+  }
+
+  [[nodiscard]] constexpr Argument OneInDetail() const {
+    Argument changed = *this;
+    changed.one_in_detail = true;
     return changed;
   }
 
@@ -124,6 +153,7 @@ struct Operation {
   std::span<const ReportTypeRule> report_types = {};
   std::span<const SortRule> sorting = {};  // of a report that a twin can put in order
   std::string_view title = {};             // of a report, as people read it above the lines
+  bool at_once_only = false;               // no report comes of it in the background
 
   [[nodiscard]] constexpr Operation Titled(std::string_view words) const {
     Operation changed = *this;

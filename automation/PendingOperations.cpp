@@ -6,8 +6,9 @@
 namespace pstolvane1::automation {
 namespace {
 
-constexpr Argument kItemOrAll = Int32("lngItem_id", "The item; 0 is all.").Of(kItems);
-constexpr Argument kLedgerOrAll = Int32("lngLedger_Id", "The party; 0 is all.").Of(kParties);
+constexpr Argument kItemOrAll = Int32("lngItem_id", "The item; 0 is all.").Of(kItems).OrAll("0");
+constexpr Argument kLedgerOrAll =
+    Int32("lngLedger_Id", "The party; 0 is all.").Of(kParties).OrAll("0");
 
 constexpr std::array<Argument, 12> FreeArguments(const Argument& first, const Argument& second) {
   return {
@@ -60,7 +61,8 @@ constexpr auto kByLedger =
 constexpr auto kByEmployee = PendingArguments(
     Int32("lngEmployee_Id", "The employee.").Of(kEmployees),
     Int32("lngVouchertype_id", "The kind of document whose chain is followed; 0 is all.")
-        .Of(kVouchertypes));
+        .Of(kVouchertypes)
+        .OrAll("0"));
 
 constexpr ReportTypeRule kItemType[] = {{0, rtFreeQuantity_Itemwise}};
 constexpr ReportTypeRule kPartyType[] = {{0, rtFreeQuantity_Partywise}};

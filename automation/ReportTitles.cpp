@@ -1,47 +1,23 @@
 #include "automation/ReportTitles.h"
 
 #include <algorithm>
+#include <charconv>
 #include <fmt/format.h>
 
+#include "automation/ArgumentWords.h"
+#include "automation/CallTexts.h"
 #include "automation/ColumnLooks.h"
 #include "automation/Masters.h"
-#include "session/enmValuationMethod.h"
 
 namespace pstolvane1::automation {
 namespace {
 
-struct Valuation {
-  enmValuationMethod method;
-  std::string_view words;
-};
-constexpr Valuation kValuations[] = {
-    {FifoRate, "first in, first out"}, {LifoRate, "last in, first out"},
-    {AverageRate, "weighted average"}, {LastPurchaseRate, "last purchase rate"},
-    {LastSaleRate, "last sale rate"},  {CurrentRate, "current rate"},
-    {standardrate, "standard cost"},   {StandardPrice, "standard price"},
-    {SimpleAvg, "simple average"},
-};
-
-struct Scale {
-  double divisor;
-  std::string_view words;
-};
-constexpr Scale kScales[] = {{1e3, "money in thousands"},
-                             {1e5, "money in lakhs"},
-                             {1e6, "money in millions"},
-                             {1e7, "money in crores"}};
-
-std::string_view WordsOf(std::int32_t method) {
-  const auto* const found =
-      std::ranges::find_if(kValuations, [&](const Valuation& one) { return one.method == method; });
-  return found == std::end(kValuations) ? std::string_view() : found->words;
-}
-
 std::string WordsOfScale(double divisor) {
-  const auto* const found =
-      std::ranges::find_if(kScales, [&](const Scale& one) { return one.divisor == divisor; });
-  if (found != std::end(kScales)) return std::string(found->words);
-  return divisor == 1 || divisor == 0 ? std::string() : fmt::format("money divided by {}", divisor);
+  if (divisor == 1 || divisor == 0) return {};
+  const auto found =
+      std::ranges::find_if(Scales(), [&](const ScaleWords& one) { return one.divisor == divisor; });
+  return found == Scales().end() ? fmt::format("money divided by {}", divisor)
+                                 : fmt::format("money {}", found->words);
 }
 
 // The tree under which a stock statement lists its groups; nullptr for other reports, which say
@@ -54,6 +30,15 @@ const Master* TreeOf(const Operation& operation) {
   return nullptr;
 }
 
+// A key may be given as a text.
+bool IsWholeNumber(const Variant& value) {
+  const std::string text = value.ToText();
+  std::int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [read, failure] = std::from_chars(text.data(), end, number);
+  return failure == std::errc() && read == end;
+}
+
 // What was asked for, part by part.
 class Parts {
  public:
@@ -64,10 +49,12 @@ class Parts {
     if (!part.empty()) text_ += (text_.empty() ? "" : " · ") + part;
   }
   void AddKeys(const KeysOfBooks& books) {
+    const CallTexts texts = TextsOf(operation_, values_);
     ForEachRead([&](const Argument& argument, const Variant& value) {
-      if (argument.master == nullptr || value.ToInt32() <= 0) return;
-      const std::string name = books.name_of(*argument.master, value.ToInt32());
-      if (!name.empty()) Add(fmt::format("{}: {}", argument.master->one, name));
+      const Master* const list = ListOf(argument, texts);
+      if (list == nullptr || !IsWholeNumber(value) || value.ToInt32() <= 0) return;
+      const std::string name = books.name_of(*list, value.ToInt32());
+      if (!name.empty()) Add(fmt::format("{}: {}", list->one, name));
     });
   }
   void AddPeriod() {
@@ -81,7 +68,7 @@ class Parts {
   }
   void AddMethodAndScale() {
     ForEachRead([&](const Argument& argument, const Variant& value) {
-      if (argument.name == "ValuationMethod") Add(std::string(WordsOf(value.ToInt32())));
+      if (argument.name == "ValuationMethod") Add(std::string(MethodInWords(value.ToInt32())));
       if (argument.name == "sngScale" || argument.name == "gScale") {
         Add(WordsOfScale(value.ToDouble()));
       }

@@ -32,9 +32,10 @@ constexpr std::string_view kTree = "The group whose tree is listed, -1 for all."
 constexpr std::string_view kAlone = "The named group alone, not its tree.";
 
 constexpr auto kItem = Arguments(Int32("lngAny_Id1", kNotUsed), kNotUsed);
-constexpr auto kCategory = Arguments(Int32("lngAny_Id1", kTree).Of(kCategories), kAlone);
-constexpr auto kClass = Arguments(Int32("lngAny_Id1", kTree).Of(kClasses), kAlone);
-constexpr auto kGodown = Arguments(Int32("lngAny_Id1", kTree).Of(kGodowns), kAlone);
+constexpr auto kCategory =
+    Arguments(Int32("lngAny_Id1", kTree).Of(kCategories).OrAll("-1"), kAlone);
+constexpr auto kClass = Arguments(Int32("lngAny_Id1", kTree).Of(kClasses).OrAll("-1"), kAlone);
+constexpr auto kGodown = Arguments(Int32("lngAny_Id1", kTree).Of(kGodowns).OrAll("-1"), kAlone);
 
 template <StockTree tree>
 constexpr auto kStockTypes = TypesByMethod([](enmValuationMethod method) {
@@ -60,18 +61,19 @@ constexpr Operation kStockOperations[] = {
         .Titled("Stock by item")
         .Sorted(kItemSorting),
     Statement<&clsStolvane1::StockDetails_Categorywise>(
-        "StockDetails_Categorywise", "The same under the tree of item categories.", kCategory,
+        "StockDetails_Categorywise",
+        "Opening, inwards, outwards and closing stock by item category.", kCategory,
         kStockTypes<StockTree::kCategory>)
         .Titled("Stock by item category")
         .Sorted(kGroupSorting),
-    Statement<&clsStolvane1::StockDetails_Classwise>("StockDetails_Classwise",
-                                                     "The same under the tree of item classes.",
-                                                     kClass, kStockTypes<StockTree::kClass>)
+    Statement<&clsStolvane1::StockDetails_Classwise>(
+        "StockDetails_Classwise", "Opening, inwards, outwards and closing stock by item class.",
+        kClass, kStockTypes<StockTree::kClass>)
         .Titled("Stock by item class")
         .Sorted(kGroupSorting),
-    Statement<&clsStolvane1::StockDetails_Godownwise>("StockDetails_Godownwise",
-                                                      "The same under the tree of godowns.",
-                                                      kGodown, kStockTypes<StockTree::kGodown>)
+    Statement<&clsStolvane1::StockDetails_Godownwise>(
+        "StockDetails_Godownwise", "Opening, inwards, outwards and closing stock by godown.",
+        kGodown, kStockTypes<StockTree::kGodown>)
         .Titled("Stock by godown")
         .Sorted(kGroupSorting),
 };

@@ -14,9 +14,14 @@ constexpr Argument kFilterNotUsed = Text("strVouchertypeFilter", kNotUsed);
 constexpr Argument kByModelOrItem =
     Byte("btTypeOfReport", "1 by vehicle model, anything else by labour item.");
 constexpr Argument kByPin = Byte("btTypeOfReport", "1 groups the financiers by pin code.");
-constexpr Argument kMechanic =
-    Int32("Mechanic_id", "The mechanic, in detail; 0 is all.").Of(kMechanics);
-constexpr Argument kHypo = Int32("Hypo_id", "The financier, in detail; 0 is all.").Of(kFinanciers);
+constexpr Argument kMechanic = Int32("Mechanic_id", "The mechanic, in detail; 0 is all.")
+                                   .Of(kMechanics)
+                                   .OrAll("0")
+                                   .OneInDetail();
+constexpr Argument kHypo = Int32("Hypo_id", "The financier, in detail; 0 is all.")
+                               .Of(kFinanciers)
+                               .OrAll("0")
+                               .OneInDetail();
 
 constexpr Argument kHistory[] = {
     kYear,
@@ -38,7 +43,10 @@ constexpr Argument kFreeService[] = {
     kScale,
     Text("strItemstate", kNotUsed),
     Text("strConsiderForSih", kNotUsed),
-    Int32("Cat_id", "The vehicle category, in detail; 0 and -1 are all.").Of(kCategories),
+    Int32("Cat_id", "The vehicle category, in detail; 0 and -1 are all.")
+        .Of(kCategories)
+        .OrAll("0")
+        .OneInDetail(),
 };
 constexpr Argument kFreeServiceDaily[] = {
     kAnyType,
@@ -74,8 +82,11 @@ constexpr Argument kLabourDaily[] = {
     kReport,
     Flag("blnDetailed", "Add the lines of each bill."),
     kScale,
-    Int32("Mechanic_id", "The mechanic; 0 is all.").Of(kMechanics),
-    Int32("Item_id", "The vehicle model or labour item; 0 is all.").Of(kItems).ByReference(),
+    Int32("Mechanic_id", "The mechanic; 0 is all.").Of(kMechanics).OrAll("0"),
+    Int32("Item_id", "The vehicle model or labour item; 0 is all.")
+        .Of(kItems)
+        .OrAll("0")
+        .ByReference(),
     Byte("OptNo", kNotUsed),
     HostRowset("rsItm", "Items with ItemNew_id and itemname.").ByReference(),
     kByModelOrItem,
@@ -102,8 +113,8 @@ constexpr Argument kHypothecationDaily[] = {
     kReport,
     Flag("blnDetailed", kNotUsed),
     kScale,
-    Int32("Hypo_id", "The financier; 0 is all.").Of(kFinanciers),
-    Int32("Item_id", "The vehicle model; 0 is all.").Of(kItems).ByReference(),
+    Int32("Hypo_id", "The financier; 0 is all.").Of(kFinanciers).OrAll("0"),
+    Int32("Item_id", "The vehicle model; 0 is all.").Of(kItems).OrAll("0").ByReference(),
     Byte("OptNo", kNotUsed),
     HostRowset("rsItm", kNotUsed).ByReference(),
     kByPin,

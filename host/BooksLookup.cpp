@@ -114,12 +114,7 @@ std::string BooksLookup::NameOf(const Master& names, std::int32_t key) {
   return automation::NameOfKey(Reader(), names, key);
 }
 
-std::int64_t BooksLookup::Above(const Master& groups, std::int64_t key) {
-  const auto [tree, is_new] = above_.try_emplace(groups.table);
-  if (is_new) tree->second = automation::GroupsAbove(Reader(), groups);
-  const auto found = tree->second.find(key);
-  return found == tree->second.end() ? 0 : found->second;
-}
+automation::KeysOfBooks BooksLookup::Keys() { return automation::KeysReadBy(Reader()); }
 
 bool BooksLookup::HasKey(const Master& names, std::int32_t key) {
   if (std::ranges::find(names.without_row, key) != names.without_row.end()) return true;

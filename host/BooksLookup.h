@@ -2,11 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "automation/BooksKeys.h"
@@ -33,8 +31,9 @@ class BooksLookup {
   [[nodiscard]] std::int32_t KeyOf(const automation::Master& names, const std::string& name);
   // "" for a key that the books lack; several names where a key has several, with commas between.
   [[nodiscard]] std::string NameOf(const automation::Master& names, std::int32_t key);
-  // The key of the group above; 0 for one at the top, and for a key that the books lack.
-  [[nodiscard]] std::int64_t Above(const automation::Master& groups, std::int64_t key);
+  // Names and groups above for the look of a report, nothing where books made elsewhere lack them.
+  // Good as long as the lookup.
+  [[nodiscard]] automation::KeysOfBooks Keys();
   [[nodiscard]] bool HasKey(const automation::Master& names, std::int32_t key);
   // Key and name by name, those that hold the text in any case; "" is all. Deleted ones are left
   // out.
@@ -53,7 +52,6 @@ class BooksLookup {
   std::string connection_;
   std::shared_ptr<Connection> books_;
   std::optional<std::vector<AccountingYear>> years_;
-  std::map<std::string_view, std::map<std::int64_t, std::int64_t>> above_;  // by table
 };
 
 }  // namespace pstolvane1::host

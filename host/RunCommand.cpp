@@ -112,22 +112,7 @@ class Session {
  private:
   [[nodiscard]] pstolvane1::ReportLook LookAt(const CallInWords& call, BooksLookup& books) const {
     if (!ShowsALook(options_.output.format)) return {};
-    // Books made elsewhere may lack a list of names or a tree.
-    const auto or_none = [](const auto& ask) -> decltype(ask()) {
-      try {
-        return ask();
-      } catch (const Error&) {
-        return {};
-      }
-    };
-    using automation::Master;
-    const automation::KeysOfBooks keys{[&books, or_none](const Master& names, std::int32_t key) {
-                                         return or_none([&] { return books.NameOf(names, key); });
-                                       },
-                                       [&books, or_none](const Master& groups, std::int64_t key) {
-                                         return or_none([&] { return books.Above(groups, key); });
-                                       }};
-    return automation::LookOf(call, CompanyOf(options_.output), keys,
+    return automation::LookOf(call, CompanyOf(options_.output), books.Keys(),
                               *Locale::Get(options_.output.locale), Today());
   }
 
