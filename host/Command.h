@@ -28,6 +28,7 @@ void AddHelpCommands(CLI::App& app, Asked& asked);
 void AddListCommand(CLI::App& app, Asked& asked);
 void AddReportsCommand(CLI::App& app, Asked& asked);
 void AddRunCommand(CLI::App& app, Asked& asked);
+void AddServeCommand(CLI::App& app, Asked& asked);
 void AddShortCommands(CLI::App& app, Asked& asked);
 void AddSqlCommand(CLI::App& app, Asked& asked);
 

@@ -85,6 +85,7 @@ int RunCommandLine(int argc, char** argv) {
   AddListCommand(app, asked);
   AddReportsCommand(app, asked);
   AddRunCommand(app, asked);
+  AddServeCommand(app, asked);
   AddSqlCommand(app, asked);
   AddBooksCommands(app, asked);
   AddHelpCommands(app, asked);

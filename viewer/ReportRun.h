@@ -1,0 +1,115 @@
+// One report that a page has asked for, from the question until the page goes.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <future>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include "automation/CallInWords.h"
+#include "session/clsStolvane1.h"
+#include "viewer/ShownReport.h"
+
+namespace pstolvane1::viewer {
+
+struct Limits {
+  std::size_t reports = 10;                 // open at once
+  std::int32_t lines = 1'000'000;           // of one report
+  std::chrono::milliseconds time{600'000};  // for one report, and for one question about it
+  std::chrono::milliseconds alone{20'000};  // a report without a page that listens stays so long
+};
+
+// Has a session on a thread of its own. All members may be called from any thread.
+class ReportRun {
+ public:
+  // Where `look` is empty, columns have their own names.
+  using LookOfCall =
+      std::function<ReportLook(const automation::CallInWords& call, const Locale& locale)>;
+  ReportRun(const automation::CallWords& words, const Limits& limits, LookOfCall look = {});
+  // Abandons what runs, closes the session and waits for its thread.
+  ~ReportRun();
+  ReportRun(const ReportRun&) = delete;
+  ReportRun& operator=(const ReportRun&) = delete;
+
+  enum class Stage : std::uint8_t { kRunning, kDone, kFailed, kAbandoned };
+  struct State {
+    std::uint64_t version = 0;  // grows with each change
+    Stage stage = Stage::kRunning;
+    int percent = 0;
+    std::string doing;    // the library's own word
+    std::string problem;  // of kFailed, a sentence
+    std::string head;     // of kDone: ShownReport::Head
+  };
+  // The state once it is newer than the version seen, or when the time is over.
+  [[nodiscard]] State After(std::uint64_t seen, std::chrono::milliseconds at_most) const;
+
+  // Drops the report in hand, or what is done with it; it stays asked for until that has ended.
+  void Abandon();
+  // Asks the session to end once more if it was abandoned or takes longer than its limit. Called
+  // every few hundredths of a second.
+  void Watch();
+
+  // A page listens to it, or no longer does.
+  void Listen();
+  void Leave();
+  [[nodiscard]] bool IsAlone() const;  // longer than the limit
+
+  // What the function makes of the finished report, on the report's own thread. Its errors come
+  // here. WrongCall while there is no report.
+  template <typename F>
+  auto Ask(F&& question) {
+    using Answer = std::invoke_result_t<F, ShownReport&>;
+    auto task = std::make_shared<std::packaged_task<Answer()>>(
+        [this, asked = std::forward<F>(question)]() mutable {
+          if (!shown_) throw automation::WrongCall("the report is not there");
+          const Busy busy(*this);
+          return asked(*shown_);
+        });
+    std::future<Answer> answer = task->get_future();
+    Post([task] { (*task)(); });
+    return answer.get();
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  // Marks that the session is at work, for as long as it lives.
+  class Busy {
+   public:
+    explicit Busy(ReportRun& run);
+    ~Busy();
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+   private:
+    ReportRun& run_;
+  };
+
+  void Work();
+  void MakeReport(clsStolvane1& session);
+  void Change(const std::function<void(State&)>& change);
+  void Post(std::function<void()> task);
+
+  const Limits limits_;
+  const automation::CallInWords call_;
+  const std::shared_ptr<const Locale> locale_;
+  const LookOfCall look_;
+  std::unique_ptr<ShownReport> shown_;  // of the thread
+
+  mutable std::mutex mutex_;
+  mutable std::condition_variable changed_;
+  State state_;
+  clsStolvane1* session_ = nullptr;  // while it lives
+  std::shared_ptr<MessageQueue> queue_;
+  bool ending_ = false, ended_ = false, abandoned_ = false;
+  int busy_ = 0, listeners_ = 0;
+  Clock::time_point busy_since_, alone_since_ = Clock::now();
+  std::thread thread_;
+};
+
+}  // namespace pstolvane1::viewer
