@@ -302,6 +302,7 @@ class Server::Routes {
     AddExport("csv", "text/csv; charset=utf-8", &ShownReport::Csv);
     AddExport("xlsx", "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet",
               &ShownReport::Xlsx);
+    AddExport("pdf", "application/pdf", &ShownReport::Pdf);
     AddExport("html", "text/html; charset=utf-8", &ShownReport::Html);
   }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "automation/SortedCall.h"
+#include "host/print/ExportPdf.h"
 #include "session/data/TextFold.h"
 #include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
@@ -218,6 +219,12 @@ std::string ShownReport::Html(const Seen& seen) {
   return stream.str();
 }
 
+std::string ShownReport::Pdf(const Seen& seen) {
+  std::ostringstream stream;
+  print::ExportPdf(*Copy(seen.wish), LookOf(seen), locale_, {}, stream);
+  return stream.str();
+}
+
 // With a column go its sums and what stands in its cells.
 ReportLook ShownReport::LookOf(const Seen& seen) const {
   ReportLook look = view_.Look();
@@ -235,7 +242,7 @@ ReportLook ShownReport::LookOf(const Seen& seen) const {
 
 RecordsetPtr ShownReport::Copy(const Wish& wish) {
   const std::vector<std::size_t>& order = arrangement_.Of(wish);
-  const RecordsetPtr copy = Recordset::New();
+  RecordsetPtr copy = Recordset::New();
   std::vector<ColumnHandle> columns;
   for (const ColumnInfo& info : report_->Columns()) {
     if (info.type == adChapter) continue;

@@ -45,6 +45,7 @@ class ShownReport {
   [[nodiscard]] std::string Csv(const Seen& seen);
   [[nodiscard]] std::string Xlsx(const Seen& seen);
   [[nodiscard]] std::string Html(const Seen& seen);
+  [[nodiscard]] std::string Pdf(const Seen& seen);
   [[nodiscard]] const std::string& Name() const { return name_; }  // of the operation
 
  private:

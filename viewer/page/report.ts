@@ -122,10 +122,10 @@ export class ReportPane {
     const file = (suffix: string, words: string) => make("button", { type: "button", onclick: () => {
       make("a", { href: server.file(this.name, suffix, this.place.wish, this.place.hidden), download: true }).click();
     } }, words);
-    const print = make("button", { type: "button", onclick: () => this.print() }, "Print or PDF");
+    const print = make("button", { type: "button", onclick: () => this.print() }, "Print");
     const tools = make("div", { class: "tools", role: "group", "aria-label": "What to do with the report" },
       ...this.sortTool(head), this.columnTool(head), ...this.pictureTools(head),
-      file("xlsx", "Excel"), file("csv", "CSV"), print);
+      file("xlsx", "Excel"), file("csv", "CSV"), file("pdf", "PDF"), print);
     return tools;
   }
 
