@@ -1,8 +1,6 @@
 // Reports on paper, as somebody asks for them.
-#include <array>
-#include <cstdio>
-
 #include "HostProgram.h"
+#include "tests/CommandOutput.h"
 
 namespace pstolvane1::host::test {
 namespace {
@@ -16,15 +14,7 @@ class Print : public SampleHost {
   }
   // What another program says of a file in the folder.
   [[nodiscard]] std::string Says(const std::string& program, const std::string& file) const {
-    const std::string command = program + " '" + folder.File(file) + "' -";
-    std::FILE* const pipe = popen(command.c_str(), "r");
-    std::string text;
-    std::array<char, 4096> buffer{};
-    for (std::size_t got = 0; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
-      text.append(buffer.data(), got);
-    }
-    EXPECT_EQ(pclose(pipe), 0) << command;
-    return text;
+    return CommandOutput(program + " '" + folder.File(file) + "' -");
   }
   void ExpectParts(const std::string& text, const std::vector<std::string>& parts) const {
     for (const std::string& part : parts) {

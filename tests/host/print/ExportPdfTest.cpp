@@ -1,7 +1,5 @@
 // Reports as files of pages, as other programs read them.
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fmt/format.h>
 #include <fstream>
@@ -12,6 +10,7 @@
 
 #include "host/print/ExportPdf.h"
 #include "session/data/Error.h"
+#include "tests/CommandOutput.h"
 
 namespace pstolvane1::print {
 namespace {
@@ -75,15 +74,17 @@ class Printed {
 
   // The text as it stands on the paper.
   [[nodiscard]] std::string Page(int page) const {
-    return Output(fmt::format("pdftotext -layout -f {0} -l {0} {1} -", page, path_));
+    return CommandOutput(fmt::format("pdftotext -layout -f {0} -l {0} {1} -", page, path_));
   }
-  [[nodiscard]] std::string Marked() const { return Output("pdftohtml -xml -i -stdout " + path_); }
-  [[nodiscard]] std::string About() const { return Output("pdfinfo " + path_); }
-  [[nodiscard]] std::string Fonts() const { return Output("pdffonts " + path_); }
+  [[nodiscard]] std::string Marked() const {
+    return CommandOutput("pdftohtml -xml -i -stdout " + path_);
+  }
+  [[nodiscard]] std::string About() const { return CommandOutput("pdfinfo " + path_); }
+  [[nodiscard]] std::string Fonts() const { return CommandOutput("pdffonts " + path_); }
   // How many lines are drawn on the first page: runs of dark rows of points that reach over most of
   // what is inked at all.
   [[nodiscard]] int DrawnLines() const {
-    std::istringstream picture(Output("pdftoppm -gray -r 144 -f 1 -l 1 " + path_));
+    std::istringstream picture(CommandOutput("pdftoppm -gray -r 144 -f 1 -l 1 " + path_));
     std::string kind;
     std::size_t width = 0, height = 0, white = 0;
     picture >> kind >> width >> height >> white;
@@ -107,17 +108,6 @@ class Printed {
   }
 
  private:
-  static std::string Output(const std::string& command) {
-    std::FILE* const pipe = popen(command.c_str(), "r");
-    std::string text;
-    std::array<char, 4096> buffer{};
-    for (std::size_t got = 0; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
-      text.append(buffer.data(), got);
-    }
-    EXPECT_EQ(pclose(pipe), 0) << command;
-    return text;
-  }
-
   std::string path_;
 };
 
