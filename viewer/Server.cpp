@@ -27,7 +27,7 @@ using httplib::Response;
 using Json = nlohmann::ordered_json;
 
 constexpr const char* kLoopback = "127.0.0.1";
-constexpr std::size_t kMostBytesAsked = 64 * 1024;
+constexpr std::size_t kMostBytesAsked = std::size_t{64} * 1024;
 constexpr std::size_t kMostLinesAtOnce = 1000;
 // A browser holds up to six connections, and each page listens on one of them all the time.
 constexpr std::size_t kThreads = 80;
@@ -169,13 +169,12 @@ class Server::Routes {
     const std::string host = Header(request, "Host"), origin = Header(request, "Origin"),
                       site = Header(request, "Sec-Fetch-Site"), cookie = Header(request, "Cookie");
     const Guard::Asker asker{host, origin, site, cookie};
+    const bool tellsOfBooks = request.path.starts_with("/api/");
     if (!guard_.IsHere(asker)) {
       Refuse(response, 421, "this address is not served here");
-    } else if (!request.path.starts_with("/api/")) {
-      return Verdict::Unhandled;
-    } else if (!guard_.IsOwnPage(asker)) {
+    } else if (tellsOfBooks && !guard_.IsOwnPage(asker)) {
       Refuse(response, 403, "pages of other sites are not answered");
-    } else if (!guard_.HasToken(asker)) {
+    } else if (tellsOfBooks && !guard_.HasToken(asker)) {
       Refuse(response, 401, "open the address that \"stolvane serve\" has printed");
     } else {
       return Verdict::Unhandled;
@@ -223,7 +222,7 @@ class Server::Routes {
       Refuse(response, 404, "there is no such page");
       return;
     }
-    response.set_content(file->text.data(), file->text.size(), std::string(file->type).c_str());
+    response.set_content(file->text.data(), file->text.size(), std::string(file->type));
   }
 
   void AddQuestions() {
