@@ -169,12 +169,12 @@ class Server::Routes {
     const std::string host = Header(request, "Host"), origin = Header(request, "Origin"),
                       site = Header(request, "Sec-Fetch-Site"), cookie = Header(request, "Cookie");
     const Guard::Asker asker{host, origin, site, cookie};
-    const bool tellsOfBooks = request.path.starts_with("/api/");
+    const bool on_books = request.path.starts_with("/api/");
     if (!guard_.IsHere(asker)) {
       Refuse(response, 421, "this address is not served here");
-    } else if (tellsOfBooks && !guard_.IsOwnPage(asker)) {
+    } else if (on_books && !guard_.IsOwnPage(asker)) {
       Refuse(response, 403, "pages of other sites are not answered");
-    } else if (tellsOfBooks && !guard_.HasToken(asker)) {
+    } else if (on_books && !guard_.HasToken(asker)) {
       Refuse(response, 401, "open the address that \"stolvane serve\" has printed");
     } else {
       return Verdict::Unhandled;
