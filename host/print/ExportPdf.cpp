@@ -29,13 +29,14 @@ class Pages {
 
   void Draw() {
     const double room = table_.PaperHeight() - 2 * kMargin - kHeightOfFoot - table_.HeightOfHeads();
-    const auto pages = BreakIntoPages(table_.Lines(), room - first_.Height(pen_, width_),
-                                      room - others_.Height(pen_, width_));
+    const auto pages = BreakIntoPages(
+        table_.Lines(), room - first_.Height(pen_, width_), room - others_.Height(pen_, width_),
+        [this](std::size_t line) { return table_.HeightOfContinued(line); });
     const std::size_t all = pages.size() * table_.Sheets();
     for (const LinesOfAPage& lines : pages) {
       for (std::size_t sheet = 0; sheet < table_.Sheets(); ++sheet) {
         pen_.BeginPage(table_.PaperWidth(), table_.PaperHeight());
-        DrawTable(number_ < table_.Sheets() ? first_ : others_, sheet, lines);
+        DrawTable(sheet, lines);
         DrawFoot(++number_, all, sheet);
         pen_.EndPage();
       }
@@ -43,11 +44,17 @@ class Pages {
   }
 
  private:
-  void DrawTable(const PageHead& head, std::size_t sheet, const LinesOfAPage& lines) {
+  void DrawTable(std::size_t sheet, const LinesOfAPage& lines) {
+    const bool is_first = lines.first == 0;
+    const PageHead& head = is_first ? first_ : others_;
     head.Draw(pen_, kMargin, kMargin, width_);
     double y = kMargin + head.Height(pen_, width_);
     table_.DrawHeads(sheet, y);
     y += table_.HeightOfHeads();
+    if (!is_first) {
+      table_.DrawContinued(sheet, lines.first, y);
+      y += table_.HeightOfContinued(lines.first);
+    }
     for (std::size_t line = lines.first; line < lines.end; ++line) {
       in_hand_.Check();
       table_.DrawLine(sheet, line, y);

@@ -17,11 +17,13 @@ std::size_t EndOfPage(const std::vector<LineOnPaper>& lines, std::size_t first, 
 }  // namespace
 
 std::vector<LinesOfAPage> BreakIntoPages(const std::vector<LineOnPaper>& lines,
-                                         double room_of_first, double room) {
+                                         double room_of_first, double room,
+                                         const std::function<double(std::size_t line)>& above) {
   std::vector<LinesOfAPage> pages;
   std::size_t first = 0;
   do {
-    const std::size_t end = EndOfPage(lines, first, pages.empty() ? room_of_first : room);
+    const double left = pages.empty() ? room_of_first : room - above(first);
+    const std::size_t end = EndOfPage(lines, first, left);
     pages.push_back({first, end});
     first = end;
     while (first < lines.size() && lines[first].empty) ++first;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 namespace pstolvane1::print {
@@ -18,7 +19,10 @@ struct LinesOfAPage {
 
 // Pages are filled as far as lines that belong together allow. A line that is higher than a page,
 // and lines that belong together over more than a page, break all the same. At least one page.
-[[nodiscard]] std::vector<LinesOfAPage> BreakIntoPages(const std::vector<LineOnPaper>& lines,
-                                                       double room_of_first, double room);
+// `above` is the height of what stands above a line that is the first of a page; on the first page
+// there is none.
+[[nodiscard]] std::vector<LinesOfAPage> BreakIntoPages(
+    const std::vector<LineOnPaper>& lines, double room_of_first, double room,
+    const std::function<double(std::size_t line)>& above);
 
 }  // namespace pstolvane1::print

@@ -1,6 +1,7 @@
 #include "host/print/TableOnPaper.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "session/data/ThreadWork.h"
@@ -19,9 +20,20 @@ constexpr double kLeastOfText = 9;   // a text that is broken keeps so much
 constexpr double kMostOfWord = 18;   // a longer word is broken
 constexpr double kDoubleRule = 2;    // between the two lines below a total, points
 constexpr double kBelowTotal = 4.5;  // points
+constexpr std::size_t kMostContinued = 5;
 
 bool IsBold(const ReportView::Line& line) {
   return line.kind == LineKind::kGroup || line.kind == LineKind::kTotal;
+}
+
+bool HasLines(const ReportView& view) {
+  return !view.Columns().empty() && std::ranges::any_of(view.Lines(), [](const auto& line) {
+    return line.kind == LineKind::kLine || line.kind == LineKind::kGroup;
+  });
+}
+
+bool HasDepth(const ReportView::Line& line) {
+  return line.kind != LineKind::kRule && line.kind != LineKind::kSpacer;
 }
 
 double WidestWord(Pen& pen, const std::string& text, bool bold) {
@@ -39,7 +51,7 @@ double WidestWord(Pen& pen, const std::string& text, bool bold) {
 
 TableOnPaper::TableOnPaper(const ReportView& view, const Paper& paper, Pen& pen)
     : view_(view), pen_(pen), notes_(view.Notes()) {
-  if (view.Columns().empty()) notes_.emplace_back("(no lines)");
+  if (!HasLines(view)) notes_.emplace_back("(no lines)");
   std::vector<ColumnNeed> needs;
   for (std::size_t i = 0; i < view.Columns().size(); ++i) needs.push_back(NeedOf(i));
   fit_ = FitColumns(needs, paper, kMargin);
@@ -47,6 +59,7 @@ TableOnPaper::TableOnPaper(const ReportView& view, const Paper& paper, Pen& pen)
   paper_height_ = fit_.across ? paper.width : paper.height;
   heads_ = MeasureHeads();
   MeasureLines();
+  FindGroups();
 }
 
 // --- Measures ---
@@ -124,8 +137,11 @@ void TableOnPaper::MeasureLines() {
   for (const Line& line : view_.Lines()) {
     in_hand.Check();
     LineOnPaper& on_paper = lines_.emplace_back();
-    if ((line.kind == LineKind::kRule || line.kind == LineKind::kTotal) && lines_.size() > 1) {
-      lines_[lines_.size() - 2].with_next = true;
+    if (line.kind == LineKind::kRule || line.kind == LineKind::kTotal) {
+      for (std::size_t before = lines_.size() - 1; before > 0; --before) {
+        lines_[before - 1].with_next = true;
+        if (HasDepth(view_.Lines()[before - 1])) break;
+      }
     }
     switch (line.kind) {
       case LineKind::kRule:
@@ -147,6 +163,69 @@ void TableOnPaper::MeasureLines() {
   for (const std::string& note : notes_) {
     lines_.push_back({fit_.size + pen_.Height(note, {fit_.size}, paper_width_ - 2 * kMargin)});
   }
+}
+
+// A line is in a group as long as it is as deep as the group's first line; where that is not deeper
+// than the head itself, the head is one without figures. Any other head or total ends a group that
+// is not less deep.
+void TableOnPaper::FindGroups() {
+  const WorkInHand in_hand;
+  struct Group {
+    std::size_t head;
+    int depth;  // of its first line
+  };
+  std::vector<Group> open;
+  std::optional<std::size_t> head;  // of a group whose first line is not found yet
+  const std::vector<Line>& lines = view_.Lines();
+  for (std::size_t at = 0; at < lines.size(); ++at) {
+    in_hand.Check();
+    const Line& line = lines[at];
+    if (HasDepth(line)) {
+      if (head && (line.level > lines[*head].level || lines[*head].is_heading)) {
+        open.push_back({*head, line.level});
+      }
+      head.reset();
+      while (!open.empty() &&
+             (line.level < open.back().depth ||
+              (line.kind != LineKind::kLine && line.level <= lines[open.back().head].level))) {
+        open.pop_back();
+      }
+    }
+    groups_.push_back(open.empty() || !HasDepth(line) ? at : open.back().head);
+    if (line.kind == LineKind::kGroup) head = at;
+  }
+}
+
+// The outermost first.
+std::vector<const ReportView::Line*> TableOnPaper::GroupsAround(std::size_t line) const {
+  std::vector<const Line*> groups;
+  while (line < groups_.size() && groups_[line] != line && groups.size() < kMostContinued) {
+    line = groups_[line];
+    groups.push_back(&view_.Lines()[line]);
+  }
+  std::ranges::reverse(groups);
+  return groups;
+}
+
+std::string TableOnPaper::Continued(const Line& group) const {
+  std::string text;
+  for (std::size_t i = 0; i < group.cells.size(); ++i) {
+    if (i > 0 && view_.Columns()[i].numeric) break;
+    if (group.cells[i].empty()) continue;
+    text += (text.empty() ? "" : " · ") + group.cells[i];
+  }
+  return text + " (continued)";
+}
+
+double TableOnPaper::HeightOfContinued(const Line& group) {
+  return kAboveGroup * fit_.size +
+         pen_.Height(Continued(group), {fit_.size, true}, NarrowestSheet() - IndentOf(group, 0));
+}
+
+double TableOnPaper::HeightOfContinued(std::size_t line) {
+  double height = 0;
+  for (const Line* const group : GroupsAround(line)) height += HeightOfContinued(*group);
+  return height;
 }
 
 // --- Drawing ---
@@ -189,6 +268,16 @@ void TableOnPaper::DrawLine(std::size_t at, std::size_t number, double y) {
       [[fallthrough]];
     case LineKind::kLine:
       return DrawCells(sheet, line, y);
+  }
+}
+
+void TableOnPaper::DrawContinued(std::size_t at, std::size_t line, double y) {
+  const Sheet sheet = SheetAt(at);
+  for (const Line* const group : GroupsAround(line)) {
+    const double indent = IndentOf(*group, 0);
+    pen_.Text(Continued(*group), {fit_.size, true}, sheet.left + indent,
+              y + kAboveGroup * fit_.size, sheet.width - indent, Side::kLeft);
+    y += HeightOfContinued(*group);
   }
 }
 

@@ -31,6 +31,11 @@ class TableOnPaper {
   // y is the upper end; sheets are counted from 0, from left to right.
   void DrawHeads(std::size_t sheet, double y);
   void DrawLine(std::size_t sheet, std::size_t line, double y);
+  // Above a line that begins a page within a group stands the group's head once more, with its
+  // texts before the first figure: "Spare parts (continued)". Of groups in groups the innermost
+  // five do so.
+  [[nodiscard]] double HeightOfContinued(std::size_t line);
+  void DrawContinued(std::size_t sheet, std::size_t line, double y);
 
  private:
   using Line = ReportView::Line;
@@ -48,6 +53,10 @@ class TableOnPaper {
   [[nodiscard]] double HeightOf(const Line& line);
   [[nodiscard]] double MeasureHeads();
   void MeasureLines();
+  void FindGroups();
+  [[nodiscard]] std::vector<const Line*> GroupsAround(std::size_t line) const;
+  [[nodiscard]] std::string Continued(const Line& group) const;
+  [[nodiscard]] double HeightOfContinued(const Line& group);
   void DrawCells(const Sheet& sheet, const Line& line, double y);
 
   const ReportView& view_;
@@ -57,6 +66,9 @@ class TableOnPaper {
   double paper_width_, paper_height_;  // as it lies
   double heads_;
   std::vector<LineOnPaper> lines_;
+  // Of each line of the report, the head of the group that it stands in; itself where it is in
+  // none.
+  std::vector<std::size_t> groups_;
 };
 
 }  // namespace pstolvane1::print

@@ -193,6 +193,66 @@ TEST(ExportPdf, EveryPageHasItsHeadsAndNoLineIsLost) {
   EXPECT_EQ(next, kLines);
 }
 
+// Eighty lines in a group in a group, and on the page on which they end a line beside the outer one
+// and a group of its own.
+TEST(ExportPdf, APageThatBeginsWithinGroupsHasTheirHeadsOnceMore) {
+  Report report({"Group", "Subgroup", "Item", "Value", "Remark"});
+  report.Add({"Stores"});
+  report.Add({"", "Spare parts", "", "₹80.00", "counted"});
+  for (int i = 0; i < 80; ++i) report.Add({"", "", fmt::format("Part {:03}", i), "₹1.00"});
+  report.Add({"Labour", "", "", "₹5.00"});
+  report.Add({"Fuel", "", "", "₹3.00"});
+  for (int i = 0; i < 3; ++i) report.Add({"", "", fmt::format("Oil {:03}", i), "₹1.00"});
+  ReportLook look = Look();
+  look.column = [](std::string_view column) {
+    ColumnLook its;
+    if (column == "Subgroup" || column == "Item") its.stands_in = "Group";
+    if (column == "Subgroup") its.level = 1;
+    if (column == "Item") its.level = 2;
+    return its;
+  };
+  const Printed printed(report.Rowset(), look);
+  ASSERT_THAT(printed.About(), ContainsRegex("Pages: +2\n"));
+  EXPECT_THAT(printed.Page(1), Not(HasSubstr("continued")));
+  const std::string page = printed.Page(2);
+  EXPECT_THAT(page, ContainsRegex("Remark\n+ *Stores \\(continued\\)\n"
+                                  " *Spare parts \\(continued\\)\n *Part 0"));
+  EXPECT_THAT(page, ContainsRegex("Part 079 .*\n *Labour .*\n *Fuel .*\n *Oil 000"));
+  EXPECT_THAT(printed.Marked(), HasSubstr("<b>Spare parts (continued)</b>"));
+}
+
+// The next group begins on the second page, and the third is within it.
+TEST(ExportPdf, AHeadWithoutFiguresHasTheLinesBelowItThoughTheyAreNotMovedIn) {
+  Report report({"Item", "Value"});
+  for (const char* const group : {"Spare parts", "Fuel"}) {
+    report.Add({group}, true);
+    for (int i = 0; i < 70; ++i) report.Add({fmt::format("{} {:03}", group, i), "₹1.00"});
+  }
+  report.Add({}, true);
+  report.Add({"Total", "₹140.00"}, true);
+  const Printed printed(report.Rowset());
+  ASSERT_THAT(printed.About(), ContainsRegex("Pages: +3\n"));
+  EXPECT_THAT(printed.Page(2),
+              ContainsRegex("Value\n+ *Spare parts \\(continued\\)\n *Spare parts 0"));
+  EXPECT_THAT(printed.Page(3), ContainsRegex("Value\n+ *Fuel \\(continued\\)\n *Fuel 0"));
+  EXPECT_THAT(printed.Page(3), ContainsRegex("Fuel 069 .*\n *Total "));
+}
+
+// As many lines as leave no room for the total, which may stand below a spacer.
+TEST(ExportPdf, ATotalIsNeverAloneOnAPage) {
+  for (int lines = 44; lines < 54; ++lines) {
+    Report report({"Item", "Value"});
+    for (int i = 0; i < lines; ++i) report.Add({fmt::format("Part {:03}", i), "₹1.00"});
+    report.Add({});
+    report.Add({}, true);
+    report.Add({"Total", "₹1.00"}, true);
+    const Printed printed(report.Rowset());
+    const std::string last =
+        printed.Page(printed.Page(1).find("of 2") == std::string::npos ? 1 : 2);
+    EXPECT_THAT(last, ContainsRegex(fmt::format("Part {:03}.*\n+ *Total", lines - 1))) << lines;
+  }
+}
+
 TEST(ExportPdf, WideStatementsGoOnSheetsSideBySideWithTheFirstColumnOnEach) {
   Cells columns = {"Item"};
   for (int i = 1; i <= 24; ++i) columns.push_back(fmt::format("Month{:02}", i));
@@ -251,6 +311,14 @@ TEST(ExportPdf, AReportWithoutLinesSaysSo) {
   const std::string page = Printed(Report({"Item"}).Rowset()).Page(1);
   EXPECT_THAT(page, HasSubstr("Stock by item"));
   EXPECT_THAT(page, HasSubstr("(no lines)"));
+}
+
+TEST(ExportPdf, AReportOfNothingButATotalSaysSo) {
+  Report report({"Item", "Value"});
+  report.Add({}, true);
+  report.Add({"Total", "₹0.00"}, true);
+  const std::string page = Printed(report.Rowset()).Page(1);
+  EXPECT_THAT(page, ContainsRegex("Total +₹0.00\n+ *\\(no lines\\)"));
 }
 
 TEST(ExportPdf, WithoutALetterheadTheLooksOwnLinesStandOnTop) {

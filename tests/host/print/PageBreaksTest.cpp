@@ -9,9 +9,11 @@ namespace {
 constexpr LineOnPaper kLine{10}, kHead{10, true}, kSpacer{10, false, true};
 
 // "0-2 3-3": the first and the last line of each page.
-std::string Broken(const std::vector<LineOnPaper>& lines, double room_of_first, double room) {
+std::string Broken(
+    const std::vector<LineOnPaper>& lines, double room_of_first, double room,
+    const std::function<double(std::size_t)>& above = [](std::size_t) { return 0; }) {
   std::string text;
-  for (const LinesOfAPage& page : BreakIntoPages(lines, room_of_first, room)) {
+  for (const LinesOfAPage& page : BreakIntoPages(lines, room_of_first, room, above)) {
     text += (text.empty() ? "" : " ") + std::to_string(page.first) + "-" +
             (page.end == page.first ? "" : std::to_string(page.end - 1));
   }
@@ -39,6 +41,11 @@ TEST(PageBreaks, ASpacerIsNotTheFirstOfAPage) {
 
 TEST(PageBreaks, ALineThatIsHigherThanAPageHasOneOfItsOwn) {
   EXPECT_EQ(Broken({kLine, {100}, kLine}, 20, 20), "0-0 1-1 2-2");
+}
+
+TEST(PageBreaks, WhatStandsAboveTheFirstLineOfALaterPageTakesRoom) {
+  const auto above = [](std::size_t line) { return line == 3 ? 15.0 : 0.0; };
+  EXPECT_EQ(Broken(std::vector<LineOnPaper>(7, kLine), 30, 30, above), "0-2 3-3 4-6");
 }
 
 TEST(PageBreaks, NoLinesAreOnePage) { EXPECT_EQ(Broken({}, 20, 20), "0-"); }
