@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <utility>
 
+#include "automation/CallTexts.h"
 #include "automation/Nearest.h"
 #include "automation/Operations.h"
 #include "automation/Words.h"
@@ -68,25 +69,48 @@ bool IsWholeNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+// The list that a name in a key's place is from; nullptr for what is no name. What a key leads to may
+// follow another argument, which is read before.
+const Master* ListOfName(const Operation& operation, const Argument& argument,
+                         const std::string& text, const std::vector<NamedValue>& values) {
+  if (argument.type != ArgumentType::kInt32 || text.empty() || IsWholeNumber(text)) return nullptr;
+  CallTexts call;
+  for (const NamesWhen& one : argument.names_when) {
+    const Argument* const deciding = FindArgument(operation, one.argument);
+    if (deciding == nullptr) continue;
+    const auto given = std::ranges::find_if(
+        values, [&](const NamedValue& value) { return EqualFolded(value.name, deciding->name); });
+    call[std::string(one.argument)] =
+        TextOf(*deciding, given == values.end() ? EmptyValueOf(*deciding)
+                                                : ValueFromText(*deciding, given->value.ToText()));
+  }
+  return ListOf(argument, call);
+}
+
 // Names become keys, and what people write becomes what programs write.
 void ReadValues(const CallWords& words, const Operation& operation,
                 std::vector<NamedValue>& values) {
   const auto locale = Locale::Get(words.locale);
-  for (NamedValue& one : values) {
-    const Argument* argument = FindArgument(operation, one.name);
-    if (argument == nullptr) continue;
-    const std::string text = one.value.ToText();
-    const bool name = argument->master != nullptr && !text.empty() && !IsWholeNumber(text);
-    if (name && words.key_of) {
-      one.value = words.key_of(*argument->master, text);
-      continue;
+  const auto for_each = [&](const auto& change) {
+    for (NamedValue& one : values) {
+      const Argument* argument = FindArgument(operation, one.name);
+      if (argument == nullptr) continue;
+      try {
+        change(*argument, one.value);
+      } catch (const Error& error) {
+        RaiseWrongCall(error.Description(), operation);
+      }
     }
-    try {
-      one.value = ValueFromWords(*argument, text, *locale);
-    } catch (const Error& error) {
-      RaiseWrongCall(error.Description(), operation);
-    }
-  }
+  };
+  for_each([&](const Argument& argument, Variant& value) {
+    value = ValueFromWords(argument, value.ToText(), *locale);
+  });
+  if (!words.key_of) return;
+  for_each([&](const Argument& argument, Variant& value) {
+    const std::string text = value.ToText();
+    const Master* const list = ListOfName(operation, argument, text, values);
+    if (list != nullptr) value = words.key_of(*list, text);
+  });
 }
 
 void LeaveOutUnread(const Operation& operation, std::vector<NamedValue>& values) {

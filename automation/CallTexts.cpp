@@ -4,16 +4,12 @@
 #include "session/data/TextFold.h"
 
 namespace pstolvane1::automation {
-namespace {
-
 std::string TextOf(const Argument& argument, const Variant& value) {
   if (argument.enumeration != nullptr) return NameOf(*argument.enumeration, value.ToInt32());
   if (value.Type() == adDate) return value.ToDate().ToIso();
   if (value.Type() == adBoolean) return value.ToBoolean() == True ? "true" : "false";
   return value.ToText();
 }
-
-}  // namespace
 
 CallTexts TextsOf(const Operation& operation, const BoundValues& values) {
   CallTexts texts;

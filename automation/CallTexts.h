@@ -12,6 +12,8 @@ namespace pstolvane1::automation {
 // By the name of the argument, as ValueFromText reads them; rowsets and what is Null or Empty are
 // left out.
 using CallTexts = std::map<std::string, std::string, std::less<>>;
+// A value of the argument's type as such a text.
+[[nodiscard]] std::string TextOf(const Argument& argument, const Variant& value);
 // One value for each slot of the operation, as Bind gives them.
 [[nodiscard]] CallTexts TextsOf(const Operation& operation, const BoundValues& values);
 

@@ -1,9 +1,11 @@
 #include "host/CallWarnings.h"
 
 #include <algorithm>
+#include <charconv>
 #include <fmt/format.h>
 #include <optional>
 
+#include "automation/CallTexts.h"
 #include "automation/Operations.h"
 #include "session/data/Error.h"
 #include "session/data/TextFold.h"
@@ -56,14 +58,26 @@ void CheckPeriod(const CallInWords& call, BooksLookup& books, Sentences& sentenc
   }
 }
 
+// A key that is written as a text may be no number: it stands in the query as it is.
+std::int32_t KeyIn(const Variant& value) {
+  if (value.Type() != adBSTR) return value.ToInt32();
+  const std::string text = value.ToText();
+  std::int32_t key = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), key);
+  return error == std::errc() && end == text.data() + text.size() ? key : 0;
+}
+
 // 0 and below mean all, or nothing, wherever they mean anything.
 void CheckKeys(const CallInWords& call, BooksLookup& books, Sentences& sentences) {
+  const automation::CallTexts texts = automation::TextsOf(call.Called(), call.Values());
   for (const Argument& argument : call.Called().arguments) {
-    if (argument.master == nullptr || !argument.IsRead()) continue;
+    const automation::Master* const list = automation::ListOf(argument, texts);
+    if (list == nullptr || !argument.IsRead()) continue;
     const std::optional<Variant> key = Read(call, argument.name);
-    if (!key || key->ToInt32() <= 0 || books.HasKey(*argument.master, key->ToInt32())) continue;
+    const std::int32_t asked = key ? KeyIn(*key) : 0;
+    if (asked <= 0 || books.HasKey(*list, asked)) continue;
     sentences.push_back(fmt::format("{}: the books have no {} with the key {}", argument.name,
-                                    argument.master->one, key->ToInt32()));
+                                    list->one, asked));
   }
 }
 

@@ -68,6 +68,25 @@ void CheckType(const Reader& books, const Table& table, const Column& column,
                       ""});
 }
 
+// Why none of the present indexes serves as this one would; "" when one does.
+std::string ProblemOf(const Table& table, const Index& index,
+                      const std::vector<DeclaredIndex>& present, const std::string& wanted) {
+  const auto count = static_cast<std::size_t>(std::ranges::count(wanted, ',')) + 1;
+  const DeclaredIndex* other_order = nullptr;
+  for (const DeclaredIndex& one : present) {
+    if (!(one.columns + ",").starts_with(wanted + ",")) continue;
+    if (one.in_order >= count) return {};
+    other_order = &one;
+  }
+  if (other_order == nullptr) {
+    return "No index of " + std::string(table.name) + " begins with " + std::string(index.columns) +
+           ".";
+  }
+  return "The index " + other_order->name + " of " + std::string(table.name) +
+         " does not have Null first in each column, so that reports sort the rows that it could "
+         "give in order.";
+}
+
 }  // namespace
 
 bool CheckTables(Reader& books, Findings& findings) {
@@ -101,17 +120,12 @@ void CheckIndexes(Reader& books, Findings& findings) {
     if (!books.IsTable(table)) continue;
     const auto present = books.IndexesIn(table);
     for (const Index& index : table.indexes) {
-      const std::string wanted = books.Serving(table, index);
-      const bool served = std::ranges::any_of(
-          present, [&](const std::string& one) { return (one + ",").starts_with(wanted + ","); });
-      if (served || !books.Understands("SELECT " + std::string(index.columns) + " FROM " +
-                                       std::string(table.name))) {
+      std::string problem = ProblemOf(table, index, present, books.Serving(table, index));
+      if (problem.empty() || !books.Understands("SELECT " + std::string(index.columns) + " FROM " +
+                                                std::string(table.name))) {
         continue;
       }
-      findings.push_back({Severity::kHint,
-                          "No index of " + std::string(table.name) + " begins with " +
-                              std::string(index.columns) + ".",
-                          books.MakeIndex(table, index)});
+      findings.push_back({Severity::kHint, std::move(problem), books.MakeIndex(table, index)});
     }
   }
 }

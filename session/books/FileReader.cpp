@@ -35,7 +35,7 @@ class FileReader final : public Reader {
   [[nodiscard]] std::vector<std::string> TableNames() override;
   [[nodiscard]] std::vector<DeclaredColumn> ColumnsIn(const Table& table) override;
   [[nodiscard]] bool IsTable(const Table& table) override;
-  [[nodiscard]] std::vector<std::string> IndexesIn(const Table& table) override;
+  [[nodiscard]] std::vector<DeclaredIndex> IndexesIn(const Table& table) override;
 
   [[nodiscard]] std::string Serving(const Table& /*table*/, const Index& index) const override {
     std::string columns = InSmallLetters(index.columns);
@@ -159,14 +159,16 @@ std::string FileReader::MakeIndex(const Table& table, const Index& index) {
          SqliteCreateIndex(table, index) + ";";
 }
 
-// Those over expressions do not count.
-std::vector<std::string> FileReader::IndexesIn(const Table& table) {
-  std::vector<std::string> indexes;
-  for (const auto& row :
-       Select("SELECT (SELECT group_concat(name) FROM (SELECT coalesce(name, '()') AS name FROM "
-              "pragma_index_info(l.name) ORDER BY seqno)) FROM pragma_index_list('" +
-              std::string(table.name) + "') l WHERE partial = 0")) {
-    indexes.push_back(InSmallLetters(row[0].value_or("")));
+// Those over expressions do not count. Null is first in every one.
+std::vector<DeclaredIndex> FileReader::IndexesIn(const Table& table) {
+  std::vector<DeclaredIndex> indexes;
+  for (const auto& row : Select(
+           "SELECT name, (SELECT group_concat(name) FROM (SELECT coalesce(name, '()') AS name FROM "
+           "pragma_index_info(l.name) ORDER BY seqno)) FROM pragma_index_list('" +
+           std::string(table.name) + "') l WHERE partial = 0")) {
+    std::string columns = InSmallLetters(row[1].value_or(""));
+    const auto count = static_cast<std::size_t>(std::ranges::count(columns, ',')) + 1;
+    indexes.push_back({row[0].value_or(""), std::move(columns), count});
   }
   return indexes;
 }

@@ -21,6 +21,13 @@ struct DeclaredColumn {
   std::optional<sql::Type> type;  // what that is to the dialect; nothing where it is nothing
 };
 
+struct DeclaredIndex {
+  std::string name;
+  std::string columns;  // in small letters, as "a,b,c"
+  // How many of its first columns give rows in the dialect's order, from either end.
+  std::size_t in_order;
+};
+
 // One state of one company's books, read by one thread. It cannot write. Errors are 501 with the
 // engine's words.
 class Reader {
@@ -39,10 +46,9 @@ class Reader {
   [[nodiscard]] virtual std::vector<DeclaredColumn> ColumnsIn(const Table& table) = 0;
   // Whether it is a table whose rows lie here, which can have an index.
   [[nodiscard]] virtual bool IsTable(const Table& table) = 0;
-  // The columns of each index in small letters, as "a,b,c"; indexes over a part of the rows do not
-  // count.
-  [[nodiscard]] virtual std::vector<std::string> IndexesIn(const Table& table) = 0;
-  // How IndexesIn tells an index that serves as this one does.
+  // Indexes over a part of the rows do not count.
+  [[nodiscard]] virtual std::vector<DeclaredIndex> IndexesIn(const Table& table) = 0;
+  // The columns that IndexesIn tells of an index that serves as this one does.
   [[nodiscard]] virtual std::string Serving(const Table& table, const Index& index) const = 0;
 
   // What the engine's own check finds wrong with the file that holds the books, a few lines at

@@ -113,11 +113,14 @@ class ServerReader final : public Reader {
         watch_);
     return PQntuples(rows.get()) > 0;
   }
-  // A text is indexed by what the front end compares, told as "~name".
-  [[nodiscard]] std::vector<std::string> IndexesIn(const Table& table) override {
+  // A text is indexed by what the front end compares, told as "~name". A column's option is 2 for
+  // ascending with Null first, and 1 for the same from the other end.
+  [[nodiscard]] std::vector<DeclaredIndex> IndexesIn(const Table& table) override {
     const bool all = catalog_.TextCharacters() == sql::Characters::kAll;
     const postgres::NativeResult rows = catalog_.Run(
-        "SELECT string_agg(CASE WHEN k.attnum > 0 THEN lower(a.attname) ELSE regexp_replace("
+        "SELECT (SELECT relname FROM pg_class WHERE oid = i.indexrelid),"
+        " string_agg(i.indoption[k.place - 1]::text, '' ORDER BY k.place),"
+        " string_agg(CASE WHEN k.attnum > 0 THEN lower(a.attname) ELSE regexp_replace("
         "lower(pg_get_indexdef(i.indexrelid, k.place::int, true)),"
         " '^" +
             std::string(all ? "\\(?\\s*case\\s+when octet_length" : "lower\\(\\(?rtrim") +
@@ -127,10 +130,13 @@ class ServerReader final : public Reader {
             " k.attnum WHERE i.indpred IS NULL AND i.indrelid = " +
             Named(table) + " GROUP BY i.indexrelid",
         watch_);
-    std::vector<std::string> indexes;
-    indexes.reserve(static_cast<std::size_t>(PQntuples(rows.get())));
+    std::vector<DeclaredIndex> indexes;
     for (int row = 0; row < PQntuples(rows.get()); ++row) {
-      indexes.emplace_back(PQgetvalue(rows.get(), row, 0));
+      const auto cell = [&](int at) { return PQgetvalue(rows.get(), row, at); };
+      const std::string_view options = cell(1);
+      const bool ordered = options.starts_with('1') || options.starts_with('2');
+      const std::size_t same = std::min(options.find_first_not_of(options[0]), options.size());
+      indexes.push_back({cell(0), cell(2), ordered ? same : 0});
     }
     return indexes;
   }

@@ -232,6 +232,18 @@ TEST_F(ServerBooks, CheckTellsWhatIsMissingOrOddAndWhatMendsIt) {
   }
 }
 
+TEST_F(ServerBooks, CheckTellsIndexesThatHaveNullLastAndWhatMendsThem) {
+  SampleBooks(Server());
+  Ask("DROP INDEX \"Batches1_Item\"; CREATE INDEX \"Batches1_Item\" ON \"Batches1\" "
+      "(\"Item_id\" NULLS FIRST, \"Color_id\"); DROP INDEX \"Desr1_Ledger\";"
+      "CREATE INDEX own ON \"Desr1\" (\"Ledger_id\" DESC NULLS LAST, \"Date\" DESC NULLS LAST)");
+  EXPECT_EQ(Findings(Server()),
+            "hint: The index Batches1_Item of Batches1 does not have Null first in each column, so "
+            "that reports sort the rows that it could give in order.\n  DROP INDEX "
+            "\"Batches1_Item\"; CREATE INDEX \"Batches1_Item\" ON \"Batches1\" (\"Item_id\" NULLS "
+            "FIRST, \"Color_id\" NULLS FIRST);\n");
+}
+
 TEST_F(ServerBooks, AnIndexGivesRowsInTheOrderOfTheDialect) {
   SampleBooks(Server());
   const std::shared_ptr<Provider> books = OpenDatabase(Server(), std::chrono::seconds(60));

@@ -63,6 +63,34 @@ TEST_F(CallWarnings, KeysThatTheBooksLack) {
             "987\nstolvane: warning: the report has no lines\n");
 }
 
+TEST_F(CallWarnings, KeysWhoseListFollowsAnotherArgument) {
+  const auto warned = [](const std::string& operation, const Words& arguments) {
+    Words words = {"run", operation, "--books", Books(), "dtFromDate=2004-04-01",
+                   "dtToDate=2005-03-31"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return Warned(words);
+  };
+  const auto lacking = [](const std::string& what) {
+    return "stolvane: warning: " + what + " with the key 987\nstolvane: warning: the report has no "
+           "lines\n";
+  };
+  for (const auto& [type, one] : {std::pair{"rtMovement_LedgerAnalysis", "party"},
+                                  {"rtMovement_ItemAnalysis", "item"},
+                                  {"rtMovement_GroupAnalysis", "party group"},
+                                  {"rtMovement_CategoryAnalysis", "item category"},
+                                  {"movement_classanalysis", "item class"}}) {
+    EXPECT_EQ(warned("CustomerItemwise_Analysis",
+                     {std::string("reptype=") + type, "lngId=987", "blnDetailed=yes"}),
+              lacking(std::string("lngId: the books have no ") + one))
+        << type;
+  }
+  EXPECT_EQ(warned("CustomerItemwise_Analysis",
+                   {"reptype=rtMovement_ClassAnalysis", "lngId=-1", "blnDetailed=no"}),
+            "");
+  EXPECT_EQ(warned("CategoryWise_Initial", {"blnIsclass=yes", "lngId=987", "lngVouchertype_id=10", "sngScale=1"}),
+            lacking("lngId: the books have no item class"));
+}
+
 TEST_F(CallWarnings, AValuationWithoutAReport) {
   EXPECT_EQ(Warned(Stock("2", "2004-04-01", "2005-03-31", "CurrentRate")),
             "stolvane: warning: StockDetails_Categorywise has no report for ValuationMethod "

@@ -110,6 +110,22 @@ TEST_F(Run, TheLocaleShapesTheTexts) {
   EXPECT_EQ(SalesAsJson({}, "de_DE").at("rows").at(0).at(1), "44.489,25\u00A0€");
 }
 
+TEST_F(Run, WhoseNameStandsForAKeyFollowsTheOtherArguments) {
+  const auto sales = [](const std::string& type, const std::string& id) {
+    return Stolvane({"run", "CustomerItemwise_Analysis", "--books", Books(), "reptype=" + type,
+                     "lngId=" + id, "dtFromDate=2004-04-01", "dtToDate=2005-03-31",
+                     "blnDetailed=yes", "--format", "csv"});
+  };
+  const std::string of_party = sales("rtMovement_LedgerAnalysis", "35").out;
+  EXPECT_NE(of_party.find("Total"), std::string::npos);
+  EXPECT_EQ(sales("movement_ledgeranalysis", "Ambika Auto Parts, Surat").out, of_party);
+  EXPECT_EQ(sales("rtMovement_ClassAnalysis", "Fast Moving").out,
+            sales("rtMovement_ClassAnalysis", "2").out);
+  const Finished unknown = sales("rtMovement_ItemAnalysis", "Fast Moving");
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_NE(unknown.err.find("there is no item \"Fast Moving\""), std::string::npos) << unknown.err;
+}
+
 TEST_F(Run, AnAliasShowsAnotherColumn) {
   const json rows = SalesAsJson({"--alias", "taLedger=LedgerNames1.LedgerName + ' !'"}).at("rows");
   EXPECT_EQ(rows.at(0).at(0), "Jayant Hegde !");
