@@ -69,8 +69,8 @@ bool IsWholeNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// The list that a name in a key's place is from; nullptr for what is no name. What a key leads to may
-// follow another argument, which is read before.
+// The list that a name in a key's place is from; nullptr for what is no name. What a key leads to
+// may follow another argument, which is read before.
 const Master* ListOfName(const Operation& operation, const Argument& argument,
                          const std::string& text, const std::vector<NamedValue>& values) {
   if (argument.type != ArgumentType::kInt32 || text.empty() || IsWholeNumber(text)) return nullptr;

@@ -14,7 +14,6 @@ namespace pstolvane1::host {
 namespace {
 
 using automation::Argument;
-using automation::ArgumentType;
 using automation::CallInWords;
 using automation::Slot;
 using Sentences = std::vector<std::string>;
@@ -76,8 +75,8 @@ void CheckKeys(const CallInWords& call, BooksLookup& books, Sentences& sentences
     const std::optional<Variant> key = Read(call, argument.name);
     const std::int32_t asked = key ? KeyIn(*key) : 0;
     if (asked <= 0 || books.HasKey(*list, asked)) continue;
-    sentences.push_back(fmt::format("{}: the books have no {} with the key {}", argument.name,
-                                    list->one, asked));
+    sentences.push_back(
+        fmt::format("{}: the books have no {} with the key {}", argument.name, list->one, asked));
   }
 }
 
