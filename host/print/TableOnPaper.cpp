@@ -1,7 +1,7 @@
 #include "host/print/TableOnPaper.h"
 
 #include <algorithm>
-#include <optional>
+#include <cstdint>
 #include <string>
 
 #include "session/data/ThreadWork.h"
@@ -175,16 +175,17 @@ void TableOnPaper::FindGroups() {
     int depth;  // of its first line
   };
   std::vector<Group> open;
-  std::optional<std::size_t> head;  // of a group whose first line is not found yet
+  constexpr std::size_t kNone = SIZE_MAX;
+  std::size_t head = kNone;  // of a group whose first line is not found yet
   const std::vector<Line>& lines = view_.Lines();
   for (std::size_t at = 0; at < lines.size(); ++at) {
     in_hand.Check();
     const Line& line = lines[at];
     if (HasDepth(line)) {
-      if (head && (line.level > lines[*head].level || lines[*head].is_heading)) {
-        open.push_back({*head, line.level});
+      if (head != kNone && (line.level > lines[head].level || lines[head].is_heading)) {
+        open.push_back({head, line.level});
       }
-      head.reset();
+      head = kNone;
       while (!open.empty() &&
              (line.level < open.back().depth ||
               (line.kind != LineKind::kLine && line.level <= lines[open.back().head].level))) {
