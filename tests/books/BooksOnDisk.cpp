@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <unistd.h>
 
+#include "session/books/SampleBooks.h"
+
 namespace pstolvane1::books::test {
 
 Folder::Folder() {
@@ -36,6 +38,16 @@ std::string Content(const std::string& file) {
   std::ostringstream text;
   text << std::ifstream(file, std::ios::binary).rdbuf();
   return text.str();
+}
+
+const std::string& SampleFile() {
+  static const Folder folder;
+  static const std::string path = [] {
+    std::string file = folder.File("sample.db");
+    SampleBooks(file);
+    return file;
+  }();
+  return path;
 }
 
 Database::Database(const std::string& path) {

@@ -28,6 +28,9 @@ class Folder {
 
 [[nodiscard]] std::string Content(const std::string& file);
 
+// A file of sample books, made once for all tests of the program.
+[[nodiscard]] const std::string& SampleFile();
+
 // Plain SQL, past the library. Failures throw std::runtime_error with the engine's words.
 class Database {
  public:

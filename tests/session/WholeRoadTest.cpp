@@ -9,22 +9,11 @@
 #include <vector>
 
 #include "../books/BooksOnDisk.h"
-#include "session/books/SampleBooks.h"
 #include "session/clsStolvane1.h"
 #include "session/rowset/Export.h"
 
 namespace pstolvane1 {
 namespace {
-
-const std::string& Books() {
-  static const books::test::Folder folder;
-  static const std::string path = [] {
-    std::string file = folder.File("sample.db");
-    books::SampleBooks(file);
-    return file;
-  }();
-  return path;
-}
 
 // Reports with one, two, three and four source rowsets.
 constexpr int kReports = 4;
@@ -49,7 +38,7 @@ RecordsetPtr Ask(clsStolvane1& session, int report, Boolean blnReport) {
 std::unique_ptr<clsStolvane1> Connected() {
   auto session = std::make_unique<clsStolvane1>();
   session->SetLocale("en_IN");
-  session->SetConnection("", "", Books(), False);
+  session->SetConnection("", "", books::test::SampleFile(), False);
   return session;
 }
 
@@ -139,7 +128,7 @@ void Finish(std::unique_ptr<clsStolvane1>& session, End end) {
       EXPECT_EQ(RowsAsJson(*Ask(*session, 0, True)), Expected()[0]);
       return;
     case End::kReconnected:
-      session->SetConnection("", "", Books(), False);
+      session->SetConnection("", "", books::test::SampleFile(), False);
       return;
   }
 }
@@ -168,7 +157,7 @@ TEST_P(EndedAtAnyMoment, AReportLeavesTheSessionUsable) {
     DoEvents();
     if (!session) continue;
     session->CancelFetching(False);
-    session->SetConnection("", "", Books(), False);
+    session->SetConnection("", "", books::test::SampleFile(), False);
     const int next = (moment + 1) % kReports;
     EXPECT_EQ(RowsAsJson(*Ask(*session, next, True)),
               Expected().at(static_cast<std::size_t>(next)));
@@ -193,7 +182,7 @@ TEST_P(EndedAtAnyMoment, InsideAProgressEventItLeavesTheSessionUsable) {
     }
     session->FetchProgress = nullptr;
     session->CancelFetching(False);
-    session->SetConnection("", "", Books(), False);
+    session->SetConnection("", "", books::test::SampleFile(), False);
     EXPECT_EQ(RowsAsJson(*Ask(*session, 1, True)), Expected()[1]);
   }
 }

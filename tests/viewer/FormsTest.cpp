@@ -7,6 +7,7 @@
 #include "automation/Masters.h"
 #include "automation/Operations.h"
 #include "host/ServeCommand.h"
+#include "tests/books/BooksOnDisk.h"
 #include "tests/viewer/ViewerBooks.h"
 #include "viewer/Forms.h"
 #include "viewer/Question.h"
@@ -17,7 +18,7 @@ namespace {
 using Json = nlohmann::json;
 
 const Json& SampleForms() {
-  static const Json forms = Json::parse(FormsAsJson(host::BooksFor(test::SamplePath())));
+  static const Json forms = Json::parse(FormsAsJson(host::BooksFor(books::test::SampleFile())));
   return forms;
 }
 
@@ -127,7 +128,7 @@ TEST(Forms, TellTheYearsOfTheBooks) {
 }
 
 TEST(Names, AreSearchedInAnyCase) {
-  const Books books = host::BooksFor(test::SamplePath());
+  const Books books = host::BooksFor(books::test::SampleFile());
   const Json found = Json::parse(NamesAsJson(books, automation::kItems, "TYRE 2.75"));
   ASSERT_FALSE(found.empty());
   for (const Json& one : found) {
@@ -138,7 +139,7 @@ TEST(Names, AreSearchedInAnyCase) {
 }
 
 TEST(Names, AreFiftyAtMost) {
-  const Books books = host::BooksFor(test::SamplePath());
+  const Books books = host::BooksFor(books::test::SampleFile());
   EXPECT_LE(Json::parse(NamesAsJson(books, automation::kItems, "")).size(), 50U);
   EXPECT_GT(Json::parse(NamesAsJson(books, automation::kParties, "")).size(), 10U);
 }

@@ -9,6 +9,7 @@
 
 #include "host/ServeCommand.h"
 #include "session/data/Error.h"
+#include "tests/books/BooksOnDisk.h"
 #include "tests/viewer/ViewerBooks.h"
 #include "viewer/PageFiles.h"
 #include "viewer/Server.h"
@@ -21,7 +22,7 @@ using Json = nlohmann::json;
 class ServedBooks : public testing::Test {
  protected:
   explicit ServedBooks(const Limits& limits = {})
-      : server_({host::BooksFor(test::SamplePath()), 0, "en_IN", limits}),
+      : server_({host::BooksFor(books::test::SampleFile()), 0, "en_IN", limits}),
         thread_([this] { server_.Run(); }),
         http_("127.0.0.1", server_.Port()) {
     http_.set_keep_alive(true);
@@ -305,8 +306,8 @@ TEST_F(LonelyBooks, CloseTheReportOfAPageThatHasGone) {
 }
 
 TEST(Server, RefusesAPortThatIsTaken) {
-  const Server first({host::BooksFor(test::SamplePath()), 0, "", {}});
-  EXPECT_THROW(Server({host::BooksFor(test::SamplePath()), first.Port(), "", {}}), Error);
+  const Server first({host::BooksFor(books::test::SampleFile()), 0, "", {}});
+  EXPECT_THROW(Server({host::BooksFor(books::test::SampleFile()), first.Port(), "", {}}), Error);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "host/ServeCommand.h"
 #include "session/data/Error.h"
+#include "tests/books/BooksOnDisk.h"
 #include "tests/viewer/ViewerBooks.h"
 
 namespace pstolvane1::viewer {
@@ -196,7 +197,7 @@ TEST(ShownReport, SortsATreeWithinItsGroups) {
       "StockDetails_Categorywise",
       {"bytYearno=2", "dtFromDate=2004-04-01", "dtToDate=2005-03-31", "ValuationMethod=AverageRate",
        "lngAny_Id1=-1", "blnOnlyItems=false", "blnDetailed=true", "blnAltUom=false", "sngScale=1"});
-  ReportRun run(words, {}, host::BooksFor(test::SamplePath()).look);
+  ReportRun run(words, {}, host::BooksFor(books::test::SampleFile()).look);
   const ReportRun::State state = test::Ended(run);
   ASSERT_EQ(state.stage, ReportRun::Stage::kDone) << state.problem;
   const Json plain = LinesOf(run, {});
@@ -224,7 +225,7 @@ TEST(Arrangement, FiltersLinesWithTheDocumentThatTheyBelongTo) {
       {"bytYearno=2", "dtFromDate=2004-04-01", "dtToDate=2005-03-31", "blnDetailed=false"});
   words.asynchronous = false;
   words.rowsets = {"recitem=select Item_id as ItemNew_id, ItemName from Items1"};
-  ReportRun run(words, {}, host::BooksFor(test::SamplePath()).look);
+  ReportRun run(words, {}, host::BooksFor(books::test::SampleFile()).look);
   const ReportRun::State state = test::Ended(run);
   ASSERT_EQ(state.stage, ReportRun::Stage::kDone) << state.problem;
   const Json head = Json::parse(state.head);

@@ -1,25 +1,14 @@
 #include "tests/viewer/ViewerBooks.h"
 
-#include "session/books/SampleBooks.h"
 #include "tests/books/BooksOnDisk.h"
 
 namespace pstolvane1::viewer::test {
-
-const std::string& SamplePath() {
-  static const books::test::Folder folder;
-  static const std::string path = [] {
-    std::string file = folder.File("sample.db");
-    books::SampleBooks(file);
-    return file;
-  }();
-  return path;
-}
 
 automation::CallWords Asked(const std::string& operation, std::vector<std::string> arguments) {
   automation::CallWords words;
   words.operation = operation;
   words.arguments = std::move(arguments);
-  words.books = SamplePath();
+  words.books = books::test::SampleFile();
   words.locale = "en_IN";
   words.asynchronous = true;
   return words;

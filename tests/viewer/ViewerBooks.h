@@ -9,9 +9,7 @@
 
 namespace pstolvane1::viewer::test {
 
-// Sample books, made once for all tests of the program.
-[[nodiscard]] const std::string& SamplePath();
-// Years are 1 to 3, from April 2003 on.
+// A report on the sample books, whose years are 1 to 3, from April 2003 on.
 [[nodiscard]] automation::CallWords Asked(const std::string& operation,
                                           std::vector<std::string> arguments);
 // Sales of April 2004 by party: twenty lines or so.
