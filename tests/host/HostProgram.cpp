@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <optional>
@@ -12,12 +13,12 @@
 #include <thread>
 #include <unistd.h>
 
-#include "session/books/SampleBooks.h"
-
 extern char** environ;
 
 namespace pstolvane1::host::test {
 namespace {
+
+constexpr std::chrono::seconds kPatience{30};
 
 struct Running {
   pid_t process = 0;
@@ -38,6 +39,12 @@ int WaitFor(pid_t process) {
   while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
   }
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+bool HasEnded(pid_t process) {
+  siginfo_t told{};
+  return waitid(P_PID, static_cast<id_t>(process), &told, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+         told.si_pid == process;
 }
 
 Running Start(const books::test::Folder& folder, const Words& words,
@@ -91,6 +98,22 @@ Finished StolvaneInto(const std::string& output, const Words& words) {
   return Finish(Start(folder, words, output));
 }
 
+Finished StolvaneOnceItSays(const std::string& word, const Words& words,
+                            const std::function<void(const std::string& out)>& meanwhile) {
+  const books::test::Folder folder;
+  const Running running = Start(folder, words);
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  std::string out;
+  while (out.find(word) == std::string::npos && !HasEnded(running.process) &&
+         std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    out = books::test::Content(running.out_file);
+  }
+  meanwhile(out);
+  kill(running.process, SIGINT);
+  return Finish(running);
+}
+
 Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds) {
   const books::test::Folder folder;
   const Running running = Start(folder, words);
@@ -138,16 +161,6 @@ Finished StolvaneOnTerminal(const Words& words, unsigned short lines, unsigned s
 Finished StolvaneAtPrompt(const Words& words, const std::string& typed) {
   return OnTerminal(words, {.ws_row = 200, .ws_col = 200, .ws_xpixel = 0, .ws_ypixel = 0}, "cat",
                     typed);
-}
-
-const std::string& SampleHost::Books() {
-  static const books::test::Folder folder;
-  static const std::string path = [] {
-    std::string file = folder.File("sample.db");
-    books::SampleBooks(file);
-    return file;
-  }();
-  return path;
 }
 
 }  // namespace pstolvane1::host::test

@@ -1,6 +1,7 @@
 // The command line host as a program that a test runs.
 #pragma once
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <string>
@@ -25,6 +26,11 @@ using Words = std::vector<std::string>;
 [[nodiscard]] Finished StolvaneInto(const std::string& output, const Words& words);
 // Runs it and sends it a signal once it has been at work for a while.
 [[nodiscard]] Finished StolvaneWithSignal(const Words& words, int signal, int milliseconds);
+// Runs it, and once it has written a word, does something with all that it has written; then it
+// gets the signal of Ctrl-C. After half a minute without the word it goes on all the same.
+[[nodiscard]] Finished StolvaneOnceItSays(
+    const std::string& word, const Words& words,
+    const std::function<void(const std::string& out)>& meanwhile);
 // Runs it on a terminal of this size, with this pager. What it writes, to either output, is in out,
 // with line ends as a terminal has them.
 [[nodiscard]] Finished StolvaneOnTerminal(const Words& words, unsigned short lines,
@@ -36,7 +42,7 @@ using Words = std::vector<std::string>;
 // Sample books for all tests of a program, and a folder for each.
 class SampleHost : public testing::Test {
  protected:
-  static const std::string& Books();
+  static const std::string& Books() { return books::test::SampleFile(); }
   books::test::Folder folder;
 };
 

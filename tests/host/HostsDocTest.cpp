@@ -1,50 +1,22 @@
 // docs/hosts.md, snippet by snippet: each stands below as it stands there, and is run.
 #include <cctype>
 #include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "HostProgram.h"
+#include "DocPage.h"
 #include "automation/SortText.h"
 #include "session/clsStolvane1.h"
 #include "session/data/Error.h"
-#include "tests/SourcePath.h"
 
 namespace pstolvane1::host::test {
 namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
-
-std::string ContentOf(const std::string& file) {
-  std::ostringstream content;
-  content << std::ifstream(SourcePath(file)).rdbuf();
-  return content.str();
-}
-
-// What stands between the fences of a page that begin in this way.
-std::vector<std::string> Snippets(const std::string& page, const std::string& fence) {
-  std::vector<std::string> snippets;
-  std::istringstream lines(page);
-  bool inside = false;
-  bool wanted = false;
-  for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with("```")) {
-      inside = !inside;
-      wanted = inside && line == fence;
-      if (wanted) snippets.emplace_back();
-    } else if (wanted) {
-      snippets.back() += line + '\n';
-    }
-  }
-  return snippets;
-}
 
 // Line ends and indents are the formatter's here and the reader's there.
 std::string WithoutBlanks(std::string_view text) {
@@ -55,17 +27,9 @@ std::string WithoutBlanks(std::string_view text) {
   return rest;
 }
 
-// In the folder of the sample books, which lie there as books.db. What is printed is kept.
-class HostsDoc : public SampleHost {
+class HostsDoc : public DocHost {
  protected:
-  HostsDoc() : before_(std::filesystem::current_path()) {
-    std::filesystem::copy_file(Books(), folder.File("books.db"));
-    std::filesystem::current_path(folder.Path());
-  }
-  ~HostsDoc() override { std::filesystem::current_path(before_); }
-
- private:
-  std::filesystem::path before_;
+  HostsDoc() : DocHost("books.db") {}
 };
 
 TEST_F(HostsDoc, SnippetsOfAHostRun) {
@@ -143,52 +107,22 @@ TEST_F(HostsDoc, SnippetsOfAHostRun) {
 }
 
 TEST_F(HostsDoc, HasNoSnippetThatIsNotRun) {
-  const std::string run = WithoutBlanks(ContentOf("tests/host/HostsDocTest.cpp"));
-  const std::vector<std::string> snippets = Snippets(ContentOf("docs/hosts.md"), "```cpp");
+  const std::string run = WithoutBlanks(DocPage("tests/host/HostsDocTest.cpp"));
+  const std::vector<std::string> snippets = Snippets(DocPage("docs/hosts.md"), "```cpp");
   EXPECT_EQ(snippets.size(), 6U);
   for (const std::string& snippet : snippets) {
     EXPECT_THAT(run, HasSubstr(WithoutBlanks(snippet))) << snippet;
   }
 }
 
-// The words of a command, as a shell parts them.
-Words WordsOf(const std::string& command) {
-  Words words;
-  bool quoted = false;
-  bool in_word = false;
-  for (std::size_t i = 0; i < command.size(); ++i) {
-    if (command[i] == '"') {
-      quoted = !quoted;
-      if (!in_word) words.emplace_back();
-      in_word = true;
-    } else if (!quoted && (command[i] == ' ' || command[i] == '\n' || command[i] == '\\')) {
-      in_word = false;
-    } else {
-      if (!in_word) words.emplace_back();
-      in_word = true;
-      words.back() += command[i];
-    }
-  }
-  return words;
-}
-
 TEST_F(HostsDoc, CommandsOfThePageRun) {
-  int commands = 0;
-  for (const std::string& snippet : Snippets(ContentOf("docs/hosts.md"), "```")) {
-    std::string text = snippet;
-    for (std::size_t at = 0; (at = text.find("\nstolvane ")) != std::string::npos;) text[at] = '\v';
-    std::istringstream parts(text);
-    for (std::string command; std::getline(parts, command, '\v'); ++commands) {
-      Words words = WordsOf(command);
-      ASSERT_FALSE(words.empty());
-      EXPECT_EQ(words.front(), "stolvane");
-      words.erase(words.begin());
-      const Finished finished = Stolvane(words);
-      EXPECT_EQ(finished.status, 0) << command << finished.err;
-      EXPECT_NE(finished.out, "") << command;
-    }
+  const std::vector<Words> commands = CommandsOf(DocPage("docs/hosts.md"));
+  EXPECT_EQ(commands.size(), 3U);
+  for (const Words& words : commands) {
+    const Finished finished = Stolvane(words);
+    EXPECT_EQ(finished.status, 0) << words.front() << finished.err;
+    EXPECT_NE(finished.out, "") << words.front();
   }
-  EXPECT_EQ(commands, 3);
 }
 
 }  // namespace
