@@ -1,6 +1,7 @@
 // The viewer in a real browser: node browse.mjs PROGRAM BOOKS FOLDER [--pictures].
 // A report of each family is opened, compared with its rowset, sorted, filtered, followed and
-// exported; then what holds for all pages. FOLDER takes what is downloaded.
+// exported; then what holds for all pages. FOLDER takes what is downloaded. With the program that
+// scripts/view builds, that script is tried as well.
 
 import assert from "node:assert/strict";
 import { execFileSync, spawn } from "node:child_process";
@@ -11,7 +12,8 @@ import { fileURLToPath } from "node:url";
 
 const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), "../..");
 const { chromium } = createRequire(path.join(root, "viewer/page/"))("playwright-core");
-const [program, books, folder, flag] = process.argv.slice(2);
+const [program, books, folder] = process.argv.slice(2, 5).map((one) => path.resolve(one));
+const flag = process.argv[5];
 const pictures = flag === "--pictures" ? path.join(root, "docs/pictures") : "";
 
 const YEAR = { bytYearno: "2", dtFromDate: "2004-04-01", dtToDate: "2005-03-31" };
@@ -43,8 +45,10 @@ function rowsetOf({ operation, given, rowset }) {
   return JSON.parse(execFileSync(program, words, { maxBuffer: 1 << 30 }).toString());
 }
 
-async function serve(file) {
-  const server = spawn(program, ["serve", "--books", file, "--locale", "en_IN"]);
+const serve = (file) => served(program, ["serve", "--books", file, "--locale", "en_IN"]);
+
+async function served(command, words) {
+  const server = spawn(command, words, { cwd: folder });
   const address = await new Promise((found, failed) => {
     let said = "";
     server.stdout.on("data", (data) => {
@@ -54,7 +58,9 @@ async function serve(file) {
     });
     server.on("exit", () => failed(new Error("the server has ended")));
   });
-  return { address, origin: new URL(address).origin, end: () => server.kill("SIGINT") };
+  const ended = new Promise((end) => server.on("exit", (_status, signal) => end(signal)));
+  return { address, origin: new URL(address).origin,
+           end: () => { server.kill("SIGINT"); return ended; } };
 }
 
 /** The rows in view, top to bottom: { kind, cells by column }. */
@@ -212,6 +218,17 @@ async function asked(page, server) {
   assert.ok((await rowsOf(page)).length >= 13);
 }
 
+/** The first minute with nothing but the sources: one command, an address, a report, Ctrl-C. */
+async function begun(browser) {
+  const server = await served(path.join(root, "scripts/view"), [path.basename(books)]);
+  await wholePages(browser, server, async (page) => {
+    await page.getByRole("link", { name: "Documents by party" }).click();
+    await page.getByRole("button", { name: "Show the report" }).click();
+    await page.waitForSelector(".count:not(:empty)");
+  });
+  assert.equal(await server.end(), "SIGINT");
+}
+
 /** What a key is picked from follows from another field. */
 async function askedByGroup(page, server) {
   await page.goto(server.origin + "/report/CustomerItemwise_Analysis");
@@ -323,6 +340,7 @@ const browser = await chromium.launch({
 const largeBooks = makeLargeBooks(); // meanwhile
 const server = await serve(books);
 try {
+  if (program === path.join(root, "build/stolvane")) await begun(browser);
   await wholePages(browser, server, async (page) => {
     await families(page, server);
     await asked(page, server);
