@@ -43,7 +43,7 @@ void pst_session_free(pst_session* session);
  * connection that it had. */
 int32_t pst_session_connect(pst_session* session, const char* books);
 /* Drops the report in hand, from any thread: its statements are interrupted, no fetch_complete
- * comes of it, and a call that is at work on it, or an export of a rowset, ends with an error. The
+ * comes of it, and a call at work on it, an export or a connect that waits ends with an error. The
  * session takes the next report at once. Nothing when no report is in hand. */
 int32_t pst_session_abandon(pst_session* session);
 

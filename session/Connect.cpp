@@ -36,6 +36,7 @@ void ReportFrame::SetConnection(std::string_view saved_connection,
     MainCn = make_connection_();
     if (!MainCn) throw Error(ErrorNumber::kObjectNotSet, "no connection was made");
     abandoning_.ReadFrom(ConnectionAccess::FetchesOf(*MainCn));
+    static_cast<void>(abandoning_.Begin());  // to connect can be abandoned as a report can
     module.strSavedConnection = saved_connection;
     Connect(std::string(connection_string), asynchronous);
     module.dtBooksFrom = books_from;

@@ -87,9 +87,9 @@ class clsStolvane1 : public clsStolvane1Events {
   [[nodiscard]] bool ReportIsWhole() const;
   // Drops the report in hand: its statements are interrupted, no FetchComplete comes of it, and a
   // call that is at work on it ends with error -2147217900 "the report was abandoned"; so does a
-  // sort or an export of a rowset that is at work on the session's thread. The session takes
-  // the next report at once. Nothing when no report is in hand. May be called from any thread, as
-  // long as the session lives, and inside a handler.
+  // sort or an export at work on the session's thread, and, with error 501, a SetConnection that
+  // waits. The session takes the next report at once. Nothing when none is in hand. May be called
+  // from any thread, as long as the session lives, and inside a handler.
   void Abandon();
   // An asynchronous report still fetches: its FetchComplete is yet to come. Once it is False,
   // nothing more comes from a report that has no FetchComplete.

@@ -1,6 +1,8 @@
 #include "session/data/Connection.h"
 
+#include <condition_variable>
 #include <exception>
+#include <mutex>
 #include <new>
 #include <optional>
 #include <utility>
@@ -9,6 +11,7 @@
 #include "session/data/ConnectionAccess.h"
 #include "session/data/MessageLoop.h"
 #include "session/data/OutOfMemory.h"
+#include "session/data/ThreadWork.h"
 
 namespace pstolvane1 {
 namespace {
@@ -27,6 +30,37 @@ Opened OpenProvider(const ProviderFactory& factory, const std::string& connectio
   } catch (...) {
     return {nullptr, std::current_exception()};
   }
+}
+
+// What a thread of its own opens for one that waits.
+struct Opening {
+  std::mutex mutex;
+  std::condition_variable ends;
+  std::optional<Opened> opened;
+};
+
+// The factory may be inside a call that nothing can end, such as a look-up of a server's name. Once
+// this thread's work is abandoned it goes on alone, and what it opens is let go.
+std::shared_ptr<Provider> OpenWhileNotAbandoned(const ProviderFactory& factory,
+                                                const std::string& connection_string,
+                                                std::chrono::milliseconds time_limit) {
+  constexpr std::chrono::milliseconds kLook{10};
+  const WorkInHand work;
+  const auto opening = std::make_shared<Opening>();
+  RunBeside([opening, factory, connection_string, time_limit] {
+    Opened opened = OpenProvider(factory, connection_string, time_limit);
+    const std::lock_guard lock(opening->mutex);
+    opening->opened = std::move(opened);
+    opening->ends.notify_one();
+  });
+  std::unique_lock lock(opening->mutex);
+  while (!opening->ends.wait_for(lock, kLook, [&] { return opening->opened.has_value(); })) {
+    if (work.Abandoned()) {
+      throw Error(ErrorNumber::kConnection, "the attempt to connect was abandoned");
+    }
+  }
+  if (opening->opened->failure) std::rethrow_exception(opening->opened->failure);
+  return opening->opened->provider;
 }
 
 std::optional<Error> ErrorOf(const Opened& opened) {
@@ -126,7 +160,11 @@ void Connection::Open(std::string_view connection_string, std::string_view user,
   }
 
   const std::shared_ptr<Connection> self = shared_from_this();  // a handler may drop the last other
-  const Opened opened = OpenProvider(impl_->factory, impl_->connection_string, time_limit);
+  const Opened opened = OpenProvider(
+      [&](const std::string& text, std::chrono::milliseconds limit) {
+        return OpenWhileNotAbandoned(impl_->factory, text, limit);
+      },
+      impl_->connection_string, time_limit);
   impl_->provider = opened.provider;
   const std::optional<Error> error = ErrorOf(opened);
   RaiseConnectComplete(error ? &*error : nullptr);

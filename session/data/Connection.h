@@ -33,8 +33,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
   // An empty connection_string leaves the one set before. A user and a password belong into it:
   // error 3001 when they are given apart, for other options, and when it is open or connecting.
-  //   -1: opens at once. Error 501 on failure. ConnectComplete is called once, before Open returns
-  //       or raises.
+  //   -1: opens at once. Error 501 on failure, and when the work of this thread is abandoned.
+  //       ConnectComplete is called once, before Open returns or raises.
   //   16 (adAsyncConnect): opens in the background. ConnectComplete is called once, while this
   //       thread pumps its messages.
   // What a handler throws goes to whoever called Open or pumps.

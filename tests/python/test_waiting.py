@@ -85,6 +85,25 @@ except KeyboardInterrupt:
 """, interrupt=True)
         self.assertEqual((status, told.splitlines()[-1]), (0, "interrupted None 4"), told)
 
+    def test_ctrl_c_ends_the_wait_for_a_server_that_does_not_answer(self):
+        status, told = self.run_program("""
+import socket, time
+silent = socket.create_server(("127.0.0.1", 0))
+called = []
+
+def answer():
+    called.append((silent.accept(), time.monotonic()))
+    print("begun", flush=True)
+
+threading.Thread(target=answer, daemon=True).start()
+try:
+    stolvane.open(f"postgresql://127.0.0.1:{silent.getsockname()[1]}/books?sslmode=disable")
+except KeyboardInterrupt:
+    waited = time.monotonic() - called[0][1]
+    print("interrupted", "at once" if waited < 20 else waited)
+""", interrupt=True)
+        self.assertEqual((status, told), (0, "begun\ninterrupted at once\n"))
+
     def test_a_program_may_end_while_reports_are_made(self):
         status, told = self.run_program("""
 stream = books.doc_initial(**small_books.SALES).__arrow_c_stream__()

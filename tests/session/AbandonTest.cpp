@@ -81,6 +81,32 @@ class Abandon : public SessionTest {
   }
 };
 
+TEST_F(Abandon, AConnectThatWaits) {
+  books->OpenHolds();
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    events.clear();
+    std::atomic<bool> ended = false;
+    std::thread other([&] {
+      for (; !ended; std::this_thread::sleep_for(milliseconds(10))) session->Abandon();
+    });
+    try {
+      session->SetConnection("", "", "books", False);
+      ADD_FAILURE() << "it was opened";
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Number(), ErrorNumber::kConnection);
+      EXPECT_NE(std::string(error.what()).find("the attempt to connect was abandoned"),
+                std::string::npos)
+          << error.what();
+    }
+    ended = true;
+    other.join();
+    EXPECT_EQ(events, (EventLog{"OnConnect 'the attempt to connect was abandoned'"}));
+  }
+  books->Release();
+  Connect();
+  ExpectTheNextIsRight();
+}
+
 TEST_F(Abandon, AFetchIsDroppedWithoutFetchComplete) {
   FakeTable held = Ledgers(4);
   held.held = true;
