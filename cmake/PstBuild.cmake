@@ -54,23 +54,27 @@ function(pst_library name)
     file(GLOB ARG_SOURCES CONFIGURE_DEPENDS *.cpp)
   endif()
   add_library(${name} STATIC ${ARG_SOURCES})
+  target_compile_options(${name} PRIVATE ${PSTOLVANE1_LIBRARY_FLAGS})
   pst_compile_together(${name})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE $<BUILD_INTERFACE:pst_flags>)
   set_property(GLOBAL APPEND PROPERTY PST_LIBRARIES ${name})
 endfunction()
 
-# pst_test(NAME [SERVER] [THREADS] [ONCE] [SHARDS n] SOURCES files... LINK targets...): one test program,
+# What the sanitizers are told of libraries that are not ours.
+set(PST_TEST_ENVIRONMENT
+  "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.txt:print_suppressions=0"
+  "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/races.txt")
+
+# pst_test(NAME [SERVER] [THREADS] [SHARDS n] SOURCES files... LINK targets...): one test program,
 # which ctest runs as a whole, or as n runs that share its cases. With SERVER it has the throw-away
-# PostgreSQL server of tests/server. Those with THREADS run under the thread sanitizer as well. Those
-# with ONCE are long and compare what other programs run too: the sanitizers leave them out.
+# PostgreSQL server of tests/server. Those with THREADS run under the thread sanitizer as well.
 add_custom_target(threads_tests)
 function(pst_test name)
-  cmake_parse_arguments(ARG "SERVER;THREADS;ONCE" "SHARDS" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SERVER;THREADS" "SHARDS" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   pst_compile_together(${name})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} test_files GTest::gtest_main GTest::gmock pst_flags)
-  set(environment
-    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.txt:print_suppressions=0")
+  set(environment ${PST_TEST_ENVIRONMENT})
   set(properties TIMEOUT 1800)
   set(labels "")
   if(ARG_SERVER)
@@ -81,9 +85,6 @@ function(pst_test name)
   if(ARG_THREADS)
     add_dependencies(threads_tests ${name})
     list(APPEND labels threads)
-  endif()
-  if(ARG_ONCE)
-    list(APPEND labels once)
   endif()
   if(NOT ARG_SHARDS)
     set(ARG_SHARDS 1)

@@ -3,11 +3,10 @@ import contextlib
 import doctest
 import os
 import re
-import subprocess
 import tempfile
 import unittest
 
-from small_books import PROGRAM, ROOT
+from small_books import ROOT, run_program
 
 
 class Page(unittest.TestCase):
@@ -17,7 +16,7 @@ class Page(unittest.TestCase):
         self.assertGreater(len(pieces), 4)
         told = []
         with tempfile.TemporaryDirectory() as folder, contextlib.chdir(folder):
-            subprocess.run([PROGRAM, "books", "sample", "books.db"], check=True, capture_output=True)
+            run_program("books", "sample", "books.db")
             piece = doctest.DocTestParser().get_doctest("".join(pieces), {}, "docs/python.md", None, 0)
             result = doctest.DocTestRunner(verbose=False).run(piece, out=told.append)
             self.assertEqual(result.failed, 0, "".join(told))
