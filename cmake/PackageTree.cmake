@@ -1,5 +1,5 @@
-# Brings what was installed into the form that Debian has: documents under the package's name, the
-# manual page compressed, no debug data.
+# Brings what was installed into the form that Debian has: documents under the package's name with
+# those of PST_DOCUMENTS, the manual page compressed, no debug data.
 file(GLOB_RECURSE manuals ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share/man/*.1)
 foreach(manual IN LISTS manuals)
   execute_process(COMMAND gzip -9nf ${manual} COMMAND_ERROR_IS_FATAL ANY)
@@ -13,3 +13,5 @@ foreach(folder IN LISTS documents)
   get_filename_component(above ${folder} DIRECTORY)
   file(RENAME ${folder} ${above}/${CPACK_PACKAGE_NAME})
 endforeach()
+file(GLOB documents ${PST_DOCUMENTS}/*)
+file(COPY ${documents} DESTINATION ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share/doc/${CPACK_PACKAGE_NAME})

@@ -1,11 +1,13 @@
 # The Debian package that scripts/package makes of what is installed.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME pstolvane1)
-set(CPACK_PACKAGE_CONTACT "pStolvane1 developers <root@localhost>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_PACKAGE_DESCRIPTION
-  "The program stolvane prints stock and sales reports from the books of a company, as tables, pages, workbooks and for programs. With it come the library pStolvane1, which gives the same reports to hosts in C++ and C as rowsets, its development files and the documents.")
+"The program stolvane prints stock and sales reports from the books of a
+company, as tables, pages, workbooks and for programs. With it come the
+library pStolvane1, which gives the same reports to hosts in C++ and C as
+rowsets, its development files and the documents.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PACKAGE_RELOCATABLE OFF)
 set(CPACK_STRIP_FILES OFF)
