@@ -58,7 +58,8 @@ void AddCommand(const CLI::App& command, const std::string& before, std::string&
 
 std::string ManPage(const CLI::App& app, std::string_view version) {
   std::string page = fmt::format(
-      ".TH STOLVANE 1 \"\" \"stolvane {}\"\n.ad l\n.SH NAME\nstolvane \\- {}\n.SH SYNOPSIS\n.B stolvane\n"
+      ".TH STOLVANE 1 \"\" \"stolvane {}\"\n.ad l\n.SH NAME\nstolvane \\- {}\n.SH SYNOPSIS\n.B "
+      "stolvane\n"
       ".I COMMAND\n[...]\n.SH COMMANDS\n",
       Roff(version), Roff(app.get_description()));
   for (const CLI::App* command : app.get_subcommands({})) AddCommand(*command, "stolvane", page);

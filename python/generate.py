@@ -20,8 +20,8 @@ WORDS = {"bytYearno": "year", "reptype": "report_type", "recitem": "items", "rsI
 TYPES = {"byte": "int", "int32": "int", "single": "float", "date": "Day", "boolean": "bool",
          "text": "str", "variant": "Day", "rowset": "str"}
 # How a value is handed over, and what stands in a place that the report does not look at.
-HANDED_OVER = {"byte": "whole({})", "int32": "whole({})", "single": "float({})", "date": "day({})",
-               "boolean": "bool({})", "variant": "day({})", "rowset": "{}", "text": "{}"}
+HANDED_OVER = {"byte": "whole({})", "int32": "whole({})", "single": "number({})", "date": "day({})",
+               "boolean": "flag({})", "variant": "day({})", "rowset": "{}", "text": "{}"}
 NOT_LOOKED_AT = {"byte": 0, "int32": 0, "single": 1.0, "date": "1899-12-30", "boolean": False,
                  "text": "", "variant": 0, "rowset": None, "enumeration": 0}
 # What a flag and a scale are where the catalogue has no default; nothing can be divided by one of 0.
@@ -174,7 +174,7 @@ def main():
 
     def _call(self, operation: str, arguments: dict[str, Any], decided_by: str = "",
               gives_report: bool = False) -> Any:'''
-    code = [HEAD.format(more="", values=", day, member, whole", enumerations=names), *enumerations,
+    code = [HEAD.format(more="", values=", day, flag, member, number, whole", enumerations=names), *enumerations,
             base + "\n        raise NotImplementedError\n\n" +
             "\n".join(one.code() for one in methods)]
     stub = [HEAD.format(more=", Literal, overload", values="", enumerations=names), *enumerations,

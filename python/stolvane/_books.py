@@ -5,6 +5,7 @@ from __future__ import annotations
 import atexit
 import json
 import os
+import threading
 import time
 import weakref
 from typing import Any, Callable
@@ -53,6 +54,8 @@ class Books(Operations):
         self._arrived: Report | None = None
         self._announces = False  # on_complete is told of it
         self._was_abandoned = False
+        # Held for a call or a wait, so that what is known of the report in hand is one thread's.
+        self._turn = threading.RLock()
         _opened.add(self)
         try:
             self._session.connect(self._connection, self._hear)
@@ -75,6 +78,7 @@ class Books(Operations):
         """Lets the books go; what runs is abandoned. Reports stay."""
         _opened.discard(self)
         self._is_open = False
+        self._awaited, self._was_abandoned = None, True
         self._session.close()
 
     def abandon(self) -> None:
@@ -87,6 +91,10 @@ class Books(Operations):
 
         Handlers are called meanwhile. None after so many seconds, and when none is on its way.
         """
+        with self._turn:
+            return self._wait(seconds)
+
+    def _wait(self, seconds: float | None = None) -> Report | None:
         end = None if seconds is None else time.monotonic() + seconds
         try:
             while self._awaited is not None:
@@ -108,6 +116,11 @@ class Books(Operations):
 
     def _call(self, operation: str, arguments: dict[str, Any], decided_by: str = "",
               gives_report: bool = False) -> Any:
+        with self._turn:
+            return self._call_in_turn(operation, arguments, decided_by, gives_report)
+
+    def _call_in_turn(self, operation: str, arguments: dict[str, Any], decided_by: str,
+                      gives_report: bool) -> Any:
         self._check_open()
         changed: dict[str, Any] = {}
         made = {"operation": operation, "arguments": arguments, "changed": changed,
@@ -135,7 +148,7 @@ class Books(Operations):
             return self._report(rowset, made)
         if not gives_report or not waits:
             return result["value"]
-        report = self.wait()
+        report = self._wait()
         if report is None and self._was_abandoned:
             raise Error(_ABANDONED, "the report was abandoned")
         return report
@@ -174,3 +187,12 @@ def _close_all() -> None:
             books.close()
         except Error:
             pass
+
+
+def _begin_anew() -> None:
+    """In a process that was forked off, where the thread that had the turn is not."""
+    for books in _opened:
+        books._turn = threading.RLock()
+
+
+os.register_at_fork(after_in_child=_begin_anew)

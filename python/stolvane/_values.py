@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import datetime
 import enum
+import math
 import operator
 from typing import Type, TypeVar, Union
 
@@ -15,9 +16,28 @@ def whole(value: int) -> int:
     return operator.index(value)
 
 
+def flag(value: bool) -> bool:
+    """True and False, also those of other packages; a text such as "no" would be True."""
+    if value is None or isinstance(value, (str, bytes)):
+        raise TypeError(f"a flag is True or False, not {value!r}")
+    return bool(value)
+
+
+def number(value: float) -> float:
+    if isinstance(value, (str, bytes)):
+        raise TypeError(f"a number is wanted, not {value!r}")
+    if not math.isfinite(value):
+        raise ValueError(f"a finite number is wanted, not {value!r}")
+    return float(value)
+
+
 def day(value: Day | None) -> str | None:
     """A date, or its ISO text as it stands; None is left out of the call."""
-    return value.isoformat() if isinstance(value, datetime.date) else value
+    if value is None or isinstance(value, str):
+        return value
+    if not isinstance(value, datetime.date):
+        raise TypeError(f"a date is a datetime.date, or a text as 2004-03-31, not {value!r}")
+    return value.isoformat()
 
 
 def member(names: Type[Member], value: Member | int | str) -> int:

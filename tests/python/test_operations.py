@@ -1,5 +1,6 @@
 """The methods are those of the catalogue, and their arguments what Python has for them."""
 import datetime
+import decimal
 import importlib.util
 import inspect
 import json
@@ -126,6 +127,15 @@ class Values(SmallBooks):
             self.books.doc_initial(**{**SALES, "vouchertype_id": "10"})
         with self.assertRaises(TypeError):
             self.books.doc_initial(**SALES, amount=1)
+
+    def test_what_looks_like_a_flag_a_number_or_a_date_is_refused_too(self):
+        for wrong in ({"no_rel": "no"}, {"no_rel": None}, {"scale": "1000"}, {"to_date": 20040331}):
+            with self.assertRaises(TypeError, msg=wrong):
+                self.books.doc_initial(**{**SALES, **wrong})
+        for wrong in (float("nan"), float("inf")):
+            with self.assertRaisesRegex(ValueError, "finite"):
+                self.books.doc_initial(**SALES, scale=wrong)
+        self.assertEqual(len(self.books.doc_initial(**SALES, no_rel=0, scale=decimal.Decimal(2))), 4)
 
     def test_a_rowset_argument_is_one_select(self):
         report = self.books.service_report_regno(

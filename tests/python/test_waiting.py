@@ -25,7 +25,7 @@ def when_in_a_call(then):
     waits = threading.get_ident()
 
     def look():
-        while sys._current_frames()[waits].f_code.co_name != "_call":
+        while sys._current_frames()[waits].f_code.co_name != "_call_in_turn":
             time.sleep(0.001)
         then()
 
@@ -194,6 +194,55 @@ print("end", flush=True)
         for thread in threads:
             thread.join()
         self.assertEqual(totals, ["₹1,750.50"] * 8)
+
+    def test_each_thread_gets_its_own_report_while_progress_is_told(self):
+        self.books.on_progress = lambda percent, message: None
+        got = []
+
+        def ask(place):
+            if place % 2 == 0:
+                report = self.books.doc_initial(**SALES)
+            else:
+                report = self.books.ledgers_by_code(year=1, code="1")
+            got.append((report.operation, len(report)))
+
+        threads = [threading.Thread(target=ask, args=(place,)) for place in range(8)]
+        for thread in threads:
+            thread.start()
+        for thread in threads:
+            thread.join()
+        self.assertEqual(sorted(got), [("Doc_Initial", 4)] * 4 + [("LedgersByCode", 2)] * 4)
+
+    def test_a_handler_may_close_the_books(self):
+        books = self.open()
+        books.on_progress = lambda percent, message: books.close()
+        with self.fails(-2147217900) as failure:
+            books.doc_initial(**SALES)
+        self.assertEqual(failure.text, "the report was abandoned")
+        with self.fails(91):
+            books.doc_initial(**SALES)
+
+    def test_a_process_may_be_forked_off_while_a_thread_has_a_report(self):
+        def ask():
+            with self.assertRaises(stolvane.Error):
+                self.books.p_order_text_query(filter=ENDLESS)
+
+        other = threading.Thread(target=ask)
+        other.start()
+        while sys._current_frames()[other.ident].f_code.co_name != "_call_in_turn":
+            time.sleep(0.001)
+        child = os.fork()
+        if child == 0:
+            signal.alarm(60)
+            try:
+                self.books.doc_initial(**SALES)
+            except stolvane.Error as error:
+                os._exit(error.number)
+            os._exit(0)
+        self.assertEqual(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), 91)
+        while other.is_alive():
+            self.books.abandon()
+            other.join(0.01)
 
     def test_a_process_that_was_forked_off_is_told(self):
         report = self.books.doc_initial(**SALES)
