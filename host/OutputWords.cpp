@@ -107,6 +107,10 @@ void AddOutput(CLI::App& command, OutputOptions& output) {
       ->option_text("TEXT");
   command.add_flag("--bom", output.sheet.byte_order_mark,
                    "of a sheet: the mark by which some programs know UTF-8");
+  AddLook(command, output);
+}
+
+void AddLook(CLI::App& command, OutputOptions& output) {
   command
       .add_option("--company", output.company,
                   "the name on top of a report; without it that of the books")

@@ -9,9 +9,11 @@ class App;
 
 namespace pstolvane1::host {
 
-// --format, --out, --columns, --separator, --bom, --company, --letterhead, --paper,
-// --locale and --currency. Without --format the suffix of --out decides.
+// --format, --out, --columns, --separator, --bom, and those of AddLook. Without --format the suffix
+// of --out decides.
 void AddOutput(CLI::App& command, OutputOptions& output);
+// --company, --letterhead, --paper, --locale and --currency.
+void AddLook(CLI::App& command, OutputOptions& output);
 // --quiet.
 void AddQuiet(CLI::App& command, bool& quiet);
 

@@ -6,6 +6,7 @@
 
 #include "host/BooksLookup.h"
 #include "host/Command.h"
+#include "host/OutputWords.h"
 #include "host/Period.h"
 #include "host/ReportHead.h"
 #include "host/StopSignals.h"
@@ -15,14 +16,16 @@ namespace pstolvane1::host {
 namespace {
 
 struct Options {
-  std::string books, locale;
+  std::string books;
+  OutputOptions look;
   int port = 0;
 };
 
 int Serve(const Options& options) {
-  const viewer::Books books = BooksFor(options.books);
+  const viewer::Books books = BooksFor(options.books, options.look);
   static_cast<void>(books.years());  // books that cannot be opened are told here
-  viewer::Server server({books, options.port, options.locale, {}});
+  static_cast<void>(books.paper());  // and so is a letterhead
+  viewer::Server server({books, options.port, options.look.locale, {}});
   std::cout << "The books are open in the browser at\n  " << server.Address()
             << "\nThe address is for this machine and for you. Ctrl-C ends it.\n"
             << std::flush;
@@ -32,7 +35,8 @@ int Serve(const Options& options) {
 
 }  // namespace
 
-viewer::Books BooksFor(const std::string& connection) {
+viewer::Books BooksFor(const std::string& connection, OutputOptions look) {
+  look.books = connection;
   viewer::Books books;
   books.connection = connection;
   books.years = [connection] {
@@ -49,14 +53,13 @@ viewer::Books BooksFor(const std::string& connection) {
   books.name_of = [connection](const automation::Master& names, std::int32_t key) {
     return BooksLookup(connection).NameOf(names, key);
   };
-  books.look = [connection](const automation::CallInWords& call, const Locale& locale) {
+  books.paper = [look] { return PrintStyleOf(look); };
+  books.look = [look](const automation::CallInWords& call, const Locale& locale) {
     // The look asks on for as long as it is used.
-    const auto lookup = std::make_shared<BooksLookup>(connection);
+    const auto lookup = std::make_shared<BooksLookup>(look.books);
     const automation::KeysOfBooks keys = lookup->Keys();
-    OutputOptions output;
-    output.books = connection;
     return automation::LookOf(
-        call, CompanyOf(output),
+        call, CompanyOf(look),
         {[lookup, ask = keys.name_of](const automation::Master& names, std::int32_t key) {
            return ask(names, key);
          },
@@ -77,8 +80,7 @@ void AddServeCommand(CLI::App& app, Asked& asked) {
   serve->add_option("--port", options->port, "where it is served; 0 is any free one")
       ->check(CLI::Range(0, 65535))
       ->option_text("N");
-  serve->add_option("--locale", options->locale, "how numbers and dates are written")
-      ->option_text("LOCALE");
+  AddLook(*serve, options->look);
   serve->footer("Only this machine reaches it.\nExample:\n  stolvane serve --books mine.db");
   serve->callback([&asked, options] { asked.command = [options] { return Serve(*options); }; });
 }

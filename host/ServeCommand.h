@@ -3,11 +3,13 @@
 
 #include <string>
 
+#include "host/Output.h"
 #include "viewer/Books.h"
 
 namespace pstolvane1::host {
 
-// What the viewer asks of these books; each question opens them anew.
-[[nodiscard]] viewer::Books BooksFor(const std::string& connection);
+// What the viewer asks of these books; each question opens them anew. Of the options, those that
+// AddLook adds count.
+[[nodiscard]] viewer::Books BooksFor(const std::string& connection, OutputOptions look = {});
 
 }  // namespace pstolvane1::host

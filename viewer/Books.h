@@ -8,6 +8,7 @@
 
 #include "automation/CallInWords.h"
 #include "automation/Masters.h"
+#include "host/print/ExportPdf.h"
 #include "session/data/Date.h"
 #include "session/data/Recordset.h"
 #include "session/rowset/Locale.h"
@@ -29,6 +30,8 @@ struct Books {
   std::function<RecordsetPtr(const automation::Master& names, const std::string& text)> names;
   // The name of a key; "" for none.
   std::function<std::string(const automation::Master& names, std::int32_t key)> name_of;
+  // How pages are printed, and whose letterhead they have.
+  std::function<print::PrintStyle()> paper;
   // The words above a report and over its columns. What it gives belongs to the asking thread.
   std::function<ReportLook(const automation::CallInWords& call, const Locale& locale)> look;
 };

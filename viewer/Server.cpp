@@ -301,12 +301,14 @@ class Server::Routes {
     AddExport("csv", "text/csv; charset=utf-8", &ShownReport::Csv);
     AddExport("xlsx", "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet",
               &ShownReport::Xlsx);
-    AddExport("pdf", "application/pdf", &ShownReport::Pdf);
+    AddExport("pdf", "application/pdf", [this](ShownReport& shown, const ShownReport::Seen& seen) {
+      return shown.Pdf(seen, options_.books.paper());
+    });
     AddExport("html", "text/html; charset=utf-8", &ShownReport::Html);
   }
 
   void AddExport(const std::string& suffix, const char* type,
-                 std::string (ShownReport::*make)(const ShownReport::Seen&)) {
+                 const std::function<std::string(ShownReport&, const ShownReport::Seen&)>& make) {
     http_.Get(
         R"(/api/reports/(\d+)/report\.)" + suffix,
         OfReport([suffix, type, make](ReportRun& run, const Request& request, Response& response) {
@@ -314,7 +316,7 @@ class Server::Routes {
           std::string name;
           const std::string text = run.Ask([&](ShownReport& shown) {
             name = shown.Name();
-            return (shown.*make)(seen);
+            return make(shown, seen);
           });
           if (suffix != "html") {
             response.set_header("Content-Disposition",

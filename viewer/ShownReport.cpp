@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "automation/SortedCall.h"
-#include "host/print/ExportPdf.h"
 #include "session/data/TextFold.h"
 #include "session/data/ThreadWork.h"
 #include "session/rowset/Export.h"
@@ -65,16 +64,24 @@ bool CanDraw(const Picture& picture, const Recordset& report) {
                              [&](const std::string& name) { return report.HasColumn(name); });
 }
 
-std::string LongestCell(const ReportView& view, std::size_t column) {
-  std::string longest;
+struct LongCell {
+  std::string text;
+  int indent = 0;
+};
+
+// A level is as wide as two letters.
+LongCell LongestCell(const ReportView& view, std::size_t column) {
+  LongCell longest;
   std::size_t most = 0;
   for (const ReportView::Line& line : view.Lines()) {
     const std::string& cell = line.cells[column];
-    if (cell.size() <= most) continue;
-    const std::size_t characters = CountCharacters(cell);
+    const int indent = view.IndentOf(line, column);
+    const std::size_t room = 2 * static_cast<std::size_t>(indent);
+    if (cell.empty() || cell.size() + room <= most) continue;
+    const std::size_t characters = CountCharacters(cell) + room;
     if (characters <= most) continue;
     most = characters;
-    longest = cell;
+    longest = {cell, indent};
   }
   return longest;
 }
@@ -126,17 +133,22 @@ std::string ShownReport::Head() const {
   Json columns = Json::array(), pictures = Json::array();
   for (std::size_t at = 0; at < view_.Columns().size(); ++at) {
     const ReportView::Column& column = view_.Columns()[at];
+    const LongCell longest = LongestCell(view_, at);
     columns.push_back({{"name", column.name},
                        {"label", column.label.empty() ? column.name : column.label},
                        {"numeric", column.numeric},
-                       {"longest", LongestCell(view_, at)},
+                       {"longest", longest.text},
+                       {"indent", longest.indent},
                        {"sorts", arrangement_.Sorts(column.name)}});
   }
   for (const Picture* picture : pictures_) pictures.push_back(picture->words);
+  const auto telling = std::ranges::count_if(view_.Lines(), [](const ReportView::Line& line) {
+    return line.kind == LineKind::kLine || line.kind == LineKind::kGroup;
+  });
   return Dumped({{"title", view_.Look().title},
                  {"below", view_.Look().lines},
                  {"columns", std::move(columns)},
-                 {"lines", view_.Lines().size()},
+                 {"lines", telling},
                  {"notes", view_.Notes()},
                  {"pictures", std::move(pictures)},
                  {"whole", whole_}});
@@ -219,9 +231,9 @@ std::string ShownReport::Html(const Seen& seen) {
   return stream.str();
 }
 
-std::string ShownReport::Pdf(const Seen& seen) {
+std::string ShownReport::Pdf(const Seen& seen, const print::PrintStyle& style) {
   std::ostringstream stream;
-  print::ExportPdf(*Copy(seen.wish), LookOf(seen), locale_, {}, stream);
+  print::ExportPdf(*Copy(seen.wish), LookOf(seen), locale_, style, stream);
   return stream.str();
 }
 

@@ -13,6 +13,7 @@
 #include "automation/CallTexts.h"
 #include "automation/Pictures.h"
 #include "automation/Roads.h"
+#include "host/print/ExportPdf.h"
 #include "session/data/Recordset.h"
 #include "session/rowset/ReportView.h"
 #include "viewer/Arrangement.h"
@@ -25,8 +26,9 @@ class ShownReport {
   ShownReport(RecordsetPtr report, const automation::CallInWords& call,
               std::shared_ptr<const Locale> locale, ReportLook look, bool whole);
 
-  // {"title", "below", "columns": [{"name", "label", "numeric", "longest", "sorts"}], "lines",
-  // "notes", "pictures", "whole"}
+  // {"title", "below", "columns": [{"name", "label", "numeric", "longest", "indent", "sorts"}],
+  // "lines", "notes", "pictures", "whole"}. "indent" is the level of the longest cell in its
+  // column. Lines are counted without rules, spacers and what closes.
   [[nodiscard]] std::string Head() const;
   // {"count", "from", "lines": [[KIND, ROAD, PLACE, LEVEL, CELL ...]]}: how many lines the wish
   // leaves, and some of them. KIND is "line", "group" with the sums of those at its side, "total",
@@ -45,7 +47,7 @@ class ShownReport {
   [[nodiscard]] std::string Csv(const Seen& seen);
   [[nodiscard]] std::string Xlsx(const Seen& seen);
   [[nodiscard]] std::string Html(const Seen& seen);
-  [[nodiscard]] std::string Pdf(const Seen& seen);
+  [[nodiscard]] std::string Pdf(const Seen& seen, const print::PrintStyle& style);
   [[nodiscard]] const std::string& Name() const { return name_; }  // of the operation
 
  private:

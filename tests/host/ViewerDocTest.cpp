@@ -16,7 +16,7 @@ using testing::HasSubstr;
 
 class ViewerDoc : public DocHost {
  protected:
-  ViewerDoc() : DocHost("mine.db") {}
+  ViewerDoc() : DocHost("mine.db") { folder.Write("asha.txt", "CompanyName=Asha Motors\n"); }
 };
 
 // What a browser gets at the address that the program has printed.
@@ -71,7 +71,7 @@ std::string PortIn(const std::string& printed) {
 
 TEST_F(ViewerDoc, CommandsServeUntilCtrlCAndLeaveNothing) {
   const std::vector<Words> commands = CommandsOf(DocPage("docs/viewer.md"));
-  ASSERT_EQ(commands.size(), 2U);
+  ASSERT_EQ(commands.size(), 3U);
   std::string port = "8000";
   for (Words words : commands) {
     // The page's own port may be taken here; the one of the command before is free again.
@@ -95,7 +95,7 @@ TEST_F(ViewerDoc, CommandsServeUntilCtrlCAndLeaveNothing) {
     EXPECT_EQ(finished.status, 128 + SIGINT);
     EXPECT_EQ(finished.err, "");
     EXPECT_EQ(Browser(address).Get("/"), "") << "still answers";
-    EXPECT_EQ(folder.Names(), std::vector<std::string>{"mine.db"});
+    EXPECT_EQ(folder.Names(), (std::vector<std::string>{"asha.txt", "mine.db"}));
   }
 }
 

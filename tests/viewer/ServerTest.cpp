@@ -9,6 +9,7 @@
 
 #include "host/ServeCommand.h"
 #include "session/data/Error.h"
+#include "tests/CommandOutput.h"
 #include "tests/books/BooksOnDisk.h"
 #include "tests/viewer/ViewerBooks.h"
 #include "viewer/PageFiles.h"
@@ -21,8 +22,8 @@ using Json = nlohmann::json;
 
 class ServedBooks : public testing::Test {
  protected:
-  explicit ServedBooks(const Limits& limits = {})
-      : server_({host::BooksFor(books::test::SampleFile()), 0, "en_IN", limits}),
+  explicit ServedBooks(const Limits& limits = {}, const host::OutputOptions& look = {})
+      : server_({host::BooksFor(books::test::SampleFile(), look), 0, "en_IN", limits}),
         thread_([this] { server_.Run(); }),
         http_("127.0.0.1", server_.Port()) {
     http_.set_keep_alive(true);
@@ -131,7 +132,7 @@ TEST_F(ServedBooks, GiveAReportFromItsQuestionToItsEnd) {
   const std::string report = OpenedSales();
   const Json end = End(report);
   EXPECT_EQ(end["stage"], "done") << end;
-  EXPECT_EQ(end["report"]["lines"], 6);
+  EXPECT_EQ(end["report"]["lines"], 4);
   const std::string path = "/api/reports/" + report;
   EXPECT_EQ(Asked(path + "/lines?from=0&count=1")["lines"],
             Json::parse(R"([["line", 1, 0, 0, "Jayant Hegde", "₹44,489.25"]])"));
@@ -156,6 +157,32 @@ TEST_F(ServedBooks, HandOverFiles) {
   EXPECT_TRUE(http_.Get(path + "xlsx", headers_)->body.starts_with("PK"));
   EXPECT_EQ(http_.Get(path + "html", headers_)->get_header_value("Content-Type"),
             "text/html; charset=utf-8");
+}
+
+class ServedUnderALetterhead : public ServedBooks {
+ protected:
+  ServedUnderALetterhead() : ServedBooks({}, Look()) {}
+
+  static host::OutputOptions Look() {
+    static const books::test::Folder folder;
+    folder.Write("asha.txt", "CompanyName=Asha Motors\nCompanyAddress2=Nizamabad 503001\n");
+    host::OutputOptions look;
+    look.letterhead = folder.File("asha.txt");
+    look.paper = "A3";
+    return look;
+  }
+};
+
+TEST_F(ServedUnderALetterhead, PrintIt) {
+  const std::string report = OpenedSales();
+  const Json end = End(report);
+  EXPECT_EQ(end["report"]["below"][0], "Asha Motors");
+  const books::test::Folder folder;
+  folder.Write("report.pdf", http_.Get("/api/reports/" + report + "/report.pdf", headers_)->body);
+  const std::string page = CommandOutput("pdftotext -layout " + folder.File("report.pdf") + " -");
+  EXPECT_LT(page.find("Asha Motors"), page.find("Nizamabad 503001"));
+  EXPECT_LT(page.find("Nizamabad 503001"), page.find("Sanjay Das"));
+  EXPECT_NE(CommandOutput("pdfinfo " + folder.File("report.pdf")).find("(A3)"), std::string::npos);
 }
 
 TEST_F(ServedBooks, AbandonAReport) {

@@ -175,7 +175,7 @@ TEST(ShownReport, ExportsWhatIsSeen) {
   EXPECT_LT(page.find("Prabhat Garage"), page.find("Jayant Hegde"));
   EXPECT_EQ(page.find("Sanjay Das"), std::string::npos);
   EXPECT_EQ(run.Ask([&](ShownReport& shown) { return shown.Xlsx(seen); }).substr(0, 2), "PK");
-  EXPECT_EQ(run.Ask([&](ShownReport& shown) { return shown.Pdf(seen); }).substr(0, 5), "%PDF-");
+  EXPECT_EQ(run.Ask([&](ShownReport& shown) { return shown.Pdf(seen, {}); }).substr(0, 5), "%PDF-");
 }
 
 // A line's owner is the last less deep line before it: the same before and after a sort.

@@ -12,7 +12,7 @@ export interface Family { words: string; reports: Report[] }
 export interface Year { number: number; name: string; from: string; to: string }
 export interface Forms { families: Family[]; years: Year[] }
 export interface Name { key: number; name: string }
-export interface Column { name: string; label: string; numeric: boolean; longest: string; sorts: boolean }
+export interface Column { name: string; label: string; numeric: boolean; longest: string; indent: number; sorts: boolean }
 export interface Head {
   title: string; below: string[];
   columns: Column[]; lines: number; notes: string[]; pictures: string[]; whole: boolean;
@@ -31,10 +31,12 @@ export interface Picture {
 }
 export interface Wish { sort: string; down: boolean; filter: Record<string, string> }
 
+export const GONE = "The server does not answer. Start it again, and open the address that it prints.";
+
 async function ask<T>(path: string, body?: unknown): Promise<T> {
   const answer = await fetch(path, body === undefined ? {} : {
     method: "POST", headers: { "Content-Type": "application/json" }, body: JSON.stringify(body),
-  });
+  }).catch(() => { throw new Error(GONE); });
   const told = await answer.json();
   if (!answer.ok) throw new Error(told.problem);
   return told as T;
