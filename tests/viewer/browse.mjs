@@ -252,6 +252,39 @@ async function narrow(page, server) {
   assert.ok(await page.getByRole("link", { name: "Ledgers", exact: true }).isVisible());
 }
 
+/** What is scrolled leaves its first column in view, and the active cell beside it. */
+async function keptInView(page, server) {
+  await page.setViewportSize({ width: 1000, height: 700 });
+  await page.goto(server.origin + addressOf(REPORTS[1].operation, REPORTS[1].given));
+  await ready(page);
+  await page.getByRole("button", { name: "Print" }).focus();
+  await page.keyboard.press("Tab");
+  for (let at = 0; at < 12; ++at) await page.keyboard.press("ArrowRight");
+  for (let at = 0; at < 7; ++at) await page.keyboard.press("ArrowLeft");
+  await page.waitForSelector(".lines.kept");
+  const [view, first, head, active] = await page.evaluate(() =>
+    [".lines", ".slick-row .l1", ".slick-header-column:nth-child(2)", ".slick-cell.active"].map((one) => {
+      const { left, right } = document.querySelector(one).getBoundingClientRect();
+      return { left, right };
+    }));
+  assert.ok(first.left >= view.left && first.right < view.right, JSON.stringify({ view, first }));
+  assert.equal(head.left, first.left);
+  assert.ok(active.left >= first.right - 1, JSON.stringify({ first, active }));
+}
+
+/** What there is to say where there are no lines, and where there is no report. */
+async function toldInSentences(page, server) {
+  await page.goto(server.origin + addressOf("Doc_Initial", { lngVouchertype_id: "10",
+    dtFromDate: "1999-04-01", dtToDate: "1999-04-02" }));
+  await ready(page);
+  assert.equal(await page.locator(".empty").textContent(), "There is nothing to show for this question.");
+  await page.goto(server.origin + addressOf("POrderTextQuery", { strFilter: "Nonsense = 2" }));
+  const problem = await page.locator(".problem").textContent();
+  assert.match(problem, /^The report cannot be shown: .*unknown column "nonsense"/);
+  await page.getByRole("button", { name: "Show it again" }).click();
+  await page.waitForSelector(".problem");
+}
+
 /** A hundred thousand lines and more: each place that is jumped to has its lines at once. */
 async function scrolled(page, server) {
   await page.goto(server.origin + addressOf("POrderTextQuery", { strFilter: "Desr1.YearNo > 0" }));
@@ -345,6 +378,8 @@ try {
     await families(page, server);
     await asked(page, server);
     await askedByGroup(page, server);
+    await keptInView(page, server);
+    await toldInSentences(page, server);
     await narrow(page, server);
   });
   const large = await serve(await largeBooks);

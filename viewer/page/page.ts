@@ -70,6 +70,7 @@ function show(): void {
   const place = placeOf(location.href);
   const report = findReport(place.operation);
   showList();
+  byId("families").querySelector("[aria-current]")?.scrollIntoView({ block: "nearest" });
   document.body.classList.remove("listing");
   byId("menu").setAttribute("aria-expanded", "false");
   if (report) showReport(report, place);

@@ -3,14 +3,21 @@
 import { addressOf, questionPlace, type Place } from "./address";
 import { make, tell } from "./elements";
 import { drawn } from "./picture";
-import { server, type Head, type Report, type Road, type Told } from "./server";
+import { GONE, server, type Head, type Report, type Road, type Told } from "./server";
 import { Table } from "./table";
 
 const DOING: Record<string, string> = {
   FetchingData: "Reading the books", Manipulating: "Writing the lines",
   manipulating: "Writing the lines",
 };
+const MOST_FAILURES = 2; // seconds apart
 const LAST_PERCENT = 60; // the library tells no more before a report is there
+
+/** The library's words for a problem as a sentence. */
+function sentence(problem: string): string {
+  if (/^[A-Z].*\.$/s.test(problem)) return problem;
+  return `The report cannot be shown: ${problem}${/[.!?…]$/.test(problem) ? "" : "."}`;
+}
 
 export class ReportPane {
   readonly element = make("section", { class: "report", "aria-label": "The report" });
@@ -24,11 +31,14 @@ export class ReportPane {
               private readonly keep: (place: Place) => void) {}
 
   async open(): Promise<void> {
+    this.events?.close();
+    if (this.name) server.close(this.name);
+    this.name = "";
     this.showProgress({ stage: "running", percent: 0, doing: "", problem: "" });
     try {
       this.name = await server.open(this.report.operation, this.place.given);
     } catch (failure) {
-      this.showProblem((failure as Error).message);
+      this.showProblem(sentence((failure as Error).message));
       return;
     }
     if (this.closed) { server.close(this.name); return; }
@@ -40,12 +50,19 @@ export class ReportPane {
       else if (told.stage === "done" && told.report && !shown) {
         shown = true;
         void this.showReport(told.report);
-      } else if (told.stage === "failed") this.showProblem(told.problem);
+      } else if (told.stage === "failed") this.showProblem(sentence(told.problem));
       else if (told.stage === "abandoned") this.showProblem("The report was abandoned.");
     };
+    // The browser asks again by itself, unless the server has answered that there is no such report.
+    let failures = 0;
+    this.events.onopen = () => { failures = 0; };
     this.events.onerror = () => {
-      if (this.events?.readyState === EventSource.CLOSED && !this.closed) {
-        this.showProblem("The server has closed the report. Show it again.");
+      if (this.closed) return;
+      if (this.events?.readyState === EventSource.CLOSED) {
+        this.showProblem("The server has closed the report.");
+      } else if (++failures === MOST_FAILURES) {
+        this.events?.close();
+        if (shown) this.complain(GONE); else this.showProblem(GONE);
       }
     };
   }
@@ -77,7 +94,14 @@ export class ReportPane {
   private showProblem(problem: string): void {
     this.table?.destroy();
     delete this.table;
-    this.element.replaceChildren(make("p", { class: "problem", role: "alert" }, problem));
+    this.element.replaceChildren(make("p", { class: "problem", role: "alert" }, problem),
+      make("p", {}, make("button", { type: "button", onclick: () => void this.open() }, "Show it again")));
+  }
+
+  /** What went wrong with a report that is shown. */
+  private complain(problem: string): void {
+    const place = this.element.querySelector(".trouble");
+    if (place) place.textContent = sentence(problem);
   }
 
   private async showReport(head: Head): Promise<void> {
@@ -86,14 +110,16 @@ export class ReportPane {
     const notes = head.notes.map((note) => make("p", { class: "note" }, note));
     if (!head.whole) notes.unshift(make("p", { class: "note" }, "The report was cut short: lines may be missing."));
     const below = head.below.filter(Boolean).map((line) => make("p", { class: "below" }, line));
-    this.element.replaceChildren(...below, this.tools(head), holder, count, ...notes);
+    const trouble = make("p", { class: "trouble", role: "alert" });
+    const empty = head.lines ? [] : [make("p", { class: "empty" }, "There is nothing to show for this question.")];
+    this.element.replaceChildren(...below, this.tools(head), trouble, ...empty, holder, count, ...notes);
     if (head.title) {
       document.title = head.title;
       const heading = document.querySelector("main h1");
       if (heading) heading.textContent = head.title;
     }
     if (!head.columns.length) {
-      holder.replaceChildren(make("p", {}, "There is nothing to show for this question."));
+      holder.remove();
       tell("The report is empty.");
       return;
     }
@@ -102,10 +128,10 @@ export class ReportPane {
       followed: (place) => void this.follow(place),
       counted: (lines) => {
         const filtered = Object.keys(this.place.wish.filter).length > 0;
-        count.textContent = filtered ? `${lines.toLocaleString()} of ${head.lines.toLocaleString()} lines, without totals`
-                                     : `${lines.toLocaleString()} lines`;
+        const all = `${head.lines.toLocaleString()} ${head.lines === 1 ? "line" : "lines"}`;
+        count.textContent = filtered ? `${lines.toLocaleString()} of ${all}, without totals` : all;
       },
-      failed: (problem) => tell(problem),
+      failed: (problem) => this.complain(problem),
     });
     await this.table.load();
     tell(`The report is there, with ${head.lines} lines.`);
@@ -177,7 +203,7 @@ export class ReportPane {
         figure.dataset["number"] = String(number);
         this.element.querySelector(".lines")?.before(figure);
       } catch (failure) {
-        tell((failure as Error).message);
+        this.complain((failure as Error).message);
       }
     }
     this.table?.resize();
@@ -198,7 +224,7 @@ export class ReportPane {
     try {
       roads = await server.roads(this.name, place);
     } catch (failure) {
-      tell((failure as Error).message);
+      this.complain((failure as Error).message);
       return;
     }
     const places = roads.map((road) => questionPlace(road.operation, road.arguments));

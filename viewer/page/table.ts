@@ -9,7 +9,11 @@ const WINDOW = 400;
 const MOST_WINDOWS = 50;
 const ROW_HEIGHT = 28;
 const WIDEST = 340;
+const NARROWEST = 120; // of texts where there is little room
+const MOST_KEPT = 0.6; // of the room, for what stays in view
 const SIGN = "›";
+const INDENT = 1.2; // of the letters' size, for each level
+const KEPT = 2; // columns that stay in view: the sign and the report's first
 
 interface Shown { kind: string; leads: boolean; place: number; level: number; cells: string[] }
 
@@ -51,6 +55,7 @@ export class Table {
       node.dataset["id"] = String(column.id);
     });
     this.grid.onHeaderRowCellRendered.subscribe((_event, { node, column }) => this.filterField(node, column));
+    this.grid.onScroll.subscribe((_event, { scrollLeft }) => this.keepInView(scrollLeft));
     this.grid.onViewportChanged.subscribe(() => this.fetchSoon());
     this.grid.onSort.subscribe((_event, sorted) => {
       const column = "sortCol" in sorted ? sorted.sortCol : undefined;
@@ -87,6 +92,7 @@ export class Table {
     this.grid.onActiveCellChanged.subscribe((_event, { row, cell }) => {
       const line = this.at(row), column = this.grid.getColumns()[cell];
       const at = this.head.columns.findIndex((one) => one.name === column?.id);
+      this.uncover(row, cell);
       if (line) tell(`${line.cells[0]}; ${this.head.columns[at]?.label ?? "leads further"}: ${line.cells[at] ?? ""}`);
     });
   }
@@ -125,7 +131,7 @@ export class Table {
       const span = document.createElement("span");
       span.textContent = line?.cells[cell] ?? "";
       span.title = span.textContent;
-      if (cell === 0 && line?.level) span.style.marginLeft = `${line.level * 1.2}em`;
+      if (cell === 0 && line?.level) span.style.marginLeft = `${line.level * INDENT}em`;
       return span;
     };
     const leads: GridColumn = {
@@ -144,7 +150,28 @@ export class Table {
   }
 
   private shownColumns(hidden: string[]): GridColumn[] {
-    return this.columns.filter((column) => !hidden.includes(String(column.id)));
+    return this.columns.filter((column) => !hidden.includes(String(column.id)))
+      .map((column, at) => ({ ...column, alwaysRenderColumn: at < KEPT }));
+  }
+
+  // What the first columns say stays in view: they are moved along with what is scrolled.
+  private keptWidth(): number {
+    const width = this.grid.getColumns().slice(0, KEPT).reduce((sum, column) => sum + (column.width ?? 0), 0);
+    return width <= MOST_KEPT * this.holder.clientWidth ? width : 0;
+  }
+
+  private keepInView(scrolled: number): void {
+    const kept = this.keptWidth() > 0 && scrolled > 0;
+    this.holder.classList.toggle("kept", kept);
+    this.holder.style.setProperty("--scrolled", `${kept ? scrolled : 0}px`);
+  }
+
+  // The grid scrolls a cell into view, where the first columns may lie over it.
+  private uncover(row: number, cell: number): void {
+    const view = this.holder.querySelector(".slick-viewport-top.slick-viewport-left");
+    const box = this.grid.getCellNodeBox(row, cell);
+    if (!view || !box || cell < KEPT) return;
+    view.scrollLeft = Math.min(view.scrollLeft, Math.max(0, box.left - this.keptWidth()));
   }
 
   private filterField(node: HTMLElement, column: GridColumn): void {
@@ -231,11 +258,14 @@ export class Table {
       const column = this.columns[index + 1];
       if (!column) return;
       const widest = Math.max(pen.measureText(told.label).width + (told.sorts ? 16 : 0),
-                              pen.measureText(told.longest).width);
-      column.width = Math.ceil(Math.min(Math.max(widest + 22, 70), WIDEST));
+                              pen.measureText(told.longest).width + told.indent * INDENT * Number.parseFloat(fontSize));
+      const most = told.numeric ? WIDEST
+        : Math.min(WIDEST, Math.max(NARROWEST, this.holder.clientWidth / 2));
+      column.width = Math.ceil(Math.min(Math.max(widest + 22, 70), most));
     });
-    const shown = this.grid.getColumns().map((column) => column.id);
-    this.grid.setColumns(this.columns.filter((column) => shown.includes(column.id)));
+    const shown = this.grid.getColumns().map((column) => String(column.id));
+    this.grid.setColumns(this.shownColumns(this.columns.map((column) => String(column.id))
+      .filter((id) => !shown.includes(id))));
     this.showSort();
   }
 
