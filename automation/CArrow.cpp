@@ -49,6 +49,9 @@ class Stream {
     } catch (const std::bad_alloc&) {
       error_.clear();
       return ENOMEM;
+    } catch (const Error& error) {
+      error_ = error.what();
+      return error.Number() == ErrorNumber::kObjectNotSet ? EINVAL : EIO;
     } catch (const std::exception& error) {
       error_ = error.what();
       return EIO;
