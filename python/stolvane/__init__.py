@@ -25,7 +25,7 @@ from ._report import Column, Report, Row
 __all__ = ["Books", "Column", "Error", "Report", "Row", "catalogue", "open", *_enumerations]
 
 
-def open(connection: str | os.PathLike[str], *, locale: str = "",
+def open(connection: str | bytes | os.PathLike[str], *, locale: str = "",
          on_connect: OnConnect | None = None, on_progress: OnProgress | None = None,
          on_complete: OnComplete | None = None) -> Books:
     """Opens books: a file, or what the engine takes ("postgresql://...").

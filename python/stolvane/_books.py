@@ -37,7 +37,7 @@ class Books(Operations):
     of theirs abandons the report and comes out of the call.
     """
 
-    def __init__(self, connection: str | os.PathLike[str], *, locale: str = "",
+    def __init__(self, connection: str | bytes | os.PathLike[str], *, locale: str = "",
                  on_connect: OnConnect | None = None, on_progress: OnProgress | None = None,
                  on_complete: OnComplete | None = None) -> None:
         #: on_connect(error_text): the books are open, or why they are not.
@@ -48,7 +48,7 @@ class Books(Operations):
         self.on_complete = on_complete
         self._session: native.Session = native.Session()
         self._is_open = True
-        self._connection = os.fspath(connection)
+        self._connection = os.fsdecode(connection)
         self._locale = ""
         self._awaited: dict[str, Any] | None = None  # how the Report of it is made
         self._arrived: Report | None = None

@@ -43,7 +43,10 @@ class Row(tuple[Any, ...]):
         try:
             return tuple.__getitem__(self, self._places[name])
         except KeyError:
-            raise AttributeError(f"the report has no column {name!r}") from None
+            raise AttributeError(f"the report has no column {name!r}", name=name, obj=self) from None
+
+    def __dir__(self) -> list[str]:  # what a notebook completes, and Python thinks was meant
+        return [*super().__dir__(), *self._fields]
 
     def __repr__(self) -> str:
         return "Row(" + ", ".join(f"{name}={cell!r}" for name, cell in zip(self._fields, self)) + ")"
@@ -162,8 +165,17 @@ class Report:
     def __getitem__(self, at: int) -> Row: ...
     @overload
     def __getitem__(self, at: slice) -> list[Row]: ...
-    def __getitem__(self, at: int | slice) -> Row | list[Row]:
-        return self._read()[1][at]
+    @overload
+    def __getitem__(self, at: str) -> list[Any]: ...
+    def __getitem__(self, at: int | slice | str) -> Row | list[Row] | list[Any]:
+        """A row, rows, or all cells of a column."""
+        columns, rows = self._read()
+        if not isinstance(at, str):
+            return rows[at]
+        places = [place for place, column in enumerate(columns) if column.name == at]
+        if not places:
+            raise KeyError(f"the report has no column {at!r}")
+        return [row[places[0]] for row in rows]
 
     def __repr__(self) -> str:
         return f"<Report {self.operation}: {len(self)} rows>"

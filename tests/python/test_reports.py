@@ -58,6 +58,21 @@ class Reports(SmallBooks):
         ledgers = self.books.ledgers_by_code(year=1, code="1")
         self.assertEqual(ledgers.changed["sCode"].split(), "SUBGROUPNAME1.CODE IN (1) AND".split())
 
+    def test_a_column_by_its_name(self):
+        sales = self.books.doc_initial(**SALES)
+        self.assertEqual(sales["Amount"], [row.Amount for row in sales])
+        with self.assertRaisesRegex(KeyError, "no column 'Sum'"):
+            sales["Sum"]
+        with self.assertRaisesRegex(KeyError, "no column 'Sum'"):
+            self.books.doc_initial(**{**SALES, "vouchertype_id": 99})["Sum"]
+
+    def test_the_columns_of_a_row_are_told_to_who_completes_names(self):
+        row = self.books.doc_initial(**SALES)[0]
+        self.assertIn("AmountSort", dir(row))
+        with self.assertRaises(AttributeError) as failure:
+            row.Legder
+        self.assertEqual((failure.exception.name, failure.exception.obj), ("Legder", row))
+
     def test_sorted_by_a_twin_the_total_stays_last(self):
         sales = self.books.doc_initial(**SALES)
         sales.sort_by("LedgerSort", descending=True)

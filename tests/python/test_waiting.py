@@ -1,6 +1,7 @@
 """What happens while a report is made: other threads, events, Ctrl-C, the end of a program."""
 import errno
 import os
+import pathlib
 import signal
 import subprocess
 import sys
@@ -269,6 +270,11 @@ print("end", flush=True)
 
 
 class Opening(SmallBooks):
+    def test_a_path_in_any_form(self):
+        for path in (pathlib.Path(self.file), os.fsencode(self.file)):
+            with stolvane.open(path) as books:
+                self.assertEqual(repr(books), "<Books asha>")
+
     def test_books_that_are_not_there(self):
         heard = []
         with self.fails(501) as failure:
