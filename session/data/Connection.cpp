@@ -59,8 +59,10 @@ std::shared_ptr<Provider> OpenWhileNotAbandoned(const ProviderFactory& factory,
       throw Error(ErrorNumber::kConnection, "the attempt to connect was abandoned");
     }
   }
-  if (opening->opened->failure) std::rethrow_exception(opening->opened->failure);
-  return opening->opened->provider;
+  // Nothing of it stays with the other thread, which ends later.
+  const Opened opened = std::move(*opening->opened);
+  if (opened.failure) std::rethrow_exception(opened.failure);
+  return opened.provider;
 }
 
 std::optional<Error> ErrorOf(const Opened& opened) {
