@@ -1,7 +1,9 @@
 // A file of books, past the front end: what stands in a column may be anything.
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <sqlite3.h>
+#include <system_error>
 
 #include "session/books/Reader.h"
 #include "session/books/Schema.h"
@@ -68,6 +70,13 @@ class FileReader final : public Reader {
   sqlite3* database_ = nullptr;
 };
 
+// What SQLite tells in the same words, whatever the cause.
+std::string WhyNotOpened(const std::string& path, const std::string& words) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) return "it is a folder";
+  return std::filesystem::exists(path, ignored) || ignored ? words : "there is no such file";
+}
+
 FileReader::FileReader(const std::string& path) : path_(path), name_('"' + path + '"') {
   const int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
   const bool opened = sqlite3_open_v2(path.c_str(), &database_, flags, nullptr) == SQLITE_OK;
@@ -77,7 +86,8 @@ FileReader::FileReader(const std::string& path) : path_(path), name_('"' + path 
                               nullptr, nullptr) != SQLITE_OK) {
     const std::string words = database_ ? sqlite3_errmsg(database_) : "out of memory";
     sqlite3_close(database_);
-    throw Error(ErrorNumber::kConnection, "cannot open the books \"" + path + "\": " + words);
+    throw Error(ErrorNumber::kConnection,
+                "cannot open the books \"" + path + "\": " + WhyNotOpened(path, words));
   }
 }
 

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -91,8 +92,11 @@ TEST_F(CheckBooks, TakesAConnectionStringAsWell) {
 }
 
 TEST_F(CheckBooks, RefusesWhatIsNoFileOfBooks) {
-  EXPECT_EQ(Refusal(folder_.File("none.db")), "cannot open the books \"" + folder_.File("none.db") +
-                                                  "\": unable to open database file");
+  EXPECT_EQ(Refusal(folder_.File("none.db")),
+            "cannot open the books \"" + folder_.File("none.db") + "\": there is no such file");
+  std::filesystem::create_directory(folder_.File("folder"));
+  EXPECT_EQ(Refusal(folder_.File("folder")),
+            "cannot open the books \"" + folder_.File("folder") + "\": it is a folder");
   folder_.Write("text.db", std::string(200, 'x'));
   EXPECT_EQ(Refusal(folder_.File("text.db")),
             "cannot open the books \"" + folder_.File("text.db") + "\": file is not a database");
