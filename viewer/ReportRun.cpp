@@ -179,9 +179,10 @@ void ReportRun::Leave() {
   if (--listeners_ == 0) alone_since_ = Clock::now();
 }
 
-bool ReportRun::IsAlone() const {
+std::chrono::milliseconds ReportRun::AloneFor() const {
   const std::lock_guard lock(mutex_);
-  return listeners_ == 0 && Clock::now() - alone_since_ > limits_.alone;
+  if (listeners_ > 0) return {};
+  return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - alone_since_);
 }
 
 void ReportRun::Post(std::function<void()> task) {

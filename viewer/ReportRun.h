@@ -19,10 +19,11 @@
 namespace pstolvane1::viewer {
 
 struct Limits {
-  std::size_t reports = 10;                 // open at once
-  std::int32_t lines = 1'000'000;           // of one report
-  std::chrono::milliseconds time{600'000};  // for one report, and for one question about it
-  std::chrono::milliseconds alone{20'000};  // a report without a page that listens stays so long
+  std::size_t reports = 10;                  // open at once
+  std::int32_t lines = 1'000'000;            // of one report
+  std::chrono::milliseconds time{600'000};   // for one report, and for one question about it
+  std::chrono::milliseconds alone{600'000};  // a report without a page that listens stays so long
+  std::chrono::milliseconds spare{20'000};   // and after so long gives way to another
 };
 
 // Has a session on a thread of its own. All members may be called from any thread.
@@ -58,7 +59,8 @@ class ReportRun {
   // A page listens to it, or no longer does.
   void Listen();
   void Leave();
-  [[nodiscard]] bool IsAlone() const;  // longer than the limit
+  // Since when no page listens; 0 while one does.
+  [[nodiscard]] std::chrono::milliseconds AloneFor() const;
 
   // What the function makes of the finished report, on the report's own thread. Its errors come
   // here. WrongCall while there is no report.

@@ -1,5 +1,6 @@
 #include "viewer/Runs.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace pstolvane1::viewer {
@@ -22,6 +23,7 @@ Runs::~Runs() {
 }
 
 std::string Runs::Open(const automation::CallWords& words) {
+  MakeRoom();
   const auto full = [this] { return runs_.size() >= limits_.reports; };
   const auto refuse = [this] {
     throw automation::WrongCall(fmt::format(
@@ -37,6 +39,14 @@ std::string Runs::Open(const automation::CallWords& words) {
   std::string name = std::to_string(++last_);
   runs_.emplace(name, std::move(run));
   return name;
+}
+
+void Runs::MakeRoom() {
+  const ByName runs = Copy();
+  if (runs.size() < limits_.reports) return;
+  const auto longest = std::ranges::max_element(
+      runs, {}, [](const ByName::value_type& run) { return run.second->AloneFor(); });
+  if (longest != runs.end() && longest->second->AloneFor() > limits_.spare) Close(longest->first);
 }
 
 std::shared_ptr<ReportRun> Runs::Find(const std::string& name) const {
@@ -72,7 +82,7 @@ void Runs::Watch() {
     }
     for (const auto& [name, run] : Copy()) {
       run->Watch();
-      if (run->IsAlone()) Close(name);
+      if (run->AloneFor() > limits_.alone) Close(name);
     }
   }
 }

@@ -19,7 +19,8 @@ class Runs {
   Runs(const Runs&) = delete;
   Runs& operator=(const Runs&) = delete;
 
-  // The new report's name. WrongCall when as many are open as may be.
+  // The new report's name. When as many are open as may be, the one that has been alone for the
+  // longest time is closed for it; WrongCall when all have pages.
   [[nodiscard]] std::string Open(const automation::CallWords& words);
   // nullptr for an unknown name.
   [[nodiscard]] std::shared_ptr<ReportRun> Find(const std::string& name) const;
@@ -30,6 +31,7 @@ class Runs {
   using ByName = std::map<std::string, std::shared_ptr<ReportRun>>;
 
   void Watch();
+  void MakeRoom();
   [[nodiscard]] ByName Copy() const;
 
   const Limits limits_;

@@ -200,7 +200,8 @@ class Server::Routes {
     const auto page = [this](const Request& request, Response& response) {
       if (request.has_param("token")) {
         if (!guard_.IsToken(request.get_param_value("token"))) {
-          Refuse(response, 401, "the token in the address is not that of this server");
+          ServeFile("index.html", response);  // which says what to do
+          response.status = 401;
           return;
         }
         response.set_header("Set-Cookie", guard_.CookieToSet());

@@ -119,16 +119,39 @@ TEST(Runs, OpensAsManyAsMayBe) {
 }
 
 TEST(ReportRun, IsAloneWhileNobodyListens) {
+  constexpr std::chrono::milliseconds kNone{0}, kMoment{2};
+  ReportRun run(test::SalesByParty(), {});
+  std::this_thread::sleep_for(kMoment);
+  EXPECT_GE(run.AloneFor(), kMoment);
+  run.Listen();
+  run.Listen();
+  run.Leave();
+  std::this_thread::sleep_for(kMoment);
+  EXPECT_EQ(run.AloneFor(), kNone);
+  run.Leave();
+  std::this_thread::sleep_for(kMoment);
+  EXPECT_GE(run.AloneFor(), kMoment);
+}
+
+// The first has a page, the second none; the third has come a moment later.
+TEST(Runs, CloseWhatHasBeenAloneForAnother) {
   Limits limits;
-  limits.alone = std::chrono::milliseconds(-1);
-  ReportRun run(test::SalesByParty(), limits);
-  EXPECT_TRUE(run.IsAlone());
-  run.Listen();
-  run.Listen();
-  run.Leave();
-  EXPECT_FALSE(run.IsAlone());
-  run.Leave();
-  EXPECT_TRUE(run.IsAlone());
+  limits.reports = 3;
+  limits.spare = std::chrono::milliseconds(0);
+  Runs runs(limits);
+  const std::string listened = runs.Open(test::SalesByParty());
+  runs.Find(listened)->Listen();
+  const std::string alone = runs.Open(test::SalesByParty());
+  std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  const std::string later = runs.Open(test::SalesByParty());
+  runs.Find(later)->Listen();
+  runs.Find(later)->Leave();
+  std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  static_cast<void>(runs.Open(test::SalesByParty()));
+  EXPECT_EQ(runs.Count(), 3U);
+  EXPECT_NE(runs.Find(listened), nullptr);
+  EXPECT_EQ(runs.Find(alone), nullptr);
+  EXPECT_NE(runs.Find(later), nullptr);
 }
 
 TEST(Runs, CloseWhatIsAlone) {

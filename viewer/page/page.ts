@@ -40,9 +40,10 @@ function showList(): void {
   }
 }
 
-function showStart(): void {
+function showStart(unknown: boolean): void {
   document.title = "Reports of the books";
   byId("main").replaceChildren(make("h1", {}, "Which report?"),
+    ...(unknown ? [make("p", { class: "problem", role: "alert" }, "There is no report at this address.")] : []),
     make("p", {}, "Choose one in the list, or search for a word of it. " +
       `The books have ${forms.years.length === 1 ? "the year" : "the years"} ` +
       `${forms.years.map((year) => year.name).join(", ") || "no movements"}.`));
@@ -74,7 +75,7 @@ function show(): void {
   document.body.classList.remove("listing");
   byId("menu").setAttribute("aria-expanded", "false");
   if (report) showReport(report, place);
-  else showStart();
+  else showStart(place.operation !== "");
 }
 
 /** Another report, or the same with another question. */

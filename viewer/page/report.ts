@@ -25,6 +25,8 @@ export class ReportPane {
   private events?: EventSource;
   private table?: Table;
   private closed = false;
+  private shown = false;
+  private readonly seen = () => this.listenWhileSeen();
 
   constructor(private readonly report: Report, private place: Place,
               private readonly go: (place: Place) => void,
@@ -34,6 +36,9 @@ export class ReportPane {
     this.events?.close();
     if (this.name) server.close(this.name);
     this.name = "";
+    this.shown = false;
+    this.table?.destroy();
+    delete this.table;
     this.showProgress({ stage: "running", percent: 0, doing: "", problem: "" });
     try {
       this.name = await server.open(this.report.operation, this.place.given);
@@ -42,14 +47,26 @@ export class ReportPane {
       return;
     }
     if (this.closed) { server.close(this.name); return; }
+    document.addEventListener("visibilitychange", this.seen);
+    this.listen();
+  }
+
+  // A browser has six connections for all its pages, so one that is not looked at gives its own back.
+  private listenWhileSeen(): void {
+    if (!this.shown) return;
+    this.events?.close();
+    if (!document.hidden) this.listen();
+  }
+
+  private listen(): void {
     this.events = server.events(this.name);
-    let shown = false;
     this.events.onmessage = (event: MessageEvent<string>) => {
       const told = JSON.parse(event.data) as Told;
       if (told.stage === "running") this.showProgress(told);
-      else if (told.stage === "done" && told.report && !shown) {
-        shown = true;
+      else if (told.stage === "done" && told.report && !this.shown) {
+        this.shown = true;
         void this.showReport(told.report);
+        if (document.hidden) this.events?.close();
       } else if (told.stage === "failed") this.showProblem(sentence(told.problem));
       else if (told.stage === "abandoned") this.showProblem("The report was abandoned.");
     };
@@ -59,10 +76,10 @@ export class ReportPane {
     this.events.onerror = () => {
       if (this.closed) return;
       if (this.events?.readyState === EventSource.CLOSED) {
-        this.showProblem("The server has closed the report.");
+        void this.open(); // the server has closed it
       } else if (++failures === MOST_FAILURES) {
         this.events?.close();
-        if (shown) this.complain(GONE); else this.showProblem(GONE);
+        if (this.shown) this.complain(GONE); else this.showProblem(GONE);
       }
     };
   }
@@ -70,6 +87,7 @@ export class ReportPane {
   /** Ends it on the server as well. */
   close(): void {
     this.closed = true;
+    document.removeEventListener("visibilitychange", this.seen);
     this.events?.close();
     this.table?.destroy();
     if (this.name) server.close(this.name);
@@ -92,6 +110,7 @@ export class ReportPane {
   }
 
   private showProblem(problem: string): void {
+    this.events?.close();
     this.table?.destroy();
     delete this.table;
     this.element.replaceChildren(make("p", { class: "problem", role: "alert" }, problem),
