@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "host/BooksLookup.h"
+#include "host/CallWarnings.h"
 #include "host/Command.h"
 #include "host/OutputWords.h"
 #include "host/Period.h"
@@ -54,11 +55,11 @@ viewer::Books BooksFor(const std::string& connection, OutputOptions look) {
     return BooksLookup(connection).NameOf(names, key);
   };
   books.paper = [look] { return PrintStyleOf(look); };
-  books.look = [look](const automation::CallInWords& call, const Locale& locale) {
+  books.present = [look](const automation::CallInWords& call, const Locale& locale) {
     // The look asks on for as long as it is used.
     const auto lookup = std::make_shared<BooksLookup>(look.books);
     const automation::KeysOfBooks keys = lookup->Keys();
-    return automation::LookOf(
+    ReportLook words = automation::LookOf(
         call, CompanyOf(look),
         {[lookup, ask = keys.name_of](const automation::Master& names, std::int32_t key) {
            return ask(names, key);
@@ -67,6 +68,7 @@ viewer::Books BooksFor(const std::string& connection, OutputOptions look) {
            return ask(groups, key);
          }},
         locale, Today());
+    return viewer::Presentation{std::move(words), WarningsOf(call, *lookup)};
   };
   return books;
 }

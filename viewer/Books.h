@@ -6,13 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "automation/CallInWords.h"
 #include "automation/Masters.h"
 #include "host/print/ExportPdf.h"
 #include "session/data/Date.h"
 #include "session/data/Recordset.h"
-#include "session/rowset/Locale.h"
-#include "session/rowset/ReportLook.h"
+#include "viewer/Presentation.h"
 
 namespace pstolvane1::viewer {
 
@@ -32,8 +30,7 @@ struct Books {
   std::function<std::string(const automation::Master& names, std::int32_t key)> name_of;
   // How pages are printed, and whose letterhead they have.
   std::function<print::PrintStyle()> paper;
-  // The words above a report and over its columns. What it gives belongs to the asking thread.
-  std::function<ReportLook(const automation::CallInWords& call, const Locale& locale)> look;
+  Presenter present;
 };
 
 }  // namespace pstolvane1::viewer

@@ -31,8 +31,11 @@ ReportRun::Busy::~Busy() {
   --run_.busy_;
 }
 
-ReportRun::ReportRun(const automation::CallWords& words, const Limits& limits, LookOfCall look)
-    : limits_(limits), call_(words), locale_(Locale::Get(words.locale)), look_(std::move(look)) {
+ReportRun::ReportRun(const automation::CallWords& words, const Limits& limits, Presenter present)
+    : limits_(limits),
+      call_(words),
+      locale_(Locale::Get(words.locale)),
+      present_(std::move(present)) {
   thread_ = std::thread([this] {
     {
       const std::lock_guard lock(mutex_);
@@ -129,7 +132,7 @@ void ReportRun::MakeReport(clsStolvane1& session) {
                     report->RecordCount(), limits_.lines));
   }
   shown_ = std::make_unique<ShownReport>(report, call_, locale_,
-                                         look_ ? look_(call_, *locale_) : ReportLook{},
+                                         present_ ? present_(call_, *locale_) : Presentation{},
                                          session.ReportIsWhole());
   Change([this](State& state) {
     state.stage = Stage::kDone;

@@ -14,6 +14,7 @@
 
 #include "automation/CallInWords.h"
 #include "session/clsStolvane1.h"
+#include "viewer/Presentation.h"
 #include "viewer/ShownReport.h"
 
 namespace pstolvane1::viewer {
@@ -29,10 +30,8 @@ struct Limits {
 // Has a session on a thread of its own. All members may be called from any thread.
 class ReportRun {
  public:
-  // Where `look` is empty, columns have their own names.
-  using LookOfCall =
-      std::function<ReportLook(const automation::CallInWords& call, const Locale& locale)>;
-  ReportRun(const automation::CallWords& words, const Limits& limits, LookOfCall look = {});
+  // Where `present` is empty, columns have their own names.
+  ReportRun(const automation::CallWords& words, const Limits& limits, Presenter present = {});
   // Abandons what runs, closes the session and waits for its thread.
   ~ReportRun();
   ReportRun(const ReportRun&) = delete;
@@ -100,7 +99,7 @@ class ReportRun {
   const Limits limits_;
   const automation::CallInWords call_;
   const std::shared_ptr<const Locale> locale_;
-  const LookOfCall look_;
+  const Presenter present_;
   std::unique_ptr<ShownReport> shown_;  // of the thread
 
   mutable std::mutex mutex_;

@@ -10,8 +10,8 @@ constexpr std::chrono::milliseconds kBetweenLooks{50};
 
 }  // namespace
 
-Runs::Runs(const Limits& limits, ReportRun::LookOfCall look)
-    : limits_(limits), look_(std::move(look)), watcher_([this] { Watch(); }) {}
+Runs::Runs(const Limits& limits, Presenter present)
+    : limits_(limits), present_(std::move(present)), watcher_([this] { Watch(); }) {}
 
 Runs::~Runs() {
   {
@@ -33,7 +33,7 @@ std::string Runs::Open(const automation::CallWords& words) {
     const std::lock_guard lock(mutex_);
     if (full()) refuse();
   }
-  auto run = std::make_shared<ReportRun>(words, limits_, look_);
+  auto run = std::make_shared<ReportRun>(words, limits_, present_);
   const std::lock_guard lock(mutex_);
   if (full()) refuse();
   std::string name = std::to_string(++last_);

@@ -14,7 +14,7 @@ namespace pstolvane1::viewer {
 // All members may be called from any thread.
 class Runs {
  public:
-  explicit Runs(const Limits& limits, ReportRun::LookOfCall look = {});
+  explicit Runs(const Limits& limits, Presenter present = {});
   ~Runs();
   Runs(const Runs&) = delete;
   Runs& operator=(const Runs&) = delete;
@@ -35,7 +35,7 @@ class Runs {
   [[nodiscard]] ByName Copy() const;
 
   const Limits limits_;
-  const ReportRun::LookOfCall look_;
+  const Presenter present_;
   mutable std::mutex mutex_;
   std::condition_variable end_;
   bool ending_ = false;

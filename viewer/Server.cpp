@@ -114,7 +114,7 @@ class Server::Routes {
  public:
   explicit Routes(ServeOptions options)
       : options_(std::move(options)),
-        runs_(options_.limits, options_.books.look),
+        runs_(options_.limits, options_.books.present),
         port_(TakePort()),
         guard_(port_, Guard::NewToken()) {
     http_.set_pre_routing_handler(

@@ -113,10 +113,12 @@ void KeepGreatest(Json& names, Json& values) {
 }  // namespace
 
 ShownReport::ShownReport(RecordsetPtr report, const automation::CallInWords& call,
-                         std::shared_ptr<const Locale> locale, ReportLook look, bool whole)
+                         std::shared_ptr<const Locale> locale, Presentation presentation,
+                         bool whole)
     : report_(std::move(report)),
       locale_(std::move(locale)),
-      view_(*report_, locale_, std::move(look)),
+      view_(*report_, locale_, std::move(presentation.look)),
+      warnings_(std::move(presentation.warnings)),
       whole_(whole),
       name_(call.Called().name),
       asked_(automation::TextsOf(call.Called(), call.Values())),
@@ -150,6 +152,7 @@ std::string ShownReport::Head() const {
                  {"columns", std::move(columns)},
                  {"lines", telling},
                  {"notes", view_.Notes()},
+                 {"warnings", warnings_},
                  {"pictures", std::move(pictures)},
                  {"whole", whole_}});
 }

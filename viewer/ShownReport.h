@@ -17,6 +17,7 @@
 #include "session/data/Recordset.h"
 #include "session/rowset/ReportView.h"
 #include "viewer/Arrangement.h"
+#include "viewer/Presentation.h"
 
 namespace pstolvane1::viewer {
 
@@ -24,11 +25,11 @@ namespace pstolvane1::viewer {
 class ShownReport {
  public:
   ShownReport(RecordsetPtr report, const automation::CallInWords& call,
-              std::shared_ptr<const Locale> locale, ReportLook look, bool whole);
+              std::shared_ptr<const Locale> locale, Presentation presentation, bool whole);
 
   // {"title", "below", "columns": [{"name", "label", "numeric", "longest", "indent", "sorts"}],
-  // "lines", "notes", "pictures", "whole"}. "indent" is the level of the longest cell in its
-  // column. Lines are counted without rules, spacers and what closes.
+  // "lines", "notes", "warnings", "pictures", "whole"}. "indent" is the level of the longest cell
+  // in its column. Lines are counted without rules, spacers and what closes.
   [[nodiscard]] std::string Head() const;
   // {"count", "from", "lines": [[KIND, ROAD, PLACE, LEVEL, CELL ...]]}: how many lines the wish
   // leaves, and some of them. KIND is "line", "group" with the sums of those at its side, "total",
@@ -66,6 +67,7 @@ class ShownReport {
   const RecordsetPtr report_;
   const std::shared_ptr<const Locale> locale_;
   const ReportView view_;
+  const std::vector<std::string> warnings_;
   const bool whole_;
   const std::string name_;
   const automation::CallTexts asked_;

@@ -197,7 +197,7 @@ TEST(ShownReport, SortsATreeWithinItsGroups) {
       "StockDetails_Categorywise",
       {"bytYearno=2", "dtFromDate=2004-04-01", "dtToDate=2005-03-31", "ValuationMethod=AverageRate",
        "lngAny_Id1=-1", "blnOnlyItems=false", "blnDetailed=true", "blnAltUom=false", "sngScale=1"});
-  ReportRun run(words, {}, host::BooksFor(books::test::SampleFile()).look);
+  ReportRun run(words, {}, host::BooksFor(books::test::SampleFile()).present);
   const ReportRun::State state = test::Ended(run);
   ASSERT_EQ(state.stage, ReportRun::Stage::kDone) << state.problem;
   const Json plain = LinesOf(run, {});
@@ -219,13 +219,29 @@ TEST(ShownReport, SortsATreeWithinItsGroups) {
   }
 }
 
+// What Head has of it.
+Json WarningsOfStock(const std::string& from, const std::string& to) {
+  ReportRun run(
+      test::Asked("StockDetails_Itemwise", {"bytYearno=2", "dtFromDate=" + from, "dtToDate=" + to,
+                                            "ValuationMethod=AverageRate", "lngAny_Id1=-1",
+                                            "blnDetailed=false", "blnAltUom=false", "sngScale=1"}),
+      {}, host::BooksFor(books::test::SampleFile()).present);
+  return Json::parse(test::Ended(run).head)["warnings"];
+}
+
+TEST(ShownReport, TellsWhatIsLikelyAMistakeInItsCall) {
+  EXPECT_EQ(WarningsOfStock("2004-04-01", "2005-03-31"), Json::array());
+  EXPECT_EQ(WarningsOfStock("2005-03-31", "2004-04-01"),
+            Json({"the period ends on 2004-04-01, before it begins on 2005-03-31"}));
+}
+
 TEST(Arrangement, FiltersLinesWithTheDocumentThatTheyBelongTo) {
   automation::CallWords words = test::Asked(
       "BillWiseQuery",
       {"bytYearno=2", "dtFromDate=2004-04-01", "dtToDate=2005-03-31", "blnDetailed=false"});
   words.asynchronous = false;
   words.rowsets = {"recitem=select Item_id as ItemNew_id, ItemName from Items1"};
-  ReportRun run(words, {}, host::BooksFor(books::test::SampleFile()).look);
+  ReportRun run(words, {}, host::BooksFor(books::test::SampleFile()).present);
   const ReportRun::State state = test::Ended(run);
   ASSERT_EQ(state.stage, ReportRun::Stage::kDone) << state.problem;
   const Json head = Json::parse(state.head);

@@ -127,11 +127,12 @@ export class ReportPane {
     const holder = make("div", { class: "lines" });
     const count = make("p", { class: "count" });
     const notes = head.notes.map((note) => make("p", { class: "note" }, note));
+    const warnings = head.warnings.map((warning) => make("p", { class: "warning", role: "status" }, `Look again: ${warning}.`));
     if (!head.whole) notes.unshift(make("p", { class: "note" }, "The report was cut short: lines may be missing."));
     const below = head.below.filter(Boolean).map((line) => make("p", { class: "below" }, line));
     const trouble = make("p", { class: "trouble", role: "alert" });
     const empty = head.lines ? [] : [make("p", { class: "empty" }, "There is nothing to show for this question.")];
-    this.element.replaceChildren(...below, this.tools(head), trouble, ...empty, holder, count, ...notes);
+    this.element.replaceChildren(...below, ...warnings, this.tools(head), trouble, ...empty, holder, count, ...notes);
     if (head.title) {
       document.title = head.title;
       const heading = document.querySelector("main h1");

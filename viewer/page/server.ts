@@ -15,7 +15,7 @@ export interface Name { key: number; name: string }
 export interface Column { name: string; label: string; numeric: boolean; longest: string; indent: number; sorts: boolean }
 export interface Head {
   title: string; below: string[];
-  columns: Column[]; lines: number; notes: string[]; pictures: string[]; whole: boolean;
+  columns: Column[]; lines: number; notes: string[]; warnings: string[]; pictures: string[]; whole: boolean;
 }
 export interface Told {
   stage: "running" | "done" | "failed" | "abandoned";
