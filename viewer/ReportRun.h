@@ -24,7 +24,7 @@ struct Limits {
   std::int32_t lines = 1'000'000;            // of one report
   std::chrono::milliseconds time{600'000};   // for one report, and for one question about it
   std::chrono::milliseconds alone{600'000};  // a report without a page that listens stays so long
-  std::chrono::milliseconds spare{20'000};   // and after so long gives way to another
+  std::chrono::milliseconds spare{3'000};    // and after so long gives way to another
 };
 
 // Has a session on a thread of its own. All members may be called from any thread.

@@ -172,7 +172,7 @@ export class Table {
     const box = this.grid.getCellNodeBox(row, cell);
     if (!view || !box || cell < KEPT) return;
     view.scrollLeft = Math.min(view.scrollLeft, Math.max(0, box.left - this.keptWidth()));
-    this.keepInView(view.scrollLeft);
+    view.dispatchEvent(new Event("scroll")); // told later, the heads would scroll it back
   }
 
   private filterField(node: HTMLElement, column: GridColumn): void {
