@@ -153,7 +153,7 @@ int Run(std::int64_t rows, int rounds) {
   Check(sqlite3_open_v2(path.c_str(), &bare, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr),
         bare);
   // The room for pages that the library gives itself.
-  Check(sqlite3_exec(bare, "PRAGMA cache_size = -32000", nullptr, nullptr, nullptr), bare);
+  Check(sqlite3_exec(bare, "PRAGMA cache_size = -8000", nullptr, nullptr, nullptr), bare);
 
   Digest stepped;
   Digest fetched;
