@@ -58,7 +58,7 @@ class ReportRun {
   // A page listens to it, or no longer does.
   void Listen();
   void Leave();
-  // Since when no page listens; 0 while one does.
+  // How long no page has listened; 0 while one does.
   [[nodiscard]] std::chrono::milliseconds AloneFor() const;
 
   // What the function makes of the finished report, on the report's own thread. Its errors come

@@ -20,7 +20,7 @@ class Runs {
   Runs& operator=(const Runs&) = delete;
 
   // The new report's name. When as many are open as may be, the one that has been alone for the
-  // longest time is closed for it; WrongCall when all have pages.
+  // longest time is closed for it; WrongCall when none has been so for Limits::spare.
   [[nodiscard]] std::string Open(const automation::CallWords& words);
   // nullptr for an unknown name.
   [[nodiscard]] std::shared_ptr<ReportRun> Find(const std::string& name) const;
