@@ -330,9 +330,10 @@ constexpr Operation kVehicleOperations[] = {
                                            kTransportDocument, kTransportType)
         .Titled("Vehicles to register"),
     Search<&clsStolvane1::RtoSalesDetails1>("RtoSalesDetails1", ReturnKind::kRowsetInVariant,
-                                            "The vehicles sold, to pick from.", kTransportOffice,
-                                            kTransportType)
-        .Titled("Vehicles to register"),
+                                            "The vehicles sold, to pick from; every database "
+                                            "refuses its query, RtoSalesDetails has them.",
+                                            kTransportOffice, kTransportType)
+        .Titled("Vehicles sold, to pick from"),
     Report<&clsStolvane1::ServiceTax>("ServiceTax", ReturnKind::kRowsetInVariant,
                                       "Service bills with tax on their lines.", kServiceTax,
                                       kServiceTaxType)

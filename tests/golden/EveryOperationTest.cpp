@@ -256,9 +256,14 @@ TEST(EveryOperation, IsDescribedWithItsColumns) {
   }
 }
 
-TEST(EveryOperation, HasATitle) {
+// A builder that may be called by itself writes the report of another operation, and has its title.
+TEST(EveryOperation, HasATitleOfItsOwn) {
+  std::map<std::string_view, std::string_view> named;
   for (const Operation& operation : Operations()) {
     EXPECT_NE(operation.title.empty(), IsReport(operation)) << operation.name;
+    if (!SendsQueries(operation)) continue;
+    const auto [other, its_own] = named.emplace(operation.title, operation.name);
+    EXPECT_TRUE(its_own) << operation.name << " is titled as " << other->second;
   }
 }
 
