@@ -38,7 +38,7 @@ void ReportFrame::ConnectEvents(Source source, Recordset& rowset) {
   rowset.FetchComplete = [current, source](const Error* error, int, Recordset& from) {
     const RecordsetPtr keep = from.shared_from_this();
     if (const auto frame = current(from)) {
-      if (error != nullptr) frame->SlotOf(source).failure = *error;
+      if (error != nullptr) frame->SlotOf(source).failure = frame->Told(*error);
       frame->SourceFetchComplete();
     }
   };

@@ -29,7 +29,12 @@ void OpenAllNow(ReportFrame& frame, const SourceQueries& queries, int options) {
 }
 
 void OpenAll(ReportFrame& frame, const SourceQueries& queries, int options) {
-  TellingWhatRanOut("reading the rows of the report", [&] { OpenAllNow(frame, queries, options); });
+  try {
+    TellingWhatRanOut("reading the rows of the report",
+                      [&] { OpenAllNow(frame, queries, options); });
+  } catch (const Error& error) {
+    throw frame.Told(error);
+  }
 }
 
 void Prepare(ReportFrame& frame, const SourceQueries& queries) {

@@ -130,6 +130,15 @@ std::string ItemStateClause(std::string_view strConsiderForSih, std::string_view
       .append(")");
 }
 
+bool DividesByZero(std::string_view query) {
+  for (std::size_t sign = query.find('/'); sign != query.npos; sign = query.find('/', sign + 1)) {
+    const std::size_t divisor = query.find_first_not_of(' ', sign + 1);
+    if (divisor == query.npos || query[divisor] != '0') continue;
+    if (query.find_first_of("0123456789.", divisor + 1) != divisor + 1) return true;
+  }
+  return false;
+}
+
 std::string SingleText(float number) {
   std::array<char, 32> text;
   const auto end =

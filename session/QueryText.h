@@ -33,6 +33,9 @@ void RefuseComments(std::string_view query);
 [[nodiscard]] std::string ItemStateClause(std::string_view strConsiderForSih,
                                           std::string_view strItemstate);
 
+// The query divides by a 0 that stands in it, as by a scale of 0.
+[[nodiscard]] bool DividesByZero(std::string_view query);
+
 // A single as query text: at most seven digits, "." as separator.
 [[nodiscard]] std::string SingleText(float number);
 

@@ -29,6 +29,18 @@ std::string ReportFrame::Normalise(std::string_view query) const {
   return NormaliseQueryText(query, Aliases);
 }
 
+Error ReportFrame::Told(const Error& error) const {
+  const auto texts = module.QueryTexts();
+  const auto divides = [](const std::string* text) { return DividesByZero(*text); };
+  if (error.Number() != ErrorNumber::kDivisionByZero || std::ranges::none_of(texts, divides)) {
+    return error;
+  }
+  return {error.Number(),
+          error.Description() +
+              ": the scale of the report (sngScale, gScale) is 0; 1 shows money as it is",
+          error.Cause()};
+}
+
 const RecordsetPtr& ReportFrame::Replace(Source source) {
   Slot& slot = SlotOf(source);
   slot.failure.reset();

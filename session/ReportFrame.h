@@ -57,6 +57,8 @@ class ReportFrame : public std::enable_shared_from_this<ReportFrame> {
   [[nodiscard]] const Locale& Texts();  // the session's locale
   // The query text in the form that is opened, with the session's aliases.
   [[nodiscard]] std::string Normalise(std::string_view query) const;
+  // What the reading of the report's queries met. A division by their scale says so.
+  [[nodiscard]] Error Told(const Error& error) const;
 
   // A report is asked for: what was abandoned before it is dropped.
   void BeginReport();

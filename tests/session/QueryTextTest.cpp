@@ -115,6 +115,15 @@ TEST(ItemStateClause, ConsiderForSihIsTakenAsItStands) {
   EXPECT_EQ(ItemStateClause("", ""), "");
 }
 
+TEST(DividesByZero, SeesAZeroThatStandsBehindTheSign) {
+  for (const char* const text : {"sum(amount)/0 as amount", "(amount) / 0", "a/1, b/0", "a/0"}) {
+    EXPECT_TRUE(DividesByZero(text)) << text;
+  }
+  for (const char* const text : {"", "a/", "a/1", "a/0.5", "'04/01/2003'", "a/05", "0/a"}) {
+    EXPECT_FALSE(DividesByZero(text)) << text;
+  }
+}
+
 TEST(SingleText, IsPlainForTheScalesThatHostsUse) {
   EXPECT_EQ(SingleText(1), "1");
   EXPECT_EQ(SingleText(1000), "1000");
