@@ -48,26 +48,44 @@ int ShowHelp(const std::string& text) {
   }
 }
 
+// The command that the words led to, and how it is called.
+struct Reached {
+  const CLI::App* command;
+  std::string path;  // "stolvane books"
+};
+
+Reached ReachedBy(const CLI::App& app) {
+  Reached reached{&app, "stolvane"};
+  while (!reached.command->get_subcommands().empty()) {
+    reached.command = reached.command->get_subcommands().front();
+    reached.path += " " + reached.command->get_name();
+  }
+  return reached;
+}
+
+// The command has others below it, and none of them stands behind it.
+bool LacksACommand(const CLI::App& command, const CLI::ParseError& error) {
+  return error.get_name() == "RequiredError" && command.get_require_subcommand_min() > 0;
+}
+
 // The parser misses a command before it minds the word that stands in its place.
-bool TellUnknownCommand(const CLI::App& app, const CLI::ParseError& error) {
-  const CLI::App* last = &app;
-  std::string path = "stolvane";
-  while (!last->get_subcommands().empty()) {
-    last = last->get_subcommands().front();
-    path += " " + last->get_name();
-  }
-  const std::vector<std::string> words = last->remaining();
-  if (error.get_name() != "RequiredError" || last->get_require_subcommand_min() == 0 ||
-      words.empty()) {
-    return false;
-  }
+std::string NamedWrongly(const CLI::App& command) {
+  const std::vector<std::string> words = command.remaining();
+  if (words.empty()) return "a command is missing";
   std::vector<std::string> known;
-  for (const CLI::App* one : last->get_subcommands({})) known.push_back(one->get_name());
+  for (const CLI::App* one : command.get_subcommands({})) known.push_back(one->get_name());
   const std::vector<std::string_view> names(known.begin(), known.end());
-  std::cerr << "stolvane: there is no command \"" << words.front() << '"'
-            << automation::DidYouMean(words.front(), names) << "; \"" << path
-            << " --help\" lists them\n";
-  return true;
+  return "there is no command \"" + words.front() + '"' +
+         automation::DidYouMean(words.front(), names);
+}
+
+void TellWrongCall(const CLI::App& app, const CLI::ParseError& error,
+                   const std::string& operation) {
+  const Reached reached = ReachedBy(app);
+  const bool lacks = LacksACommand(*reached.command, error);
+  std::cerr << automation::UsageInWords(operation)
+            << "stolvane: " << (lacks ? NamedWrongly(*reached.command) : error.what()) << "; \""
+            << reached.path << " --help\" lists " << (lacks ? "them" : "what it takes") << '\n';
 }
 
 }  // namespace
@@ -92,7 +110,6 @@ int RunCommandLine(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    if (TellUnknownCommand(app, error)) return kWrongCall;
     const bool of_all = app.get_subcommands().empty();
     if (of_all && error.get_name() == "CallForHelp") return ShowHelp(HelpInShort(app));
     if (argc <= 1) {
@@ -101,7 +118,7 @@ int RunCommandLine(int argc, char** argv) {
     }
     std::ostringstream help, problem;
     if (app.exit(error, help, problem) == 0) return ShowHelp(help.str());
-    std::cerr << automation::UsageInWords(asked.operation) << problem.str();
+    TellWrongCall(app, error, asked.operation);
     return kWrongCall;
   }
   try {

@@ -49,6 +49,21 @@ TEST_F(BadInput, ACommandThatDoesNotExistIsNamed) {
   EXPECT_EQ(Stolvane({}).err, Stolvane({"--help"}).out);
 }
 
+TEST_F(BadInput, WhatTheParserMissesIsToldAsEveryOtherError) {
+  const auto told = [](const Words& words) {
+    const Finished finished = Stolvane(words);
+    EXPECT_EQ(finished.status, 2);
+    EXPECT_EQ(finished.out, "");
+    return finished.err;
+  };
+  EXPECT_EQ(told({"books", "sample"}),
+            "stolvane: FILE is required; \"stolvane books sample --help\" lists what it takes\n");
+  EXPECT_EQ(told({"stock", "--nothing"}),
+            "stolvane: BOOKS is required; \"stolvane stock --help\" lists what it takes\n");
+  EXPECT_EQ(told({"books"}),
+            "stolvane: a command is missing; \"stolvane books --help\" lists them\n");
+}
+
 TEST_F(BadInput, CorruptBooksGiveAnErrorAndNoReport) {
   std::string bytes = books::test::Content(Books());
   for (std::size_t at = 4096; at < bytes.size(); ++at) bytes[at] = '\x5A';

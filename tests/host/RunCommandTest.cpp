@@ -236,7 +236,7 @@ TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
     std::string told;
   };
   const std::string name = "stolvane: LedgersByCode: ";
-  const std::string parser = "Run with --help for more information.\n";
+  const std::string parser = "; \"stolvane run --help\" lists what it takes\n";
   const std::vector<Wrong> calls = {
       {{"bytYearno=1", "sCode="}, ""},
       {{"sCode="}, name + "bytYearno is missing, a whole number from 0 to 255\n"},
@@ -255,11 +255,14 @@ TEST_F(Run, AWrongCallShowsTheOperationsArguments) {
       {{"blnReport"}, "stolvane: \"blnReport\" is no argument: write NAME=VALUE\n"},
       {{"=1"}, "stolvane: \"=1\" is no argument: write NAME=VALUE\n"},
       {{"--rowset", "recitem"}, "stolvane: \"recitem\" is no rowset: write NAME=VALUE\n"},
-      {{"--nothing"}, "The following argument was not expected: --nothing\n" + parser},
+      {{"--nothing"}, "stolvane: The following argument was not expected: --nothing" + parser},
       {{"--format", "paper"},
-       "--format: takes table, csv, json, html, xlsx, pdf, sheet or records, not paper\n" + parser},
+       "stolvane: --format: takes table, csv, json, html, xlsx, pdf, sheet or records, not "
+       "paper" +
+           parser},
       {{"--format", "1"},
-       "--format: takes table, csv, json, html, xlsx, pdf, sheet or records, not 1\n" + parser},
+       "stolvane: --format: takes table, csv, json, html, xlsx, pdf, sheet or records, not 1" +
+           parser},
   };
   for (const auto& [wrong, told] : calls) {
     Words words = {"run", "LedgersByCode", "--books", Books()};
@@ -275,7 +278,8 @@ TEST_F(Run, WithoutBooksItShowsTheOperationsArguments) {
   const Finished finished = Stolvane({"run", "LedgersByCode", "bytYearno=1", "sCode="});
   EXPECT_EQ(finished.status, 2);
   EXPECT_EQ(finished.err,
-            kLedgersByCode + "--books is required\nRun with --help for more information.\n");
+            kLedgersByCode +
+                "stolvane: --books is required; \"stolvane run --help\" lists what it takes\n");
 }
 
 TEST_F(Run, AWrongSettingShowsTheArgumentsOfItsMember) {
