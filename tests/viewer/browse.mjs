@@ -250,6 +250,39 @@ async function narrow(page, server) {
   assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= 360), "wider than the screen");
   await page.getByRole("button", { name: "Reports" }).click();
   assert.ok(await page.getByRole("link", { name: "Ledgers", exact: true }).isVisible());
+  await page.goto(server.origin);
+  const [words, list] = [page.getByText("Which report?"), page.getByLabel("Search")];
+  await list.waitFor();
+  assert.ok((await words.boundingBox()).y < (await list.boundingBox()).y, "the list is not below the question");
+  assert.ok((await page.locator("header").boundingBox()).height < 50, "the head is broken into lines");
+}
+
+/** What a finger has to meet is large enough for one. */
+async function touched(browser, server) {
+  const context = await browser.newContext({ viewport: { width: 360, height: 740 }, hasTouch: true, isMobile: true });
+  const page = await context.newPage();
+  await page.goto(server.address);
+  await page.goto(server.origin + addressOf(REPORTS[0].operation, REPORTS[0].given));
+  await ready(page);
+  for (const control of await page.locator("main :is(button, .menu > summary, select):visible").all()) {
+    const { height } = await control.boundingBox();
+    assert.ok(height >= 44, `${await control.textContent()} is ${height} pixels high`);
+  }
+  assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= 360), "wider than the screen");
+  await context.close();
+}
+
+/** From the last tool to the first filter: the lines are one stop, and what is on is seen. */
+async function tabbed(page, server) {
+  await page.setViewportSize({ width: 1000, height: 700 });
+  await page.goto(server.origin + addressOf(REPORTS[1].operation, REPORTS[1].given));
+  await ready(page);
+  await page.getByRole("button", { name: "Print" }).focus();
+  await page.keyboard.press("Tab");
+  await page.waitForSelector(".slick-cell.active");
+  await page.keyboard.press("Tab");
+  const at = await page.evaluate(() => document.activeElement.getAttribute("aria-label"));
+  assert.match(at, /^Filter /);
 }
 
 /** What is scrolled leaves its first column in view, and the active cell beside it. */
@@ -403,7 +436,9 @@ try {
     await manyPages(context, server);
     await toldInSentences(page, server);
     await narrow(page, server);
+    await tabbed(page, server);
   });
+  await touched(browser, server);
   const large = await serve(await largeBooks);
   await wholePages(browser, large, async (page) => {
     await abandoned(page, large);

@@ -73,6 +73,7 @@ function show(): void {
   showList();
   byId("families").querySelector("[aria-current]")?.scrollIntoView({ block: "nearest" });
   document.body.classList.remove("listing");
+  document.body.classList.toggle("starting", !report);
   byId("menu").setAttribute("aria-expanded", "false");
   if (report) showReport(report, place);
   else showStart(place.operation !== "");

@@ -43,7 +43,7 @@ export class ReportPane {
     try {
       this.name = await server.open(this.report.operation, this.place.given);
     } catch (failure) {
-      this.showProblem(sentence((failure as Error).message));
+      this.showFailure((failure as Error).message);
       return;
     }
     if (this.closed) { server.close(this.name); return; }
@@ -67,7 +67,7 @@ export class ReportPane {
         this.shown = true;
         void this.showReport(told.report);
         if (document.hidden) this.events?.close();
-      } else if (told.stage === "failed") this.showProblem(sentence(told.problem));
+      } else if (told.stage === "failed") this.showFailure(told.problem);
       else if (told.stage === "abandoned") this.showProblem("The report was abandoned.");
     };
     // The browser asks again by itself, unless the server has answered that there is no such report.
@@ -107,6 +107,12 @@ export class ReportPane {
     }
     bar.value = Math.min(1, told.percent / LAST_PERCENT);
     this.element.querySelector(".doing")!.textContent = words;
+  }
+
+  /** The question is open then, as it may be what has to change. */
+  private showFailure(problem: string): void {
+    this.showProblem(sentence(problem));
+    document.querySelector("main details.ask")?.setAttribute("open", "");
   }
 
   private showProblem(problem: string): void {

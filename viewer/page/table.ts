@@ -85,6 +85,8 @@ export class Table {
   // The focus is on an element of the grid's own, so what it is on is told.
   private nameParts(): void {
     this.holder.setAttribute("aria-label", "Lines of the report");
+    // The lines are one stop of the Tab key, and each filter is one.
+    for (const pane of this.holder.querySelectorAll<HTMLElement>(".slick-pane")) pane.tabIndex = -1;
     for (const sink of this.holder.querySelectorAll(":scope > [tabindex='0']")) {
       sink.setAttribute("role", "group");
       sink.setAttribute("aria-label", "Lines of the report: the arrows go through them, Enter leads on");
