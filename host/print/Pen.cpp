@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "host/print/FigureGlyphs.h"
 #include "session/data/Error.h"
 
 namespace pstolvane1::print {
@@ -35,7 +36,7 @@ constexpr const char* kFamilies = "Noto Sans,DejaVu Sans Condensed,DejaVu Sans,s
 constexpr double kLineHeight = 1.4, kAscent = 1.05;  // of the letters' size
 constexpr double kMeasured = 64;                     // points in which texts are measured
 constexpr double kTolerance = 0.3;  // what is measured larger and drawn smaller may differ by
-constexpr std::size_t kMostRemembered = 100'000;
+constexpr std::size_t kMostRemembered = 100'000, kMostDrawn = 5'000;  // texts
 
 cairo_status_t WriteBytes(void* closure, const unsigned char* bytes, unsigned int size) noexcept {
   auto& out = *static_cast<std::ostream*>(closure);
@@ -101,26 +102,32 @@ class Pen::Sheet {
   }
 
   PangoLayout* LayoutOf(std::string_view text, const Font& font, double width) {
-    Layout& layout = layouts_[{font.size, font.bold}];
-    if (layout == nullptr) {
-      layout.reset(pango_layout_new(context_.get()));
-      const Owned<PangoFontDescription, pango_font_description_free> described(
-          pango_font_description_from_string(kFamilies));
-      pango_font_description_set_absolute_size(described.get(), font.size * PANGO_SCALE);
-      pango_font_description_set_weight(described.get(),
-                                        font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
-      pango_layout_set_font_description(layout.get(), described.get());
-      pango_layout_set_single_paragraph_mode(layout.get(), 1);
-      pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
-    }
+    PangoLayout* const layout = LettersOf(font).layout.get();
     const Utf8 valid(text);
-    pango_layout_set_text(layout.get(), valid.Bytes(), valid.Size());
-    pango_layout_set_width(layout.get(),
-                           width < 0 ? -1 : static_cast<int>((width + kTolerance) * PANGO_SCALE));
-    return layout.get();
+    pango_layout_set_text(layout, valid.Bytes(), valid.Size());
+    pango_layout_set_width(layout, width < 0 ? -1 : RoomOf(width));
+    return layout;
+  }
+
+  // False for a text that has to be laid out.
+  bool DrewOneLine(std::string_view text, const Font& font, double x, double baseline, double width,
+                   double share) {
+    const Utf8 valid(text);
+    PangoGlyphItem* const line =
+        LineOf({valid.Bytes(), static_cast<std::size_t>(valid.Size())}, font);
+    if (line == nullptr) return false;
+    const int taken = pango_glyph_string_get_width(line->glyphs);
+    if (taken > RoomOf(width)) return false;
+    const double left_over = width - static_cast<double>(taken) / PANGO_SCALE;
+    cairo_move_to(drawing_.get(), x + share * left_over, baseline);
+    pango_cairo_show_glyph_item(drawing_.get(), valid.Bytes(), line);
+    return true;
   }
 
   double Width(std::string_view text, bool bold) {
+    if (const PangoGlyphItem* const figure = LettersOf({kMeasured, bold}).figures.Of(text)) {
+      return pango_glyph_string_get_width(figure->glyphs) / (kMeasured * PANGO_SCALE);
+    }
     auto& known = known_widths_[bold ? 1 : 0];
     const auto found = known.find(std::string(text));
     if (found != known.end()) return found->second;
@@ -135,10 +142,58 @@ class Pen::Sheet {
   [[nodiscard]] cairo_t* Drawing() { return drawing_.get(); }
 
  private:
+  using Glyphs = Owned<PangoGlyphItem, pango_glyph_item_free>;
+  struct Letters {
+    Layout layout;
+    FigureGlyphs figures;
+    std::unordered_map<std::string, Glyphs> known;  // texts that come again; none for several runs
+  };
+
+  static int RoomOf(double width) { return static_cast<int>((width + kTolerance) * PANGO_SCALE); }
+
+  Layout NewLayout(const Font& font) {
+    Layout layout(pango_layout_new(context_.get()));
+    const Owned<PangoFontDescription, pango_font_description_free> described(
+        pango_font_description_from_string(kFamilies));
+    pango_font_description_set_absolute_size(described.get(), font.size * PANGO_SCALE);
+    pango_font_description_set_weight(described.get(),
+                                      font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+    pango_layout_set_font_description(layout.get(), described.get());
+    pango_layout_set_single_paragraph_mode(layout.get(), 1);
+    pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
+    return layout;
+  }
+
+  Letters& LettersOf(const Font& font) {
+    const std::pair<double, bool> key(font.size, font.bold);
+    const auto found = letters_.find(key);
+    if (found != letters_.end()) return found->second;
+    Layout layout = NewLayout(font);
+    FigureGlyphs figures(layout.get());
+    return letters_.emplace(key, Letters{std::move(layout), std::move(figures), {}}).first->second;
+  }
+
+  // nullptr for a text of several runs, and for one too many.
+  PangoGlyphItem* LineOf(std::string_view text, const Font& font) {
+    Letters& letters = LettersOf(font);
+    if (PangoGlyphItem* const figure = letters.figures.Of(text)) return figure;
+    std::string key(text);
+    const auto found = letters.known.find(key);
+    if (found != letters.known.end()) return found->second.get();
+    if (letters.known.size() >= kMostDrawn) return nullptr;
+    Glyphs& line = letters.known.emplace(std::move(key), nullptr).first->second;
+    PangoLayout* const layout = LayoutOf(text, font, -1);
+    const GSList* const runs = pango_layout_get_line_readonly(layout, 0)->runs;
+    if (pango_layout_get_line_count(layout) == 1 && runs != nullptr && runs->next == nullptr) {
+      line.reset(pango_glyph_item_copy(static_cast<PangoLayoutRun*>(runs->data)));
+    }
+    return line.get();
+  }
+
   Owned<cairo_surface_t, cairo_surface_destroy> surface_;
   Owned<cairo_t, cairo_destroy> drawing_;
   Owned<PangoContext, g_object_unref> context_;
-  std::map<std::pair<double, bool>, Layout> layouts_;
+  std::map<std::pair<double, bool>, Letters> letters_;
   std::array<std::unordered_map<std::string, double>, 2> known_widths_;
 };
 
@@ -162,16 +217,17 @@ void Pen::BeginPage(double width, double height) {
 
 void Pen::Text(std::string_view text, const Font& font, double x, double y, double width,
                Side side) {
-  PangoLayout* const layout = sheet_->LayoutOf(text, font, width);
-  cairo_t* const drawing = sheet_->Drawing();
+  const double share = side == Side::kLeft ? 0 : side == Side::kCentre ? 0.5 : 1;
   // Letters of all scripts stand on one line, whatever room their fonts ask for.
   double baseline = y + kAscent * font.size;
+  if (sheet_->DrewOneLine(text, font, x, baseline, width, share)) return;
+  PangoLayout* const layout = sheet_->LayoutOf(text, font, width);
+  cairo_t* const drawing = sheet_->Drawing();
   for (int i = 0; i < pango_layout_get_line_count(layout); ++i) {
     PangoLayoutLine* const line = pango_layout_get_line_readonly(layout, i);
     PangoRectangle taken;
     pango_layout_line_get_extents(line, nullptr, &taken);
     const double left_over = width - static_cast<double>(taken.width) / PANGO_SCALE;
-    const double share = side == Side::kLeft ? 0 : side == Side::kCentre ? 0.5 : 1;
     cairo_move_to(drawing, x + share * left_over, baseline);
     pango_cairo_show_layout_line(drawing, line);
     baseline += LineHeight(font.size);
