@@ -4,12 +4,15 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <future>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
+#include <type_traits>
 #include <utility>
 
 #include "automation/CallInWords.h"
@@ -65,16 +68,27 @@ class ReportRun {
   // here. WrongCall while there is no report.
   template <typename F>
   auto Ask(F&& question) {
-    using Answer = std::invoke_result_t<F, ShownReport&>;
-    auto task = std::make_shared<std::packaged_task<Answer()>>(
-        [this, asked = std::forward<F>(question)]() mutable {
-          if (!shown_) throw automation::WrongCall("the report is not there");
-          const Busy busy(*this);
-          return asked(*shown_);
-        });
-    std::future<Answer> answer = task->get_future();
-    Post([task] { (*task)(); });
-    return answer.get();
+    // Handed over whole: a share of the error that stayed with the other thread could be the last.
+    struct Outcome {
+      std::optional<std::invoke_result_t<F, ShownReport&>> answer;
+      std::exception_ptr failure;
+    };
+    auto answered = std::make_shared<std::promise<Outcome>>();
+    std::future<Outcome> answer = answered->get_future();
+    Post([this, answered, asked = std::forward<F>(question)]() mutable {
+      Outcome outcome;
+      try {
+        if (!shown_) throw automation::WrongCall("the report is not there");
+        const Busy busy(*this);
+        outcome.answer = asked(*shown_);
+      } catch (...) {
+        outcome.failure = std::current_exception();
+      }
+      answered->set_value(std::move(outcome));
+    });
+    Outcome outcome = answer.get();
+    if (outcome.failure) std::rethrow_exception(std::move(outcome.failure));
+    return std::move(*outcome.answer);
   }
 
  private:

@@ -1,7 +1,10 @@
 // A report from its question to its end.
+#include <fmt/format.h>
 #include <future>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <thread>
+#include <vector>
 
 #include "session/data/Error.h"
 #include "tests/viewer/ViewerBooks.h"
@@ -36,6 +39,26 @@ TEST(ReportRun, TellsWhatWentWrong) {
   EXPECT_EQ(state.stage, Stage::kFailed);
   EXPECT_NE(state.problem.find("nonsense"), std::string::npos) << state.problem;
   EXPECT_THROW(run.Ask([](ShownReport& shown) { return shown.Head(); }), WrongCall);
+}
+
+// Each error belongs to its asker alone, also while others ask.
+TEST(ReportRun, TellsEachAskerItsOwnError) {
+  ReportRun run(test::SalesByParty(), {});
+  ASSERT_EQ(test::Ended(run).stage, Stage::kDone);
+  const auto ask = [&run](const std::string& asker) {
+    for (int round = 0; round < 200; ++round) {
+      const std::string text = fmt::format("question {} of {}", round, asker);
+      try {
+        run.Ask([&text](ShownReport&) -> std::string { throw WrongCall(text); });
+        ADD_FAILURE() << text;
+      } catch (const WrongCall& wrong) {
+        EXPECT_STREQ(wrong.what(), text.c_str());
+      }
+    }
+  };
+  std::vector<std::thread> askers;
+  for (const char* asker : {"one", "another", "a third"}) askers.emplace_back(ask, asker);
+  for (std::thread& asker : askers) asker.join();
 }
 
 TEST(ReportRun, RefusesMoreLinesThanItMayShow) {
