@@ -1,14 +1,16 @@
 #include "stock/Average.h"
 
+#include <optional>
+#include <vector>
+
 #include "movements/GroupQuery.h"
 #include "movements/RateQueries.h"
 #include "movements/RateReader.h"
-#include "stock/AverageColumns.h"
-#include "stock/AverageYears.h"
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
 #include "stock/KeyOrder.h"
-#include "valuation/UnpricedStock.h"
+#include "stock/SummedLines.h"
+#include "valuation/AverageYears.h"
 
 namespace pstolvane1 {
 namespace {
@@ -21,48 +23,53 @@ SourceQuery Costs(const modStolvane1& module, const StockArguments& arguments) {
           ComposeStandardRates(StandardRates::kCosts, module.strToDateText, arguments.bytYearno)};
 }
 
-// A first year has nothing to fold. What it has in stock that nothing priced came into is valued
-// at the last standard cost.
-class FirstYear {
+// The lines of one stock key at a time, year by year.
+class AverageReader {
  public:
-  explicit FirstYear(ReportFrame& frame, const RecordsetPtr& source)
-      : figures_(*source),
-        item_id_(source->Column("Item_Id")),
-        entering_(source->Column("QtyInForCalculation")),
+  AverageReader(ReportFrame& frame, const Recordset& keys)
+      : lines_(keys.Column("CHPTRANS")),
+        item_id_(keys.Column("Item_Id")),
         standards_(*frame.Rowset(Source::Rs1)),
-        period_{DayOf(frame.module.dtFromDate), DayOf(frame.module.dtToDate)} {}
+        period_{DayOf(frame.module.dtFromDate), DayOf(frame.module.dtToDate)},
+        first_year_(IsFirstYear(frame.module.bytYearno)) {}
 
-  StockFigures Value(const Recordset::Row& row) {
-    const StockFigures figures = figures_.Read(row);
-    if (row.Single(entering_) != 0) return figures;
-    return ValueUnpricedStock(figures, standards_.Of(row.Int64(item_id_)),
-                              {.period = period_, .carried_year = {}});
+  StockFigures Value(const Recordset::Row& key) {
+    SumYears(*key.Chapter(lines_));
+    const std::span<const StandardRate> costs = standards_.Of(key.Int64(item_id_));
+    return first_year_ ? FiguresOfFirstYear(years_.front(), costs, period_)
+                       : mStock_MergeYears(years_, costs, period_);
   }
 
  private:
-  AverageColumns figures_;
-  ColumnHandle item_id_, entering_;
+  void SumYears(const Recordset& lines) {
+    if (!columns_) columns_.emplace(lines);
+    years_.clear();
+    for (const Recordset::Row line : lines.Rows()) {
+      const std::int32_t year = line.Int32(columns_->year);
+      if (years_.empty() || years_.back().Year() != year) years_.emplace_back(year);
+      years_.back().Add(ReadSummedLine(line, *columns_));
+    }
+  }
+
+  ColumnHandle lines_, item_id_;
   StandardRateReader standards_;
   StockPeriod period_;
+  bool first_year_;
+  std::optional<LineColumns> columns_;
+  std::vector<AverageYearSums> years_;
 };
 
 ValuedKeys ValueKeys(ReportFrame& frame) {
-  if (frame.module.bytYearno <= 1) {
-    const RecordsetPtr source = frame.Rowset(Source::rsReport);
-    const auto first_year = std::make_shared<FirstYear>(frame, source);
-    return {.keys = source,
-            .rows = KeysInOrder(*source),
-            .value = [first_year](const Recordset::Row& row) { return first_year->Value(row); }};
-  }
-  const RecordsetPtr folded = mStock_MergeYears(frame);
-  return {.keys = folded,
-          .rows = {folded->Rows().begin(), folded->Rows().end()},
-          .value = [figures = AverageColumns(*folded)](const Recordset::Row& row) {
-            return figures.Read(row);
+  const RecordsetPtr keys = frame.Rowset(Source::rsReport);
+  const auto reader = std::make_shared<AverageReader>(frame, *keys);
+  return {.keys = keys, .rows = KeysInOrder(*keys), .value = [reader](const Recordset::Row& key) {
+            return reader->Value(key);
           }};
 }
 
 }  // namespace
+
+bool IsFirstYear(std::uint8_t bytYearno) { return bytYearno <= 1; }
 
 SourceQueries StockDetails_Item_Avg(const modStolvane1& module, const StockArguments& arguments) {
   return {Positions(module, arguments), Costs(module, arguments)};

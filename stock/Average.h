@@ -1,6 +1,7 @@
 // Stock at a weighted average that is carried over the years.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "session/Launch.h"
@@ -8,10 +9,12 @@
 
 namespace pstolvane1 {
 
-// One row an item, godown, batch and year, in no order: names and units; QTYBAL and TOTALVALUE at
-// the end of the period, QTYOP and VALUEOP at the day before it, what enters the average up to both
-// days (qtyinforcalculation, totalvalueinforcalculation and the same with "op" behind), and QTYIN,
-// VALUEIN, QTYOUT, VALUEOUT of the period. Under a tree also ItemCategory_Id. Not normalised.
+// In the first year of the books nothing is carried, and each year's stock of a key is a key.
+[[nodiscard]] bool IsFirstYear(std::uint8_t bytYearno);
+
+// Keys with lines, see KeyQuery; each line counts in the position at the day before the period and
+// in the one at its end, in what enters the average, and in what came or went in it. Undated lines
+// count as lines of the past.
 [[nodiscard]] std::string ComposeAverage(const StockArguments& arguments,
                                          const DocumentFilter& filter);
 

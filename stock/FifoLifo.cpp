@@ -9,6 +9,7 @@
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
 #include "stock/KeyOrder.h"
+#include "stock/LineColumns.h"
 #include "valuation/LayerLines.h"
 
 namespace pstolvane1 {
@@ -27,31 +28,20 @@ Currency AsMoney(double amount) {
   }
 }
 
-// Where a line stands, the same in the lines of every stock key.
-struct LineColumns {
-  explicit LineColumns(const Recordset& lines)
-      : line(lines.Column("LINE")),
-        year(lines.Column("YEARNO")),
-        quantity(lines.Column("QUANTITY")),
-        rate(lines.Column("RATE")) {}
-
-  // Without its year. A line that is nothing to the layers may have no quantity.
-  [[nodiscard]] StockLine Read(const Recordset::Row& row) const {
-    const auto parts = static_cast<std::uint32_t>(row.Int32(line));
-    StockLine read{.kind = static_cast<StockLine::Kind>(parts & kKindBits),
-                   .sale = static_cast<StockLine::Sale>(parts >> kSaleShift & kKindBits),
-                   .in_period = (parts & kPeriodBit) != 0,
-                   .rate = row.Double(rate)};
-    if (read.kind != StockLine::Kind::kNothing || !row.IsNull(quantity)) {
-      read.quantity = row.Double(quantity);
-      read.amount = read.quantity * read.rate;
-      read.value = AsMoney(read.amount);
-    }
-    return read;
+// Without its year. A line that is nothing to the layers may have no quantity.
+StockLine ReadLine(const Recordset::Row& row, const LineColumns& columns) {
+  const auto parts = static_cast<std::uint32_t>(row.Int32(columns.line));
+  StockLine read{.kind = static_cast<StockLine::Kind>(parts & kKindBits),
+                 .sale = static_cast<StockLine::Sale>(parts >> kSaleShift & kKindBits),
+                 .in_period = (parts & kPeriodBit) != 0,
+                 .rate = row.Double(columns.rate)};
+  if (read.kind != StockLine::Kind::kNothing || !row.IsNull(columns.quantity)) {
+    read.quantity = row.Double(columns.quantity);
+    read.amount = read.quantity * read.rate;
+    read.value = AsMoney(read.amount);
   }
-
-  ColumnHandle line, year, quantity, rate;
-};
+  return read;
+}
 
 // The lines of one stock key at a time.
 class LayerReader {
@@ -65,7 +55,7 @@ class LayerReader {
     read_.clear();
     layers_.clear();
     for (const Recordset::Row line : chapter->Rows()) {
-      read_.push_back(columns_->Read(line));
+      read_.push_back(ReadLine(line, *columns_));
       layers_.push_back(AsLayer(read_.back()));
     }
     return WalkLayers(layers_, SumSales(read_), method_, [&] {

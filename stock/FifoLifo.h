@@ -8,10 +8,8 @@
 
 namespace pstolvane1 {
 
-// A shape command: one row an item, godown and batch with names and units, in no order, and under a
-// tree ItemCategory_Id. Its chapter CHPTRANS has its lines in walking order: LINE (its kind as a
-// number of StockLine, 4 times its sale, and 16 in the period), YEARNO, QUANTITY and RATE. Not
-// normalised.
+// Keys with lines in walking order, see KeyQuery. LINE is the line's kind as a number of StockLine,
+// 4 times its sale, and 16 in the period.
 [[nodiscard]] std::string ComposeFifoLifo(const StockArguments& arguments,
                                           const DocumentFilter& filter);
 

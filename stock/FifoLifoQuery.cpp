@@ -25,43 +25,22 @@ constexpr std::string_view kNewestFirst =
     "GODOWNITEM1.ITEM_ID DESC , GODOWNITEM1.GODOWN_ID DESC , GODOWNITEM1.BATCH_ID DESC , "
     "Godownitem1.YEARNO DESC , GODOWNITEM1.DATE DESC , DESRDETAILS_ID DESC , GODOWNITEM_ID DESC";
 
-struct Texts {
-  std::string from, to;
-  int year;
-  QueryFilter filter;
-};
-
-std::string Keys(const Texts& texts) {
-  return fmt::format(
-      "select distinct GODOWNITEM1.ITEM_ID , GODOWNITEM1.GODOWN_ID , GODOWNITEM1.BATCH_ID from "
-      "GODOWNITEM1 {} where {}( GODOWNITEM1.DATE <= #{}# or GODOWNITEM1.ISOPENINGBAL = -1 ) and "
-      "GODOWNITEM1.YEARNO <= {}",
-      texts.filter.Joins(), texts.filter.Conditions(), texts.to, texts.year);
-}
-
-std::string Lines(enmValuationMethod method, const Texts& texts) {
-  return fmt::format(
-      "SELECT ITEM_ID , GODOWN_ID , BATCH_ID , {0} AS LINE , GODOWNITEM1.YEARNO , CAST ( QTY AS "
-      "FLOAT ) AS QUANTITY , GODOWNITEM1.RATE AS RATE from GODOWNITEM1 {1} where {2} ( "
-      "GODOWNITEM1.DATE <= #{3}# OR ISOPENINGBAL = -1 ) AND GODOWNITEM1.OPTIONAL = 0 AND "
-      "GODOWNITEM1.YEARNO <= {4} ORDER BY {5}",
-      fmt::format(kLine, texts.to, texts.filter.Joined(), texts.from), texts.filter.Joins(),
-      texts.filter.Conditions(), texts.to, texts.year,
-      method == FifoRate ? kOldestFirst : kNewestFirst);
-}
-
 }  // namespace
 
 std::string ComposeFifoLifo(const StockArguments& arguments, const DocumentFilter& filter) {
-  const Texts texts{.from = SqlDateText(arguments.dtFromDate),
-                    .to = SqlDateText(arguments.dtToDate),
-                    .year = arguments.bytYearno,
-                    .filter = FilterOfMovements(filter, Undated::kKept)};
-  return fmt::format(
-      "SHAPE {{ {} }} APPEND ( {{ {} }} RELATE ITEM_ID TO ITEM_ID , GODOWN_ID TO GODOWN_ID , "
-      "BATCH_ID TO BATCH_ID ) AS CHPTRANS ",
-      ComposeNamedKeys(arguments, KeyItems::kMadeByTheYear, Keys(texts)),
-      Lines(arguments.ValuationMethod, texts));
+  const std::string from = SqlDateText(arguments.dtFromDate);
+  const std::string to = SqlDateText(arguments.dtToDate);
+  const std::string in_keys = fmt::format(
+      "( GODOWNITEM1.DATE <= #{}# or GODOWNITEM1.ISOPENINGBAL = -1 ) and GODOWNITEM1.YEARNO <= {}",
+      to, arguments.bytYearno);
+  const QueryFilter with_openings = FilterOfMovements(filter, Undated::kKept);
+  return ComposeKeysWithLines(
+      arguments, KeyItems::kMadeByTheYear,
+      {.filter = with_openings,
+       .order = arguments.ValuationMethod == FifoRate ? kOldestFirst : kNewestFirst,
+       .in_keys = in_keys,
+       .condition = in_keys + " and GODOWNITEM1.OPTIONAL = 0",
+       .line = fmt::format(kLine, to, with_openings.Joined(), from)});
 }
 
 }  // namespace pstolvane1

@@ -1,5 +1,7 @@
 #include "stock/HuntedRate.h"
 
+#include <optional>
+
 #include "movements/GroupQuery.h"
 #include "movements/RateQueries.h"
 #include "stock/GroupStatement.h"
@@ -7,6 +9,8 @@
 #include "stock/HuntedValues.h"
 #include "stock/ItemStatement.h"
 #include "stock/KeyOrder.h"
+#include "stock/SummedLines.h"
+#include "valuation/KeySums.h"
 
 namespace pstolvane1 {
 namespace {
@@ -23,37 +27,36 @@ SourceQuery Actuals(const modStolvane1& module, const StockArguments& arguments)
           ComposeActualRates(arguments.ValuationMethod, module.strToDateText, arguments.bytYearno)};
 }
 
-// The quantities of a key in five columns.
-struct QuantityColumns {
-  explicit QuantityColumns(const Recordset& rows)
-      : opening(rows.Column("QtyOp")),
-        in(rows.Column("QtyIn")),
-        value_in(rows.Column("ValueIn")),
-        out(rows.Column("QtyOut")),
-        value_out(rows.Column("ValueOut")) {}
+// The lines of one stock key at a time.
+class KeyReader {
+ public:
+  KeyReader(const ReportFrame& frame, const Recordset& keys)
+      : lines_(keys.Column("CHPTRANS")),
+        item_(keys.Column("Item_Id")),
+        godown_(keys.Column("Godown_Id")),
+        batch_(keys.Column("Batch_Id")),
+        values_(frame) {}
 
-  [[nodiscard]] KeyQuantities Read(const Recordset::Row& row) const {
-    // Each line of a key counts in one of them, and is 0 in the two others.
-    if (row.IsNull(opening) && row.IsNull(in) && row.IsNull(out)) return {};
-    return {.opening = row.Double(opening),
-            .closing = row.Double(opening) + row.Double(in) - row.Double(out),
-            .inwards = {row.Single(in), row.Money(value_in)},
-            .outwards = {row.Single(out), row.Money(value_out)}};
+  StockFigures Value(const Recordset::Row& key) {
+    const RecordsetPtr lines = key.Chapter(lines_);
+    if (!columns_) columns_.emplace(*lines);
+    KeySums sums;
+    for (const Recordset::Row line : lines->Rows()) sums.Add(ReadSummedLine(line, *columns_));
+    return values_.Value(sums.Quantities(), key.Int64(item_),
+                         {key.Int64(godown_), key.Int64(batch_)});
   }
 
-  ColumnHandle opening, in, value_in, out, value_out;
+ private:
+  ColumnHandle lines_, item_, godown_, batch_;
+  HuntedValues values_;
+  std::optional<LineColumns> columns_;
 };
 
 ValuedKeys ValueKeys(ReportFrame& frame) {
   const RecordsetPtr keys = frame.Rowset(Source::rsReport);
-  const QuantityColumns quantities(*keys);
-  const auto values = std::make_shared<HuntedValues>(frame);
-  const ColumnHandle item = keys->Column("Item_Id");
-  const ColumnHandle godown = keys->Column("Godown_Id");
-  const ColumnHandle batch = keys->Column("Batch_Id");
-  return {.keys = keys, .rows = KeysInOrder(*keys), .value = [=](const Recordset::Row& key) {
-            return values->Value(quantities.Read(key), key.Int64(item),
-                                 {key.Int64(godown), key.Int64(batch)});
+  const auto reader = std::make_shared<KeyReader>(frame, *keys);
+  return {.keys = keys, .rows = KeysInOrder(*keys), .value = [reader](const Recordset::Row& key) {
+            return reader->Value(key);
           }};
 }
 

@@ -8,9 +8,9 @@
 
 namespace pstolvane1 {
 
-// One row an item, godown and batch with names and units, by item name, and under a tree
-// ItemCategory_Id: QTYOP, QTYIN, VALUEIN, QTYOUT and VALUEOUT. The last purchase and the last sale
-// also list keys that move after the period alone; all five are Null there. Not normalised.
+// Keys with lines, see KeyQuery; each line up to the end of the period counts in the opening or in
+// what came or went. The last purchase and the last sale also list keys that move later alone,
+// which have no lines.
 [[nodiscard]] std::string ComposeHuntedRate(const StockArguments& arguments,
                                             const DocumentFilter& filter);
 

@@ -19,7 +19,7 @@ struct StockArguments {
   bool blnAltUom = false;
   float sngScale = 1;
   bool blnOnlyItems = false;
-  std::string condition = {};  // on items, with " Where " or " And " in front, or ""
+  std::string condition = {};  // on items, with " And " in front, or ""
 };
 
 }  // namespace pstolvane1

@@ -37,12 +37,12 @@ QueryBuilder BuilderOf(const StockArguments& arguments) {
   return arguments.tree == StockTree::kItem ? method->item : method->group;
 }
 
-// The average's outer query has no WHERE of its own.
+// Under the average an Or of the host's weakens no condition beside its own.
 std::string Condition(enmValuationMethod method, std::string_view strConsiderForSih,
                       std::string_view strItemstate) {
   const std::string clause = ItemStateClause(strConsiderForSih, strItemstate);
   if (clause.empty()) return {};
-  return (method == AverageRate ? " Where " : " And ") + clause;
+  return method == AverageRate ? " And ( " + clause + " )" : " And " + clause;
 }
 
 }  // namespace

@@ -4,13 +4,15 @@
 #include <string>
 
 #include "session/data/Error.h"
+#include "session/data/Number.h"
 
 namespace pstolvane1 {
 
 float ToSingle(double value) {
   const auto single = static_cast<float>(value);
-  if (!std::isfinite(single)) throw Error(ErrorNumber::kOverflow, "a quantity is out of range");
-  return single;
+  if (std::isfinite(single)) return single;
+  if (std::isfinite(value)) return Number(value).ToSingle();  // which says it
+  throw Error(ErrorNumber::kOverflow, "a quantity is out of range");
 }
 
 double Quotient(double a, double b, std::string_view about) {
