@@ -1,4 +1,6 @@
 // A report as a page for people, for hosts in C.
+#include "automation/CPage.h"
+
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -26,6 +28,17 @@ BoundValues ValuesOf(const Operation& operation, std::string_view arguments) {
 }
 
 }  // namespace
+
+ReportLook LookOf(const ReportInC& report, const Locale& locale) {
+  if (report.session != nullptr) Handles::CheckMine(report.session, HandleKind::kSession);
+  Handles::CheckMine(report.rowset, HandleKind::kRowset);
+  const Operation& called = GetOperation(report.operation);
+  const auto keys = KeysReadBy(
+      [&](const std::string& select) { return OpenSelect(Mine(report.session).session, select); });
+  return LookOf(called, ValuesOf(called, report.arguments), std::string(report.company), keys,
+                locale, Today());
+}
+
 }  // namespace pstolvane1::automation
 
 using namespace pstolvane1::automation;
@@ -36,15 +49,10 @@ int32_t pst_report_html(pst_session* session, const pst_rowset* rowset, const ch
   return Guarded([&] {
     char*& result = Given(html, "place for the page");
     result = nullptr;
-    if (session != nullptr) Handles::CheckMine(session, HandleKind::kSession);
-    Handles::CheckMine(rowset, HandleKind::kRowset);
-    const Operation& called = GetOperation(TextOrNothing(operation));
     const auto texts = pstolvane1::Locale::Get(TextOrNothing(locale));
-    const auto keys = KeysReadBy(
-        [&](const std::string& select) { return OpenSelect(Mine(session).session, select); });
-    const pstolvane1::ReportLook look =
-        LookOf(called, ValuesOf(called, TextOrNothing(arguments)),
-               std::string(TextOrNothing(company)), keys, *texts, Today());
+    const pstolvane1::ReportLook look = LookOf({session, rowset, TextOrNothing(operation),
+                                                TextOrNothing(arguments), TextOrNothing(company)},
+                                               *texts);
     std::ostringstream out;
     out.exceptions(std::ios::badbit);  // else a page for which there is no room would be cut
     pstolvane1::ExportHtml(*rowset->rows, look, texts, out);
