@@ -146,7 +146,12 @@ std::int32_t Int32At(CellPlace cell) {
   return ReadOwn<std::int32_t>(cell, adInteger, [](Number n) { return n.ToInt32(); });
 }
 std::int64_t Int64At(CellPlace cell) {
-  return ReadOwn<std::int64_t>(cell, adBigInt, [](Number n) { return n.ToInt64(); });
+  const auto direct = [&](DataType type, RowStore::Place at) -> std::optional<std::int64_t> {
+    if (type == adBigInt) return Stored<std::int64_t>(cell, at);
+    if (type == adInteger) return Stored<std::int32_t>(cell, at);
+    return std::nullopt;
+  };
+  return ReadNumber(cell, direct, [](Number n) { return n.ToInt64(); });
 }
 float SingleAt(CellPlace cell) {
   return ReadOwn<float>(cell, adSingle, [](Number n) { return n.ToSingle(); });
