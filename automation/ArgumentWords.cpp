@@ -101,6 +101,20 @@ constexpr ScaleWords kScales[] = {
     {1e6, "in millions"}, {1e7, "in crores"},
 };
 
+// Those of one argument stand together.
+constexpr ChoiceWords kChoices[] = {
+    {"MechanicLabourReport", "btTypeOfReport", "1", "By vehicle model"},
+    {"MechanicLabourReport", "btTypeOfReport", "0", "By labour item"},
+    {"MechanicLabourReportDaily", "btTypeOfReport", "1", "By vehicle model"},
+    {"MechanicLabourReportDaily", "btTypeOfReport", "0", "By labour item"},
+    {"HypoReport", "btTypeOfReport", "0", "By financier"},
+    {"HypoReport", "btTypeOfReport", "1", "By pin code and financier"},
+    {"HypoReportDaily", "btTypeOfReport", "0", "By financier"},
+    {"HypoReportDaily", "btTypeOfReport", "1", "By pin code and financier"},
+    {"AutoSearchServices", "lngSubRelatedTo", "0", "Bill"},
+    {"AutoSearchServices", "lngSubRelatedTo", "43", "Job card"},
+};
+
 constexpr Label kFamilies[] = {
     {"session", "Documents"},
     {"stock", "Stock"},
@@ -143,6 +157,14 @@ std::string_view MethodInWords(std::int32_t method) {
 }
 
 std::span<const ScaleWords> Scales() { return kScales; }
+
+std::span<const ChoiceWords> ChoicesOf(std::string_view operation, std::string_view argument) {
+  const auto is_its = [&](const ChoiceWords& one) {
+    return one.operation == operation && one.argument == argument;
+  };
+  const auto* const first = std::ranges::find_if(kChoices, is_its);
+  return {first, std::find_if_not(first, std::end(kChoices), is_its)};
+}
 
 std::string_view FamilyInWords(std::string_view family) {
   const auto* const found =

@@ -25,6 +25,14 @@ struct ScaleWords {
   std::string_view words;  // "in thousands"
 };
 [[nodiscard]] std::span<const ScaleWords> Scales();
+// What a number of an operation may be where it stands for a choice; its value as a text.
+struct ChoiceWords {
+  std::string_view operation, argument;
+  std::string_view value, words;  // "1", "By vehicle model"
+};
+// In the order in which they are offered; none for a plain number.
+[[nodiscard]] std::span<const ChoiceWords> ChoicesOf(std::string_view operation,
+                                                     std::string_view argument);
 // "Stock by month" for "monthly".
 [[nodiscard]] std::string_view FamilyInWords(std::string_view family);
 

@@ -22,6 +22,20 @@ constexpr std::size_t kMostNames = 50;
 // Every database refuses its query, as is meant: a form of it could only fail.
 constexpr std::string_view kNeverAnswered = "RtoSalesDetails1";
 
+// A search needs conditions, and a person begins with all that there is to find.
+struct FirstCondition {
+  std::string_view operation, argument, text;
+};
+constexpr std::string_view kOfVehicles = "Batches1.EngineNo <> ''";
+constexpr std::string_view kWithBuyers = "Where Terms1.Despatchto <> ''";
+constexpr FirstCondition kFirstConditions[] = {
+    {"AutoSearch", "strVouchertype", kOfVehicles},
+    {"AutoSearch", "strBuyerFilter", kWithBuyers},
+    {"RTOInsSearch", "strVouchertype", kOfVehicles},
+    {"RTOInsSearch", "strBuyerFilter", kWithBuyers},
+    {"AutoSearchServices", "strVouchertypeFilter", "Vouchertype1.SubRelatedTo = 39"},
+};
+
 std::string Dumped(const Json& json) {
   return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
@@ -50,6 +64,14 @@ std::string FixedValue(const Operation& operation, const Argument& argument) {
 
 std::string PresetOf(const Operation& operation, const Argument& argument) {
   if (std::string fixed = FixedValue(operation, argument); !fixed.empty()) return fixed;
+  for (const FirstCondition& one : kFirstConditions) {
+    if (one.operation == operation.name && one.argument == argument.name) {
+      return std::string(one.text);
+    }
+  }
+  if (const auto choices = automation::ChoicesOf(operation.name, argument.name); !choices.empty()) {
+    return std::string(choices.front().value);
+  }
   if (!argument.all.empty()) return std::string(argument.all);
   if (!argument.preset.empty()) return std::string(argument.preset);
   if (argument.enumeration != nullptr) {
@@ -75,6 +97,9 @@ Json ScaleValues() {
 Json ValuesOf(const Operation& operation, const Argument& argument) {
   if (argument.type == ArgumentType::kSingle) return ScaleValues();
   Json values = Json::array();
+  for (const auto& choice : automation::ChoicesOf(operation.name, argument.name)) {
+    values.push_back({{"name", choice.value}, {"words", choice.words}});
+  }
   if (argument.enumeration == nullptr) return values;
   for (const EnumName& one : argument.enumeration->values) {
     const bool decides = operation.decided_by == argument.name;

@@ -121,6 +121,23 @@ TEST(Forms, OfferScalesInWords) {
   EXPECT_EQ(values[2], (Json{{"name", "100000"}, {"words", "in lakhs"}}));
 }
 
+TEST(Forms, OfferANumberThatStandsForAChoiceInWords) {
+  const Json arranged = ArgumentNamed("MechanicLabourReportDaily", "btTypeOfReport");
+  EXPECT_EQ(arranged["values"], Json::parse(R"([{"name": "1", "words": "By vehicle model"},
+                                                {"name": "0", "words": "By labour item"}])"));
+  EXPECT_EQ(arranged["preset"], "1");
+  EXPECT_EQ(ArgumentNamed("HypoReport", "btTypeOfReport")["values"][1]["name"], "1");
+  EXPECT_EQ(ArgumentNamed("AutoSearchServices", "lngSubRelatedTo")["values"].size(), 2U);
+  EXPECT_EQ(ArgumentNamed("StockDetails_Itemwise", "bytYearno")["values"].size(), 0U);
+}
+
+TEST(Forms, BeginASearchWithAllThatThereIsToFind) {
+  EXPECT_EQ(ArgumentNamed("AutoSearch", "strVouchertype")["preset"], "Batches1.EngineNo <> ''");
+  EXPECT_EQ(ArgumentNamed("AutoSearch", "strCriteria")["preset"], "");
+  EXPECT_EQ(ArgumentNamed("AutoSearchServices", "strVouchertypeFilter")["preset"],
+            "Vouchertype1.SubRelatedTo = 39");
+}
+
 TEST(Forms, TellTheYearsOfTheBooks) {
   const Json years = SampleForms()["years"];
   ASSERT_EQ(years.size(), 3U);

@@ -80,7 +80,9 @@ function field(argument: Argument, list: List | undefined, text: string): HTMLEl
     return make("div", { class: "field", title: help },
       make("label", { for: seen.id }, list.argument ? list.label : label), shown);
   }
-  if (argument.values.length) {
+  const [only, ...others] = argument.values;
+  if (only && !others.length) return make("input", { type: "hidden", name, value: only.name });
+  if (only) {
     return labelled(label, select(name, argument.values.map((one) => [one.name, one.words]), text), help);
   }
   if (argument.type === "boolean") {
