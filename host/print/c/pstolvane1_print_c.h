@@ -13,9 +13,9 @@
 extern "C" {
 #endif
 
-/* What pst_report_html shows, on pages: the bytes of a PDF file, which go back by pst_text_free, and
- * their number. paper is "A4", "Letter" or another of its kind, NULL for A4. Error 3001 for unknown
- * paper and on a machine without fonts. */
+/* What pst_report_html shows, on pages: the bytes of a PDF file, which go back by pst_text_free,
+ * and their number. paper is "A4", "Letter" or another of its kind, NULL for A4. Error 3001 for
+ * unknown paper and on a machine without fonts. */
 int32_t pst_report_pdf(pst_session* session, const pst_rowset* rowset, const char* operation,
                        const char* arguments, const char* company, const char* locale,
                        const char* paper, char** pdf, size_t* size);
