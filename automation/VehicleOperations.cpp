@@ -143,14 +143,17 @@ constexpr Argument kSearchType =
     OneOf("reptype", kReportType,
           "rtAutoSearch, rtAutoSearchReceipt, rtAutoSearchReceiptChild "
           "or rtRtoInsSearch.");
+// A search finds a vehicle on any day.
+constexpr Argument kFromNotUsed = Day("dtFromDate", kNotUsed);
+constexpr Argument kToNotUsed = Day("dtToDate", kNotUsed);
 constexpr Argument kSearch[] = {
     kSearchType,
     kYear,
-    kFrom,
-    kTo,
+    kFromNotUsed,
+    kToNotUsed,
     Text("strCriteria", "What follows the conditions of the search, as And ..., or nothing."),
     kReportOrNot,
-    kScaleOrOne,
+    Single("sngScale", kNotUsed).Optional("1"),
     Text("strBuyerFilter", "A clause on Terms1 with its own Where: search by buyer.").Optional(),
     kBillOfReceipts,
     Text("strBillFilter", "A condition on Desr1: search by bill.").Optional(),
@@ -159,12 +162,12 @@ constexpr Argument kSearch[] = {
 };
 constexpr Argument kServiceSearch[] = {
     kSearchType,
-    kYear,
-    kFrom,
-    kTo,
+    kYearNotUsed,
+    kFromNotUsed,
+    kToNotUsed,
     Text("strCriteria", "What follows the conditions of the search, or nothing."),
     kReportOrNot,
-    kScaleOrOne,
+    Single("sngScale", kNotUsed).Optional("1"),
     Text("strBillFilter", "A condition on Desr1: search by bill.").Optional(),
     kBillOfReceipts,
     Text("strVouchertypeFilter", "A condition on Vouchertype1.").Optional(),

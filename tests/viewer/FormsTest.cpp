@@ -134,6 +134,7 @@ TEST(Forms, OfferANumberThatStandsForAChoiceInWords) {
 TEST(Forms, BeginASearchWithAllThatThereIsToFind) {
   EXPECT_EQ(ArgumentNamed("AutoSearch", "strVouchertype")["preset"], "Batches1.EngineNo <> ''");
   EXPECT_EQ(ArgumentNamed("AutoSearch", "strCriteria")["preset"], "");
+  EXPECT_EQ(ArgumentNamed("AutoSearch", "dtFromDate"), nullptr) << "a search is of any day";
   EXPECT_EQ(ArgumentNamed("AutoSearchServices", "strVouchertypeFilter")["preset"],
             "Vouchertype1.SubRelatedTo = 39");
 }

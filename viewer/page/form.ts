@@ -161,7 +161,10 @@ export function formOf(report: Report, years: Year[], given: Record<string, stri
   if (special.childElementCount) {
     form.append(make("details", {}, make("summary", {}, "More"), special));
   }
-  if (report.arguments.some(isDay) && years.length) usual.prepend(...yearFields(form, years, all));
+  const days = report.arguments.some(isDay);
+  if (years.length && (days || report.arguments.some((one) => one.name === "bytYearno"))) {
+    usual.prepend(...yearFields(form, years, all).slice(0, days ? 2 : 1));
+  }
   form.append(make("button", { type: "submit", class: "ask" }, "Show the report"));
   form.addEventListener("submit", (event) => {
     event.preventDefault();
