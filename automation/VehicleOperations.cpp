@@ -23,10 +23,14 @@ constexpr Argument kHypo = Int32("Hypo_id", "The financier, in detail; 0 is all.
                                .OrAll("0")
                                .OneInDetail();
 
+// The history of a vehicle, and a search for one, are of all days.
+constexpr Argument kFromNotUsed = Day("dtFromDate", kNotUsed);
+constexpr Argument kToNotUsed = Day("dtToDate", kNotUsed);
+
 constexpr Argument kHistory[] = {
-    kYear,
-    kFrom,
-    kTo,
+    kYearNotUsed,
+    kFromNotUsed,
+    kToNotUsed,
     kReport,
     Flag("blnDetailed", "Add the lines and the complaints of each bill."),
     kScale,
@@ -143,9 +147,6 @@ constexpr Argument kSearchType =
     OneOf("reptype", kReportType,
           "rtAutoSearch, rtAutoSearchReceipt, rtAutoSearchReceiptChild "
           "or rtRtoInsSearch.");
-// A search finds a vehicle on any day.
-constexpr Argument kFromNotUsed = Day("dtFromDate", kNotUsed);
-constexpr Argument kToNotUsed = Day("dtToDate", kNotUsed);
 constexpr Argument kSearch[] = {
     kSearchType,
     kYear,

@@ -134,7 +134,9 @@ TEST(Forms, OfferANumberThatStandsForAChoiceInWords) {
 TEST(Forms, BeginASearchWithAllThatThereIsToFind) {
   EXPECT_EQ(ArgumentNamed("AutoSearch", "strVouchertype")["preset"], "Batches1.EngineNo <> ''");
   EXPECT_EQ(ArgumentNamed("AutoSearch", "strCriteria")["preset"], "");
-  EXPECT_EQ(ArgumentNamed("AutoSearch", "dtFromDate"), nullptr) << "a search is of any day";
+  for (const char* const of_all_days : {"AutoSearch", "AutoSearchServices", "ServiceReportRegno"}) {
+    EXPECT_EQ(ArgumentNamed(of_all_days, "dtFromDate"), nullptr) << of_all_days;
+  }
   EXPECT_EQ(ArgumentNamed("AutoSearchServices", "strVouchertypeFilter")["preset"],
             "Vouchertype1.SubRelatedTo = 39");
 }
