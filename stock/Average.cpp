@@ -45,9 +45,9 @@ class AverageReader {
     if (!columns_) columns_.emplace(lines);
     years_.clear();
     for (const Recordset::Row line : lines.Rows()) {
-      const std::int32_t year = line.Int32(columns_->year);
+      const std::int32_t year = columns_->Year(line);
       if (years_.empty() || years_.back().Year() != year) years_.emplace_back(year);
-      years_.back().Add(ReadSummedLine(line, *columns_));
+      years_.back().Add(columns_->Read(line));
     }
   }
 
@@ -55,7 +55,7 @@ class AverageReader {
   StandardRateReader standards_;
   StockPeriod period_;
   bool first_year_;
-  std::optional<LineColumns> columns_;
+  std::optional<SummedLineColumns> columns_;
   std::vector<AverageYearSums> years_;
 };
 

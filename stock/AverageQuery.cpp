@@ -33,12 +33,13 @@ std::string ComposeAverage(const StockArguments& arguments, const DocumentFilter
        .in_keys = lines,
        .condition = lines,
        .line = ComposeSummedLine(
-           {.average = "ISADDED = -1 or ISOPENINGBAL = -1",
+           {.average = "GODOWNITEM1.ISADDED = -1 or GODOWNITEM1.ISOPENINGBAL = -1",
             .opening = before,
             .closing = turned ? up_to : std::string(),
             .period = fmt::format("GODOWNITEM1.DATE BETWEEN #{}# AND #{}#{}",
                                   SqlDateText(arguments.dtFromDate),
                                   SqlDateText(arguments.dtToDate), with_openings.Joined())}),
+       .worth = kAmount,
        .by_year = IsFirstYear(arguments.bytYearno)});
 }
 

@@ -9,7 +9,6 @@
 #include "stock/GroupStatement.h"
 #include "stock/ItemStatement.h"
 #include "stock/KeyOrder.h"
-#include "stock/LineColumns.h"
 #include "valuation/LayerLines.h"
 
 namespace pstolvane1 {
@@ -27,6 +26,17 @@ Currency AsMoney(double amount) {
     throw error.While("reading the amount of a line");
   }
 }
+
+// Where a line stands, the same in the lines of every stock key.
+struct LineColumns {
+  explicit LineColumns(const Recordset& lines)
+      : line(lines.Column("LINE")),
+        year(lines.Column("YEARNO")),
+        quantity(lines.Column("QUANTITY")),
+        rate(lines.Column("RATE")) {}
+
+  ColumnHandle line, year, quantity, rate;
+};
 
 // Without its year. A line that is nothing to the layers may have no quantity.
 StockLine ReadLine(const Recordset::Row& row, const LineColumns& columns) {

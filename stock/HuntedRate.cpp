@@ -41,7 +41,7 @@ class KeyReader {
     const RecordsetPtr lines = key.Chapter(lines_);
     if (!columns_) columns_.emplace(*lines);
     KeySums sums;
-    for (const Recordset::Row line : lines->Rows()) sums.Add(ReadSummedLine(line, *columns_));
+    for (const Recordset::Row line : lines->Rows()) sums.Add(columns_->Read(line));
     return values_.Value(sums.Quantities(), key.Int64(item_),
                          {key.Int64(godown_), key.Int64(batch_)});
   }
@@ -49,7 +49,7 @@ class KeyReader {
  private:
   ColumnHandle lines_, item_, godown_, batch_;
   HuntedValues values_;
-  std::optional<LineColumns> columns_;
+  std::optional<SummedLineColumns> columns_;
 };
 
 ValuedKeys ValueKeys(ReportFrame& frame) {

@@ -42,7 +42,8 @@ std::string ComposeHuntedRate(const StockArguments& arguments, const DocumentFil
                 fmt::format("GODOWNITEM1.ISOPENINGBAL = -1 or GODOWNITEM1.DATE < #{}#", from),
             .closing = {},
             .period =
-                fmt::format("GODOWNITEM1.ISOPENINGBAL = 0 and GODOWNITEM1.DATE >= #{}#", from)})});
+                fmt::format("GODOWNITEM1.ISOPENINGBAL = 0 and GODOWNITEM1.DATE >= #{}#", from)}),
+       .worth = kAmount});
 }
 
 }  // namespace pstolvane1

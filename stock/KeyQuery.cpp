@@ -35,12 +35,14 @@ std::string NamedKeys(const StockArguments& arguments, KeyItems items,
       arguments.condition);
 }
 
+// Documents may have columns of the same names, where a filter joins them.
 std::string Lines(const StatementLines& lines) {
   return fmt::format(
-      "SELECT ITEM_ID , GODOWN_ID , BATCH_ID , {0} AS LINE , GODOWNITEM1.YEARNO , CAST ( QTY AS "
-      "FLOAT ) AS QUANTITY , GODOWNITEM1.RATE AS RATE from GODOWNITEM1 {1} where {2}{3} ORDER BY "
-      "{4}",
-      lines.line, lines.filter.Joins(), lines.filter.Conditions(), lines.condition, lines.order);
+      "SELECT GODOWNITEM1.ITEM_ID , GODOWNITEM1.GODOWN_ID , GODOWNITEM1.BATCH_ID , {0} AS LINE , "
+      "GODOWNITEM1.YEARNO , CAST ( GODOWNITEM1.QTY AS FLOAT ) AS QUANTITY , {1} from GODOWNITEM1 "
+      "{2} where {3}{4} ORDER BY {5}",
+      lines.line, lines.worth, lines.filter.Joins(), lines.filter.Conditions(), lines.condition,
+      lines.order);
 }
 
 }  // namespace

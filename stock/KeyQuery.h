@@ -19,6 +19,7 @@ struct StatementLines {
   std::string in_keys;     // the condition of those that make a stock key
   std::string condition;   // and of those that are read
   std::string line;        // what a line is, in one number: cells are what a line costs
+  std::string_view worth;  // its rate or amount, with its name
   bool by_year = false;    // a key of each year
 };
 
@@ -26,7 +27,7 @@ struct StatementLines {
 // the ids, under a tree ItemCategory_Id, ITEMNAME, GODOWNNAME, BATCHCODE, MAINTAINBATCHES, UOMNAME,
 // ALTUOMNAME, RELATIONFORMULA, and YEARNO where it has a key of each year. In no order: see
 // KeyOrder. The names are joined to the keys, which are few beside the movements. The chapter
-// CHPTRANS has the key's lines: LINE, YEARNO, QUANTITY and RATE. Not normalised.
+// CHPTRANS has the key's lines: LINE, YEARNO, QUANTITY and what the line is worth. Not normalised.
 [[nodiscard]] std::string ComposeKeysWithLines(const StockArguments& arguments, KeyItems items,
                                                const StatementLines& lines);
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <fmt/format.h>
+#include <optional>
 
 namespace pstolvane1 {
 namespace {
@@ -18,7 +19,8 @@ std::string Part(std::uint32_t bit, std::string_view condition) {
 
 std::string ComposeSummedLine(const SummedIn& conditions) {
   std::string line = fmt::format(
-      "CASE WHEN ISADDED = -1 THEN {} WHEN ISADDED = 0 THEN {} ELSE 0 END", kInward, kOutward);
+      "CASE WHEN GODOWNITEM1.ISADDED = -1 THEN {} WHEN GODOWNITEM1.ISADDED = 0 THEN {} ELSE 0 END",
+      kInward, kOutward);
   if (!conditions.average.empty()) line += Part(kAverage, conditions.average);
   line += Part(kOpening, conditions.opening);
   line += conditions.closing.empty() ? fmt::format(" + {}", kClosing)
@@ -26,19 +28,20 @@ std::string ComposeSummedLine(const SummedIn& conditions) {
   return line + Part(kPeriod, conditions.period);
 }
 
-MovedLine ReadSummedLine(const Recordset::Row& row, const LineColumns& columns) {
-  const auto parts = static_cast<std::uint32_t>(row.Int32(columns.line));
+MovedLine SummedLineColumns::Read(const Recordset::Row& row) const {
+  const auto parts = static_cast<std::uint32_t>(row.Int32(line_));
+  const auto told = [&row](ColumnHandle column) {
+    return row.IsNull(column) ? std::nullopt : std::optional(row.Double(column));
+  };
   const auto has = [parts](std::uint32_t bit) { return (parts & bit) != 0; };
-  MovedLine line{.inward = has(kInward),
-                 .enters = has(kAverage),
-                 .in_opening = has(kOpening),
-                 .in_closing = has(kClosing),
-                 .came = has(kPeriod) && has(kInward),
-                 .went = has(kPeriod) && has(kOutward)};
-  if (row.IsNull(columns.quantity)) return line;
-  line.quantity = row.Double(columns.quantity);
-  if (!row.IsNull(columns.rate)) line.amount = *line.quantity * row.Double(columns.rate);
-  return line;
+  return {.inward = has(kInward),
+          .enters = has(kAverage),
+          .in_opening = has(kOpening),
+          .in_closing = has(kClosing),
+          .came = has(kPeriod) && has(kInward),
+          .went = has(kPeriod) && has(kOutward),
+          .quantity = told(quantity_),
+          .amount = told(amount_)};
 }
 
 }  // namespace pstolvane1

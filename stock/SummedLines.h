@@ -2,11 +2,11 @@
 // read.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "session/data/Recordset.h"
-#include "stock/LineColumns.h"
 #include "valuation/MovedLine.h"
 
 namespace pstolvane1 {
@@ -21,8 +21,25 @@ struct SummedIn {
 
 // LINE of such a line.
 [[nodiscard]] std::string ComposeSummedLine(const SummedIn& conditions);
-// A row of LINE, QUANTITY and RATE.
-[[nodiscard]] MovedLine ReadSummedLine(const Recordset::Row& row, const LineColumns& columns);
+// What it is worth, reckoned by the engine as it reckons in sums.
+inline constexpr std::string_view kAmount =
+    "CAST ( GODOWNITEM1.QTY * GODOWNITEM1.RATE AS FLOAT ) AS AMOUNT";
+
+// Where such a line stands, the same in the lines of every key of a statement.
+class SummedLineColumns {
+ public:
+  explicit SummedLineColumns(const Recordset& lines)
+      : line_(lines.Column("LINE")),
+        year_(lines.Column("YEARNO")),
+        quantity_(lines.Column("QUANTITY")),
+        amount_(lines.Column("AMOUNT")) {}
+
+  [[nodiscard]] MovedLine Read(const Recordset::Row& row) const;
+  [[nodiscard]] std::int32_t Year(const Recordset::Row& row) const { return row.Int32(year_); }
+
+ private:
+  ColumnHandle line_, year_, quantity_, amount_;
+};
 
 // The order in which an index has the lines. Their sums need none.
 inline constexpr std::string_view kByKeyAndYear =
