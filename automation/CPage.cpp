@@ -33,8 +33,10 @@ ReportLook LookOf(const ReportInC& report, const Locale& locale) {
   if (report.session != nullptr) Handles::CheckMine(report.session, HandleKind::kSession);
   Handles::CheckMine(report.rowset, HandleKind::kRowset);
   const Operation& called = GetOperation(report.operation);
-  const auto keys = KeysReadBy(
-      [&](const std::string& select) { return OpenSelect(Mine(report.session).session, select); });
+  // The look asks for names for as long as it lives, which is longer than the report's words.
+  const auto keys = KeysReadBy([session = report.session](const std::string& select) {
+    return OpenSelect(Mine(session).session, select);
+  });
   return LookOf(called, ValuesOf(called, report.arguments), std::string(report.company), keys,
                 locale, Today());
 }
