@@ -1,6 +1,7 @@
 // What a stock key's lines come to.
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -69,6 +70,11 @@ TEST(KeySums, AQuantityBeyondASingleIsAnOverflow) {
   ExpectError(ErrorNumber::kOverflow,
               "while summing what came in: 1e+39 is beyond the range of a 32-bit float",
               {Bought(1e39, 0)});
+}
+
+TEST(KeySums, AQuantityThatIsNoNumberIsAnOverflow) {
+  ExpectError(ErrorNumber::kOverflow, "while summing what came in: a quantity is out of range",
+              {Bought(std::numeric_limits<double>::infinity(), 0)});
 }
 
 TEST(KeySums, FractionsThatCancelLeaveNothing) {
