@@ -1,6 +1,6 @@
 #include "movements/StockKeyColumns.h"
 
-#include <initializer_list>
+#include <string_view>
 
 #include "session/data/Error.h"
 #include "session/data/RowFlag.h"
@@ -8,16 +8,8 @@
 namespace pstolvane1 {
 namespace {
 
-std::optional<ColumnHandle> FirstOf(const Recordset& keys,
-                                    std::initializer_list<std::string_view> names) {
-  for (const std::string_view name : names) {
-    if (keys.HasColumn(name)) return keys.Column(name);
-  }
-  return std::nullopt;
-}
-
-ColumnHandle OneOf(const Recordset& keys, std::string_view name, std::string_view other) {
-  return keys.Column(keys.HasColumn(name) ? name : other);
+std::optional<ColumnHandle> IfThere(const Recordset& keys, std::string_view name) {
+  return keys.HasColumn(name) ? std::optional(keys.Column(name)) : std::nullopt;
 }
 
 }  // namespace
@@ -39,14 +31,14 @@ std::string NameText(const Recordset::Row& row, ColumnHandle column) {
 StockKeyColumns::StockKeyColumns(const Recordset& keys)
     : item_id_(keys.Column("Item_Id")),
       item_name_(keys.Column("ItemName")),
-      unit_(OneOf(keys, "Uom", "UomName")),
-      alt_unit_(OneOf(keys, "AltUom", "AltUomName")),
-      relation_formula_(OneOf(keys, "RelFormula", "RelationFormula")),
-      godown_(FirstOf(keys, {"Godown", "GodownName"})),
-      godown_id_(FirstOf(keys, {"Godown_Id"})),
-      batch_(FirstOf(keys, {"BatchCode"})),
-      batch_id_(FirstOf(keys, {"Batch_Id"})),
-      maintain_batches_(FirstOf(keys, {"MaintainBatches"})) {}
+      unit_(keys.Column("UomName")),
+      alt_unit_(keys.Column("AltUomName")),
+      relation_formula_(keys.Column("RelationFormula")),
+      godown_(IfThere(keys, "GodownName")),
+      godown_id_(IfThere(keys, "Godown_Id")),
+      batch_(IfThere(keys, "BatchCode")),
+      batch_id_(IfThere(keys, "Batch_Id")),
+      maintain_batches_(IfThere(keys, "MaintainBatches")) {}
 
 StockUnits StockKeyColumns::Units(const Recordset::Row& row) const {
   return {.item = NameText(row, item_name_),

@@ -23,8 +23,8 @@ struct StockUnits {
 // A name, "" for Null. Under an alias it may be a number or a day.
 [[nodiscard]] std::string NameText(const Recordset::Row& row, ColumnHandle column);
 
-// Where the names and ids of a stock key stand in a source rowset. The methods' queries differ in
-// what they call them, and the simple average's items have no godowns and batches.
+// Where the names and ids of a stock key stand in a source rowset. The simple average's items have
+// no godowns and batches.
 class StockKeyColumns {
  public:
   explicit StockKeyColumns(const Recordset& keys);

@@ -25,7 +25,7 @@ std::string Closing(const TotalNames& names) {
 std::string ComposeSimpleAverageItems(const StockArguments& arguments) {
   return fmt::format(
       "select  {}ITEMS1.ITEM_ID , ITEMS1.ITEMNAME AS ITEMNAME , UOM1.UOMNAME , UOMALT1.UOMNAME AS "
-      "ALTUOMNAME , ITEMS1.RELATIONFORMULA AS RELFORMULA       from (( ITEMS1 inner join UOM1 on "
+      "ALTUOMNAME , ITEMS1.RELATIONFORMULA       from (( ITEMS1 inner join UOM1 on "
       "UOM1.UOM_ID = ITEMS1.UOM_ID ) inner join UOM1 AS UOMALT1 on UOMALT1.UOM_ID = "
       "ITEMS1.ALTERNATEUOM_ID ) Where YearofCreation <= {} AND ITEM_ID <= ( SELECT MAX(ITEM_ID) "
       "FROM ITEMDETAILSASLEDGER ) AND ITEMS1.DELETED = 0 {} order by Items1.ItemName , "

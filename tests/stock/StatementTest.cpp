@@ -78,10 +78,10 @@ class StatementTest : public testing::Test {
     for (const char* name : {"Item_Id", "Godown_Id", "Batch_Id", "ItemCategory_Id"}) {
       rows->Fields().Append(name, adBigInt);
     }
-    for (const char* name : {"ItemName", "Godown", "BatchCode", "Uom", "AltUom"}) {
+    for (const char* name : {"ItemName", "GodownName", "BatchCode", "UomName", "AltUomName"}) {
       rows->Fields().Append(name, adBSTR);
     }
-    rows->Fields().Append("RelFormula", adSingle);
+    rows->Fields().Append("RelationFormula", adSingle);
     rows->Open();
     std::map<std::pair<std::int64_t, std::int64_t>, StockFigures> figures;
     for (const Key& key : keys) {
@@ -91,10 +91,10 @@ class StatementTest : public testing::Test {
       rows->Collect("Batch_Id", std::int64_t{1});
       rows->Collect("ItemCategory_Id", 10 + key.item % 3);
       rows->Collect("ItemName", "Item " + std::to_string(key.item));
-      rows->Collect("Godown", "Godown " + std::to_string(key.godown));
-      rows->Collect("Uom", unit);
-      rows->Collect("AltUom", "Box");
-      rows->Collect("RelFormula", relation_formula);
+      rows->Collect("GodownName", "Godown " + std::to_string(key.godown));
+      rows->Collect("UomName", unit);
+      rows->Collect("AltUomName", "Box");
+      rows->Collect("RelationFormula", relation_formula);
       figures[{key.item, key.godown}] = key.figures;
     }
     if (!keys.empty()) {
